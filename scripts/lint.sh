@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Checks the formatting of the code; with --fix, mends it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+mode=(--dry-run --Werror)
+[[ ${1:-} == --fix ]] && mode=(-i)
+git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format "${mode[@]}"

@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Installs what building, testing and running Vardel needs, where it is missing. On a system without
+# apt it says what is needed and fails.
+set -euo pipefail
+
+packages=(
+  # building
+  g++ cmake ninja-build git pkg-config
+  # the program
+  qt6-base-dev qt6-qpa-plugins fonts-liberation
+  # tests and checks
+  libgtest-dev libgmock-dev libbenchmark-dev locales xvfb xauth xdotool unrtf
+  clang clang-format libclang-rt-14-dev
+)
+
+missing=()
+if command -v dpkg-query >/dev/null; then
+  for package in "${packages[@]}"; do
+    state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [[ $state == installed ]] || missing+=("$package")
+  done
+  [[ ${#missing[@]} -eq 0 ]] && exit 0
+fi
+
+if ! command -v apt-get >/dev/null; then
+  echo "Vardel is set up by itself on Debian 12. Here, please install what these Debian packages hold:" >&2
+  printf '  %s\n' "${packages[@]}" >&2
+  exit 1
+fi
+
+as_root=()
+if [[ $(id -u) -ne 0 ]]; then
+  if ! command -v sudo >/dev/null; then
+    echo "These packages are missing, and there is no sudo to install them:" "${missing[@]}" >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+echo "Installing:" "${missing[@]}"
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the program with its tests and runs every test. Needs no display.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+scripts/build.sh test
+ctest --test-dir build/test --output-on-failure --parallel "$(nproc)" "$@"

@@ -1,0 +1,13 @@
+#include <QApplication>
+
+#include "platform/qt/QtPlatform.h"
+#include "workbench/Program.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    vardel::SetUpApplication(application);
+    vardel::QtPlatform platform;
+    vardel::Program program(platform.Services());
+    program.Start();
+    return QApplication::exec();
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+// The chief header of the propagation models: all that a caller of them needs.
+
+#include "models/Cost231.h"
+#include "models/Davidson.h"
+#include "models/Itu529.h"
+#include "models/ModelInputs.h"
+#include "models/ModelRanges.h"
+#include "models/Primitives.h"
+#include "models/UsVariant.h"
+#include "models/Variability.h"

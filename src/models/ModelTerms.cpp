@@ -1,0 +1,7 @@
+#include "models/ModelTerms.h"
+
+namespace vardel {
+
+ModelTermsRecord ModelTerms;
+
+}  // namespace vardel

@@ -1,0 +1,168 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Element.h"
+#include "platform/Form.h"
+
+// The controls that forms are made of. Setting a property tells the view; the text of a box and
+// the selection of a list raise their change event when they really change, whoever set them.
+
+namespace vardel {
+
+// An event of a control: at most one routine of the form answers to it.
+class Event {
+public:
+    explicit Event(Form& form) : form_(form) {}
+    void operator=(std::function<void()> routine) { routine_ = std::move(routine); }
+    bool Handled() const { return static_cast<bool>(routine_); }
+    // The control may be gone when this returns.
+    void Raise();
+
+private:
+    Form& form_;
+    std::function<void()> routine_;
+};
+
+class Control : public Element {
+public:
+    Control(Form& form, std::string name);
+
+    const std::string& Name() const { return name_; }
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled) { Assign(enabled_, enabled); }
+    Color ForeColor() const { return foreColor_; }
+    void SetForeColor(Color color) { Assign(foreColor_, color); }
+    const std::string& ToolTipText() const { return toolTipText_; }
+    void SetToolTipText(std::string text) { Assign(toolTipText_, std::move(text)); }
+
+protected:
+    ~Control() = default;
+
+private:
+    std::string name_;
+    std::string toolTipText_;
+    Color foreColor_ = Black;
+    bool enabled_ = true;
+};
+
+class TextBox : public Control {
+public:
+    TextBox(Form& form, std::string name, std::string text = {});
+
+    const std::string& Text() const { return text_; }
+    void SetText(std::string text);
+
+    Event Change;
+    Event LostFocus;
+
+private:
+    std::string text_;
+};
+
+// A list from which one entry is picked.
+class ComboBox : public Control {
+public:
+    struct Item {
+        std::string text;
+        int itemData = 0;
+    };
+
+    ComboBox(Form& form, std::string name, std::vector<Item> items, int listIndex = 0);
+
+    const std::vector<Item>& Items() const { return items_; }
+    int ListIndex() const { return listIndex_; }
+    // An index outside the list changes nothing.
+    void SetListIndex(int index);
+    const std::string& Text() const { return SelectedItem().text; }
+    // Picks the entry with this text; a text that is no entry changes nothing.
+    void SetText(std::string_view text);
+    int SelectedItemData() const { return SelectedItem().itemData; }
+
+    Event Click;  // another entry was picked
+
+private:
+    const Item& SelectedItem() const { return items_[static_cast<std::size_t>(listIndex_)]; }
+
+    std::vector<Item> items_;
+    int listIndex_;
+};
+
+class Label : public Control {
+public:
+    Label(Form& form, std::string name, std::string caption = {});
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+
+    Event MouseDown;
+    Event MouseUp;
+    Event DblClick;
+
+private:
+    std::string caption_;
+};
+
+class Button : public Control {
+public:
+    Button(Form& form, std::string name, std::string caption);
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+    // What a user's press does: nothing on a button that is disabled or hidden.
+    void Press();
+
+    Event Click;
+
+private:
+    std::string caption_;
+};
+
+class Frame : public Control {
+public:
+    Frame(Form& form, std::string name, std::string caption);
+    const std::string& Caption() const { return caption_; }
+
+private:
+    std::string caption_;
+};
+
+// A ruling line, drawn in its fore colour.
+class Line : public Control {
+public:
+    using Control::Control;
+};
+
+// An entry of a menu, or a menu when it has entries of its own. In the caption an & stands before
+// the accelerator; "-" is a separator.
+class MenuItem : public Control {
+public:
+    MenuItem(Form& form, std::string name, std::string caption);
+    MenuItem(MenuItem& menu, std::string name, std::string caption);
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+    bool Checked() const { return checked_; }
+    void SetChecked(bool checked) { Assign(checked_, checked); }
+    // Whether a user reads the entry as one that is switched on or off.
+    bool Checkable() const { return checkable_; }
+    void SetCheckable(bool checkable) { Assign(checkable_, checkable); }
+    bool IsSeparator() const { return caption_ == "-"; }
+    const std::vector<MenuItem*>& Entries() const { return entries_; }
+    // What a user's pick does: nothing on an entry that is disabled or hidden.
+    void Pick();
+
+    Event Click;
+
+private:
+    Form& form_;
+    std::string caption_;
+    bool checked_ = false;
+    bool checkable_ = false;
+    std::vector<MenuItem*> entries_;
+};
+
+}  // namespace vardel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vardel {
+
+enum class Access { AsUsual, OwnerOnly };
+
+bool FileExists(const std::string& path);
+
+// The whole content; nothing when the file cannot be read.
+std::optional<std::string> ReadWholeFile(const std::string& path);
+
+// Makes an empty file with a name of its own in the folder, which is made where it is missing; both
+// for the user alone. Returns its path, or an empty text where that fails.
+std::string NewUniqueFile(const std::string& folder);
+
+// Writes the content beside the file, flushes it to the disk and renames it over, so that at every
+// moment the path holds all of the old or all of the new. A file that may not be written stays. A
+// file that is replaced keeps its permissions; access is for a new one. Throws std::system_error,
+// and then the old file stands as it was.
+void ReplaceFile(const std::string& path, std::string_view content,
+                 Access access = Access::AsUsual);
+
+}  // namespace vardel

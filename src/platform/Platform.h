@@ -1,0 +1,76 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Clock.h"
+#include "platform/RichText.h"
+
+// What the program asks of the outside.
+
+namespace vardel {
+
+class Form;
+
+// A message box. An empty title stands for the application's.
+struct Message {
+    enum class Buttons { Ok, OkCancel, YesNo };
+    enum class Icon { None, Critical };
+
+    std::string text;
+    std::string title = {};
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+};
+
+enum class Answer { Ok, Cancel, Yes, No };
+
+// A file dialog for saving. The filters are pairs of a description and a pattern, parted by "|",
+// and count from 1. The dialog does not ask before it names a file that exists.
+struct SaveDialog {
+    std::string folder;
+    std::string filters;
+    int filterIndex = 1;
+};
+
+struct SaveChoice {
+    std::string path;
+    int filterIndex = 1;
+};
+
+class Windows {
+public:
+    virtual ~Windows() = default;
+
+    virtual void Show(Form& form) = 0;
+    // Blocks all other forms; returns once the form is no longer visible.
+    virtual void ShowModal(Form& form, Form* owner) = 0;
+    // The form is about to be destroyed: nothing of it may be shown or told any more.
+    virtual void Forget(Form& form) = 0;
+
+    virtual Answer ShowMessage(const Message& message) = 0;
+    // Nothing when the user names no file.
+    virtual std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) = 0;
+    // Lets the window system handle what has come in meanwhile. Any event routine may run.
+    virtual void Yield() = 0;
+    virtual void EndProgram() = 0;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    // Nothing when the clipboard holds no picture.
+    virtual std::optional<Picture> GetPicture() = 0;
+    virtual std::string GetText() = 0;
+};
+
+struct Platform {
+    Windows& windows;
+    Clipboard& clipboard;
+    Clock& clock;
+    std::string applicationTitle;
+    std::string programDirectory;  // without a separator at its end, as is the next
+    std::string stateDirectory;    // the user's own, for what outlives the program
+};
+
+}  // namespace vardel

@@ -1,0 +1,233 @@
+#include "platform/qt/Binder.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+#include "platform/qt/Convert.h"
+
+namespace vardel {
+
+namespace {
+
+using Alive = std::shared_ptr<bool>;
+
+// A press whose focus change brought up a message box never sees its release, which went to the
+// box: the button would stay down and its click be lost.
+void CompleteLostPress(const QWidget& window) {
+    auto* button = qobject_cast<QAbstractButton*>(window.focusWidget());
+    if (button == nullptr) return;
+    QMetaObject::invokeMethod(
+        button,
+        [button] {
+            const bool pressed = QGuiApplication::mouseButtons() & Qt::LeftButton;
+            if (button->isDown() && !pressed) button->click();
+        },
+        Qt::QueuedConnection);
+}
+
+// Raises LostFocus when the focus goes to another control of the window. A menu, a pop-up list, a
+// message box or another program only borrows it.
+class FocusFilter : public QObject {
+public:
+    FocusFilter(TextBox& box, Alive alive, QObject& parent)
+        : QObject(&parent), box_(box), alive_(std::move(alive)) {}
+
+    bool eventFilter(QObject* edit, QEvent* event) override {
+        if (event->type() != QEvent::FocusOut || !*alive_) return false;
+        switch (static_cast<QFocusEvent*>(event)->reason()) {
+            case Qt::ActiveWindowFocusReason:
+            case Qt::PopupFocusReason:
+            case Qt::MenuBarFocusReason:
+                return false;
+            default:
+                break;
+        }
+        box_.LostFocus.Raise();
+        CompleteLostPress(*static_cast<QWidget*>(edit)->window());
+        return false;
+    }
+
+private:
+    TextBox& box_;
+    Alive alive_;
+};
+
+class MouseFilter : public QObject {
+public:
+    MouseFilter(Label& label, Alive alive, QObject& parent)
+        : QObject(&parent), label_(label), alive_(std::move(alive)) {}
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (!*alive_ || !AnswersTheMouse()) return false;
+        // A widget that takes the press has the mouse until the release, wherever that comes.
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+                label_.MouseDown.Raise();
+                return true;
+            case QEvent::MouseButtonRelease:
+                label_.MouseUp.Raise();
+                return true;
+            case QEvent::MouseButtonDblClick:
+                label_.MouseDown.Raise();
+                if (*alive_) label_.DblClick.Raise();
+                return true;
+            default:
+                return false;
+        }
+    }
+
+private:
+    bool AnswersTheMouse() const {
+        return label_.MouseDown.Handled() || label_.MouseUp.Handled() || label_.DblClick.Handled();
+    }
+
+    Label& label_;
+    Alive alive_;
+};
+
+void SetColors(QWidget& widget, const Control& control) {
+    const QColor back = ToQt(control.BackColor());
+    const QColor text = ToQt(control.ForeColor());
+    const QColor faded((back.red() + text.red()) / 2, (back.green() + text.green()) / 2,
+                       (back.blue() + text.blue()) / 2);
+    QPalette colors = widget.palette();
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        colors.setColor(role, back);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        colors.setColor(role, text);
+        colors.setColor(QPalette::Disabled, role, faded);
+    }
+    if (widget.palette() != colors) widget.setPalette(colors);
+}
+
+}  // namespace
+
+Binder::Binder() = default;
+Binder::~Binder() { Release(); }
+
+void Binder::Release() {
+    if (!*alive_) return;
+    *alive_ = false;
+    for (Control* control : controls_) control->SetView({});
+}
+
+void Binder::Show(Control& control, std::function<void()> show) {
+    controls_.push_back(&control);
+    show();
+    control.SetView(std::move(show));
+}
+
+void Binder::BindCommon(Control& control, QWidget& widget) {
+    widget.setObjectName(ToQt(control.Name()));
+    widget.setEnabled(control.Enabled());
+    // Not for a widget that never was hidden: before it has a parent, it would become a window.
+    const bool hidden = widget.testAttribute(Qt::WA_WState_ExplicitShowHide) && widget.isHidden();
+    if (hidden == control.Visible()) widget.setVisible(control.Visible());
+    widget.setToolTip(ToQt(control.ToolTipText()));
+}
+
+void Binder::Bind(TextBox& box, QLineEdit& edit) {
+    Show(box, [this, &box, &edit] {
+        BindCommon(box, edit);
+        SetColors(edit, box);
+        const QString text = ToQt(box.Text());
+        if (edit.text() != text) edit.setText(text);
+    });
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit,
+                     [&box, alive = alive_](const QString& text) {
+                         if (*alive) box.SetText(FromQt(text));
+                     });
+    edit.installEventFilter(new FocusFilter(box, alive_, edit));
+}
+
+void Binder::Bind(ComboBox& list, QComboBox& combo) {
+    for (const ComboBox::Item& item : list.Items()) combo.addItem(ToQt(item.text));
+    Show(list, [this, &list, &combo] {
+        const QSignalBlocker programWrites(combo);
+        BindCommon(list, combo);
+        SetColors(combo, list);
+        combo.setCurrentIndex(list.ListIndex());
+    });
+    QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
+                     [&list, alive = alive_](int index) {
+                         if (*alive) list.SetListIndex(index);
+                     });
+}
+
+void Binder::Bind(Label& label, QLabel& widget) {
+    widget.setTextFormat(Qt::PlainText);
+    widget.setAutoFillBackground(true);
+    Show(label, [this, &label, &widget] {
+        BindCommon(label, widget);
+        SetColors(widget, label);
+        widget.setText(ToQt(label.Caption()).trimmed());  // the layout does the spacing
+    });
+    widget.installEventFilter(new MouseFilter(label, alive_, widget));
+}
+
+void Binder::Bind(Button& button, QAbstractButton& widget) {
+    widget.setPalette(QApplication::palette());  // not the colours of the form behind it
+    Show(button, [this, &button, &widget] {
+        BindCommon(button, widget);
+        widget.setText(ToQt(button.Caption()));
+    });
+    QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&button, alive = alive_] {
+        if (*alive) button.Press();
+    });
+}
+
+void Binder::Bind(Frame& frame, QGroupBox& group) {
+    Show(frame, [this, &frame, &group] {
+        BindCommon(frame, group);
+        SetColors(group, frame);
+        group.setTitle(ToQt(frame.Caption()));
+    });
+}
+
+void Binder::Bind(Line& line, QFrame& widget) {
+    Show(line, [this, &line, &widget] {
+        BindCommon(line, widget);
+        SetColors(widget, line);
+    });
+}
+
+void Binder::BindMenu(MenuItem& menu, QMenuBar& bar) {
+    QMenu* widget = bar.addMenu(ToQt(menu.Caption()));
+    Show(menu, [&menu, widget] {
+        widget->setObjectName(ToQt(menu.Name()));
+        widget->setTitle(ToQt(menu.Caption()));
+        widget->menuAction()->setVisible(menu.Visible());
+        widget->setEnabled(menu.Enabled());
+    });
+    for (MenuItem* entry : menu.Entries()) BindEntry(*entry, *widget);
+}
+
+void Binder::BindEntry(MenuItem& entry, QMenu& menu) {
+    QAction* action = entry.IsSeparator() ? menu.addSeparator() : menu.addAction(QString());
+    Show(entry, [&entry, action] {
+        action->setObjectName(ToQt(entry.Name()));
+        if (!entry.IsSeparator()) action->setText(ToQt(entry.Caption()));
+        action->setEnabled(entry.Enabled());
+        action->setVisible(entry.Visible());
+        action->setCheckable(entry.Checkable());
+        action->setChecked(entry.Checked());
+    });
+    QObject::connect(action, &QAction::triggered, action, [&entry, action, alive = alive_] {
+        if (!*alive) return;
+        // Qt has turned the mark over by itself; it is the program's to set.
+        action->setChecked(entry.Checked());
+        entry.Pick();
+    });
+}
+
+}  // namespace vardel

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "platform/Color.h"
+
+namespace vardel {
+
+inline QString ToQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+inline QColor ToQt(Color color) { return {color.red, color.green, color.blue}; }
+
+}  // namespace vardel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+
+#include "platform/qt/FormWindow.h"
+
+class QGridLayout;
+
+namespace vardel {
+
+class MainForm;
+
+// MainForm on the screen: the inputs in three columns above, the results of the three models in
+// three columns below.
+class MainWindow : public FormWindow {
+public:
+    explicit MainWindow(MainForm& form);
+
+private:
+    QWidget* MakeInputs(MainForm& form);
+    QWidget* MakeResults(MainForm& form);
+    QWidget* MakePower(MainForm& form);
+    void SetTabOrder();
+
+    QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
+                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+    // A caption, the widget that it names, and the unit behind it, from the column on.
+    void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
+                  int column);
+    QLineEdit* MakeBox(TextBox& box, int characters);
+    QComboBox* MakeList(ComboBox& list);
+    struct ResultRow {
+        Label& head;
+        std::array<Label*, 3> models;
+        std::array<Label*, 3> values;
+        std::array<Label*, 3> units;
+    };
+    void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
+};
+
+}  // namespace vardel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QApplication>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/Platform.h"
+#include "platform/qt/FormWindow.h"
+
+namespace vardel {
+
+// Name, version, look and fonts, the same on every desktop.
+void SetUpApplication(QApplication& application);
+
+// The window system, the clipboard and the clock as Qt brings them.
+class QtPlatform : public Windows, public Clipboard, public Clock {
+public:
+    QtPlatform();
+    ~QtPlatform() override;
+
+    Platform Services();
+    // The window that shows the form, made when it is first asked for.
+    FormWindow& WindowOf(Form& form);
+
+    void Show(Form& form) override;
+    void ShowModal(Form& form, Form* owner) override;
+    void Forget(Form& form) override;
+    Answer ShowMessage(const Message& message) override;
+    std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) override;
+    void Yield() override;
+    void EndProgram() override;
+    std::optional<Picture> GetPicture() override;
+    std::string GetText() override;
+    CalendarTime Now() override;
+
+private:
+    std::map<Form*, std::unique_ptr<FormWindow>> windows_;
+    // Of forms that are gone: an event of theirs may still be on the stack.
+    std::vector<std::unique_ptr<FormWindow>> released_;
+};
+
+}  // namespace vardel

@@ -1,0 +1,91 @@
+#include "reports/RLogClass.h"
+
+#include <system_error>
+
+#include "platform/Files.h"
+#include "platform/Rtf.h"
+#include "reports/FrmReport.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int UnfoldedMargin = 32000;  // twips; a log line is never that long
+
+}  // namespace
+
+RLogClass::RLogClass(Program& program) : program_(program) { SetTitle("Report Log"); }
+
+RLogClass::~RLogClass() { program_.FrmReport->Unload(); }
+
+void RLogClass::Show() { program_.FrmReport->ShowModal(); }
+
+bool RLogClass::ReadFile(const std::string& path) {
+    const auto file = ReadWholeFile(path);
+    if (!file) return false;
+    auto content = file->empty() ? RichText() : ReadRtf(*file);
+    if (!content) return false;
+    program_.FrmReport->rtbLog.SetContent(std::move(*content));
+    Add();
+    return true;
+}
+
+bool RLogClass::SaveFile(const std::string& path) {
+    try {
+        ReplaceFile(path, WriteRtf(program_.FrmReport->rtbLog.Content()), Access::OwnerOnly);
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
+void RLogClass::SetStyle(bool TextStyle::*which, bool on) {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    TextStyle style = box.InsertStyle();
+    style.*which = on;
+    box.SetInsertStyle(style);
+}
+
+void RLogClass::SetUnderline(bool on) { SetStyle(&TextStyle::underline, on); }
+void RLogClass::SetItalic(bool on) { SetStyle(&TextStyle::italic, on); }
+void RLogClass::SetBold(bool on) { SetStyle(&TextStyle::bold, on); }
+
+const std::string& RLogClass::Title() const { return program_.FrmReport->Caption(); }
+void RLogClass::SetTitle(std::string title) { program_.FrmReport->SetCaption(std::move(title)); }
+
+void RLogClass::Clear() {
+    program_.FrmReport->rtbLog.Clear();
+    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+}
+
+void RLogClass::Add(std::string_view text) {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    box.Insert(text);
+    box.CaretToEnd();
+}
+
+void RLogClass::AddLine(std::string_view text) { Add(std::string(text) + "\r\n"); }
+
+void RLogClass::AddTitle() {
+    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+    SetUnderline(true);
+    SetBold(true);
+    AddLine(Title());
+    SetUnderline(false);
+    SetBold(false);
+}
+
+void RLogClass::PasteClipboard() {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    Clipboard& clipboard = program_.platform.clipboard;
+    const bool locked = box.Locked();
+    box.SetLocked(false);
+    if (auto picture = clipboard.GetPicture())
+        box.InsertPicture(std::move(*picture));
+    else
+        box.Insert(clipboard.GetText());
+    box.SetLocked(locked);
+}
+
+}  // namespace vardel

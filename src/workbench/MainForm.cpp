@@ -1,0 +1,76 @@
+#include "workbench/MainForm.h"
+
+#include "reports/RLogClass.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+
+MainForm::MainForm(Program& program)
+    : Form(program.platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
+      program_(program) {
+    SetAppearance();
+    WireEvents();
+}
+
+void MainForm::SetAppearance() {
+    SetBackColor(Teal);
+    for (Control* onTeal :
+         {static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
+          static_cast<Control*>(&cmbPowerUnit), static_cast<Control*>(&lblHelpRange)}) {
+        onTeal->SetBackColor(Teal);
+        onTeal->SetForeColor(White);
+    }
+    for (Label* caption : {&Label1, &Label9, &Label2, &Label12, &Label3, &Label10, &Label4,
+                           &Label11, &Label6, &Label13, &Label17, &Label5, &Label35, &Label27,
+                           &Label15, &Label7, &Label32, &Label8, &Label24}) {
+        caption->SetBackColor(Teal);
+        caption->SetForeColor(White);
+    }
+    for (auto* heads : {&lblLITU529, &lblLDavidson, &lblLCost231}) {
+        for (Label& head : *heads) {
+            head.SetBackColor(Teal);
+            head.SetForeColor(White);
+        }
+    }
+    constexpr Color DarkTeal{0, 64, 64};
+    for (Label* head : {&Label28, &lblFieldStrength}) {
+        head->SetBackColor(DarkTeal);
+        head->SetForeColor({0, 192, 192});
+    }
+    Line2.SetForeColor(DarkTeal);
+
+    txtFreq.SetToolTipText("Range 30MHz - 2000 MHz");
+    txtDist.SetToolTipText("1 km < Distance <= 300 km");
+    txthb.SetToolTipText("Range 1m - 2500m");
+    txthm.SetToolTipText("Range 1m - 30m");
+    cmbareatype.SetToolTipText("Select From List");
+    cmbcitysize.SetToolTipText("Select From List");
+    txtPctTime.SetToolTipText("Range: 1-99");
+    txtPctLoc.SetToolTipText("Range: 1-99");
+    cmdLossCalc.SetToolTipText("Calculate Losses and Field Strengths");
+
+    mnuUnitsMetric.SetCheckable(true);
+    mnuUnitsEnglish.SetCheckable(true);
+}
+
+void MainForm::WireEvents() {
+    for (TextBox* box : {&txtFreq, &txtDist, &txthb, &txthm})
+        box->Change = [this] { MarkValuesStale(); };
+    cmbcitysize.Click = [this] { MarkValuesStale(); };
+    cmbareatype.Click = [this] { cmbareatype_Click(); };
+    cmdLossCalc.Click = [this] { cmdLossCalc_Click(); };
+
+    mnuFileNew.Click = [this] { SetDefaultInputs(); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
+
+    // What these lead to is not there yet.
+    for (MenuItem* entry :
+         {&mnuUnitsMetric, &mnuUnitsEnglish, &mnuCalculationLog, &mnuCalculationLogDist,
+          &mnuHideShow, &mnuGraphdBloss, &mnuOkumGraphFieldStrength, &mnuOkum529GraphFieldStrength,
+          &mnuGraphCost231FieldStrength, &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo,
+          &mnuHelpVardel, &mnuHelpAbout})
+        entry->SetEnabled(false);
+}
+
+}  // namespace vardel

@@ -1,0 +1,34 @@
+#include "workbench/Program.h"
+
+#include "reports/FrmReport.h"
+#include "reports/RLogClass.h"
+#include "workbench/MainForm.h"
+
+namespace vardel {
+
+namespace {
+
+template <class T>
+typename FormSlot<T>::Made Make(Program& program) {
+    auto form = std::make_unique<T>(program);
+    T* typed = form.get();
+    return {std::move(form), typed};
+}
+
+}  // namespace
+
+Program::Program(Platform services)
+    : platform(std::move(services)),
+      MainForm([this] { return Make<vardel::MainForm>(*this); }),
+      FrmReport([this] { return Make<vardel::FrmReport>(*this); }) {}
+
+Program::~Program() = default;
+
+void Program::Start() { MainForm->Show(); }
+
+RLogClass& Program::ReportLog() {
+    if (!reportLog_) reportLog_ = std::make_unique<RLogClass>(*this);
+    return *reportLog_;
+}
+
+}  // namespace vardel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Color.h"
+#include "platform/FormSlot.h"
+#include "platform/Platform.h"
+
+namespace vardel {
+
+class FrmReport;
+class MainForm;
+class RLogClass;
+
+// The forms by name, each made when it is first touched, and the data that several forms share.
+class Program {
+public:
+    explicit Program(Platform services);
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    ~Program();
+
+    // Loads and shows the main form; the program runs for as long as that is loaded.
+    void Start();
+
+    // The report log, made on first use.
+    RLogClass& ReportLog();
+
+    Platform platform;
+
+    std::string TempLogFile;               // the log's file; empty: the log has none
+    Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
+    int PowerUnit = 1;                     // of the power box, see PowerUnits.h
+
+    FormSlot<vardel::MainForm> MainForm;
+    FormSlot<vardel::FrmReport> FrmReport;
+
+private:
+    std::unique_ptr<RLogClass> reportLog_;
+};
+
+}  // namespace vardel

@@ -1,0 +1,200 @@
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/qt/QtPlatform.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest() {
+        program.Start();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    }
+
+    MainForm& Main() { return *program.MainForm; }
+    FormWindow& Window() { return platform.WindowOf(Main()); }
+    template <class T>
+    T& Widget(const char* name) {
+        return *Window().findChild<T*>(name);
+    }
+    // Answers the next message box once it is there, and keeps its text.
+    void AnswerNextMessage(QMessageBox::StandardButton button) {
+        QTimer::singleShot(0, &Window(), [this, button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return AnswerNextMessage(button);
+            // A user lets go of what was pressed before the box came up.
+            QTest::mouseRelease(box, Qt::LeftButton);
+            shownText = box->text().toStdString();
+            box->button(button)->click();
+        });
+    }
+
+    QtPlatform platform;
+    Program program{platform.Services()};
+    std::string shownText;
+};
+
+TEST_F(MainWindowTest, CalculateShowsTheDefaultResults) {
+    QTest::mouseClick(&Widget<QPushButton>("cmdLossCalc"), Qt::LeftButton);
+    const struct {
+        const char* label;
+        const char* text;
+        QColor color;
+    } cases[] = {
+        {"lblDavidson", "143.13", Qt::white},    {"lblcost231", "140.42", {255, 150, 150}},
+        {"lblOH529dBLoss", "143.13", Qt::white}, {"lblFITU529", "49.31", Qt::white},
+        {"lblPalvernDavFS", "49.30", Qt::white}, {"lblFCost231", "52.01", {255, 150, 150}},
+    };
+    for (const auto& c : cases) {
+        auto& label = Widget<QLabel>(c.label);
+        EXPECT_EQ(label.text().toStdString(), c.text) << c.label;
+        const QImage picture = label.grab().toImage();
+        EXPECT_EQ(picture.pixelColor(picture.width() / 4, picture.height() / 2), c.color)
+            << c.label;
+    }
+}
+
+TEST_F(MainWindowTest, TabGoesThroughTheInputsInTheirOrder) {
+    Widget<QLineEdit>("txtFreq").setFocus();
+    std::vector<std::string> order;
+    for (int i = 0; i < 11; ++i) {
+        order.push_back(QApplication::focusWidget()->objectName().toStdString());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_THAT(order, ElementsAre("txtFreq", "txtDist", "cmbareatype", "txthb", "txthm",
+                                   "cmbcitysize", "txtPowerUnit", "cmdLossCalc", "txtPctLoc",
+                                   "txtPctTime", "cmbPowerUnit"));
+}
+
+TEST_F(MainWindowTest, LosingTheFocusComesBeforeTheClick) {
+    std::vector<std::string> events;
+    Main().txtFreq.LostFocus = [&] { events.push_back("LostFocus"); };
+    Main().cmdLossCalc.Click = [&] { events.push_back("Click"); };
+    Widget<QLineEdit>("txtFreq").setFocus();
+    QTest::mouseClick(&Widget<QPushButton>("cmdLossCalc"), Qt::LeftButton);
+    EXPECT_THAT(events, ElementsAre("LostFocus", "Click"));
+    QTest::keyClick(&Widget<QPushButton>("cmdLossCalc"), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(events.size(), 2U) << "a button that is left is no box";
+}
+
+TEST_F(MainWindowTest, AMessageWhenABoxIsLeftDoesNotSwallowTheClick) {
+    int left = 0;
+    int clicks = 0;
+    Main().txtFreq.LostFocus = [&] {
+        ++left;
+        program.platform.windows.ShowMessage({.text = "Out of limits"});
+    };
+    Main().cmdLossCalc.Click = [&] { ++clicks; };
+    Widget<QLineEdit>("txtFreq").setFocus();
+    AnswerNextMessage(QMessageBox::Ok);
+    // The release goes to the message box.
+    auto& button = Widget<QPushButton>("cmdLossCalc");
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks > 0; }));
+    EXPECT_FALSE(button.isDown());
+    EXPECT_EQ(left, 1);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(shownText, "Out of limits");
+}
+
+TEST_F(MainWindowTest, MenusListsAndOtherWindowsOnlyBorrowTheFocus) {
+    int left = 0;
+    Main().txtFreq.LostFocus = [&] { ++left; };
+    auto& box = Widget<QLineEdit>("txtFreq");
+    box.setFocus();
+
+    auto* menu = Window().menuBar()->actions().constFirst()->menu();
+    menu->popup(Window().mapToGlobal(QPoint(5, 25)));
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    for (const auto reason :
+         {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+        QFocusEvent event(QEvent::FocusOut, reason);
+        QApplication::sendEvent(&box, &event);
+    }
+    AnswerNextMessage(QMessageBox::Ok);
+    program.platform.windows.ShowMessage({.text = "Anything"});
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(left, 0);
+
+    QTest::mouseClick(&Widget<QLineEdit>("txthb"), Qt::LeftButton);
+    EXPECT_EQ(left, 1);
+}
+
+TEST_F(MainWindowTest, TypingChangesTheBoxAndWritesByTheProgramComeBackAsNoUserEvent) {
+    int changes = 0;
+    Main().txtDist.Change = [&] { ++changes; };
+    auto& box = Widget<QLineEdit>("txtDist");
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, "25");
+    EXPECT_EQ(Main().txtDist.Text(), "25");
+    EXPECT_EQ(changes, 2);
+    Main().txtDist.SetText("30.0");
+    EXPECT_EQ(box.text(), "30.0");
+    EXPECT_EQ(changes, 3) << "one change event for one change";
+
+    int picks = 0;
+    Main().cmbcitysize.Click = [&] { ++picks; };
+    Main().cmbcitysize.SetText("Large");
+    EXPECT_EQ(Widget<QComboBox>("cmbcitysize").currentText(), "Large");
+    EXPECT_EQ(picks, 1);
+    QTest::keyClick(&Widget<QComboBox>("cmbareatype"), Qt::Key_Down);
+    EXPECT_EQ(Main().cmbareatype.Text(), "Suburban");
+    EXPECT_FALSE(Widget<QComboBox>("cmbcitysize").isEnabled());
+    EXPECT_EQ(picks, 2);
+}
+
+TEST_F(MainWindowTest, AMenuMarkIsTheProgramsToSet) {
+    int picks = 0;
+    Main().mnuUnitsEnglish.SetEnabled(true);
+    Main().mnuUnitsEnglish.Click = [&] { ++picks; };
+    auto* action = Window().findChild<QAction*>("mnuUnitsEnglish");
+    action->trigger();
+    EXPECT_EQ(picks, 1);
+    EXPECT_FALSE(action->isChecked());
+    Main().mnuUnitsEnglish.SetChecked(true);
+    EXPECT_TRUE(action->isChecked());
+}
+
+TEST_F(MainWindowTest, APressedLabelKeepsTheMouseUntilTheRelease) {
+    std::vector<std::string> events;
+    Main().lblLCost231[0].MouseDown = [&] { events.push_back("down"); };
+    Main().lblLCost231[0].MouseUp = [&] { events.push_back("up"); };
+    auto& label = Widget<QLabel>("lblLCost231(0)");
+    QTest::mousePress(&label, Qt::LeftButton);
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(-500, -500));
+    EXPECT_THAT(events, ElementsAre("down", "up"));
+}
+
+TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
+    for (auto* box : Window().findChildren<QLineEdit*>())
+        EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
+    for (auto* list : Window().findChildren<QComboBox*>())
+        EXPECT_FALSE(list->accessibleName().isEmpty()) << list->objectName().toStdString();
+}
+
+TEST_F(MainWindowTest, ClosingTheFrameUnloadsTheForm) {
+    Window().close();
+    EXPECT_FALSE(program.MainForm.Loaded());
+}
+
+}  // namespace
+}  // namespace vardel

@@ -1,0 +1,53 @@
+#include "support/FakePlatform.h"
+
+#include <cstdlib>
+
+namespace vardel {
+
+ScratchFolder::ScratchFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "vardel-XXXXXX").string();
+    path_ = ::mkdtemp(pattern.data());
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string ScratchFolder::Path(const std::string& name) const {
+    return name.empty() ? path_.string() : (path_ / name).string();
+}
+
+void FakePlatform::ShowModal(Form& form, Form*) {
+    shown.push_back(form.Name());
+    if (const auto it = whileShown.find(form.Name()); it != whileShown.end()) it->second();
+}
+
+Answer FakePlatform::ShowMessage(const Message& message) {
+    messages.push_back(message);
+    if (!answers.empty()) {
+        const Answer answer = answers.front();
+        answers.pop();
+        return answer;
+    }
+    return message.buttons == Message::Buttons::YesNo ? Answer::Yes : Answer::Ok;
+}
+
+std::optional<SaveChoice> FakePlatform::AskSaveFile(const SaveDialog& dialog) {
+    saveDialogs.push_back(dialog);
+    return saveChoice;
+}
+
+void FakePlatform::Yield() {
+    ++yields;
+    if (onYield) onYield();
+}
+
+std::vector<std::string> FakePlatform::TakeMessages() {
+    std::vector<std::string> texts;
+    for (const Message& message : messages) texts.push_back(message.text);
+    messages.clear();
+    return texts;
+}
+
+}  // namespace vardel

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <queue>
+#include <vector>
+
+#include "platform/Form.h"
+#include "platform/Platform.h"
+
+namespace vardel {
+
+// A folder of the test's own, gone with it.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    std::string Path(const std::string& name = {}) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+// The outside of a program under test: what it shows is written down, what a user would do is told
+// beforehand.
+class FakePlatform : public Windows, public Clipboard, public Clock {
+public:
+    Platform Services() {
+        return {*this, *this, *this, "Vardel", folder.Path(), folder.Path("state")};
+    }
+
+    void Show(Form& form) override { shown.push_back(form.Name()); }
+    void ShowModal(Form& form, Form*) override;
+    void Forget(Form&) override {}
+    Answer ShowMessage(const Message& message) override;
+    std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) override;
+    void Yield() override;
+    void EndProgram() override { ended = true; }
+    std::optional<Picture> GetPicture() override { return picture; }
+    std::string GetText() override { return clipboardText; }
+    CalendarTime Now() override { return now; }
+
+    // The texts of the message boxes shown since the last call.
+    std::vector<std::string> TakeMessages();
+
+    ScratchFolder folder;
+    std::vector<std::string> shown;
+    std::vector<Message> messages;
+    std::queue<Answer> answers;                               // first what a box has a button for
+    std::map<std::string, std::function<void()>> whileShown;  // by a modal form's name
+    std::function<void()> onYield;
+    std::vector<SaveDialog> saveDialogs;
+    std::optional<SaveChoice> saveChoice;
+    std::optional<Picture> picture;
+    std::string clipboardText;
+    CalendarTime now{2026, 3, 9, 14, 5};
+    int yields = 0;
+    bool ended = false;
+};
+
+}  // namespace vardel

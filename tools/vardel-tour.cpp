@@ -1,0 +1,57 @@
+// Runs the real program without a display: one calculation with the default inputs, its log line on
+// standard output, and a picture of every window in the folder that is named.
+
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <cstdio>
+
+#include "models/ModCalculations.h"
+#include "platform/qt/QtPlatform.h"
+#include "reports/FrmReport.h"
+#include "reports/RLogClass.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace {
+
+bool TakePicture(QWidget& window, const QDir& folder, const QString& name) {
+    QApplication::processEvents();
+    const QString path = folder.filePath(name + ".png");
+    if (!window.grab().save(path)) {
+        std::fprintf(stderr, "The picture %s cannot be written.\n", qPrintable(path));
+        return false;
+    }
+    return true;
+}
+
+int Tour(const QDir& pictures) {
+    vardel::QtPlatform platform;
+    vardel::Program program(platform.Services());
+    program.Start();
+    QWidget& window = platform.WindowOf(*program.MainForm);
+    window.findChild<QPushButton*>("cmdLossCalc")->click();
+    bool good = TakePicture(window, pictures, "main-window");
+    std::fputs(program.FrmReport->rtbLog.Text().c_str(), stdout);
+    return good ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::fprintf(stderr, "usage: vardel-tour FOLDER\n");
+        return 2;
+    }
+    const QTemporaryDir scratch;
+    for (const char* folder : {"XDG_STATE_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+        qputenv(folder, scratch.path().toUtf8());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    vardel::SetUpApplication(application);
+    const QDir pictures(QString::fromLocal8Bit(argv[1]));
+    if (!pictures.mkpath(".")) return 1;
+    return Tour(pictures);
+}
