@@ -6,9 +6,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cstdio>
 
-#include "models/ModCalculations.h"
 #include "platform/qt/QtPlatform.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
@@ -27,14 +27,34 @@ bool TakePicture(QWidget& window, const QDir& folder, const QString& name) {
     return true;
 }
 
+// Shows the form as its menu entry does, and closes it once its picture is taken.
+bool TakeModalPicture(vardel::QtPlatform& platform, vardel::Form& form, const QDir& folder,
+                      const QString& name) {
+    bool good = false;
+    QTimer::singleShot(0, &platform.WindowOf(form), [&] {
+        good = TakePicture(platform.WindowOf(form), folder, name);
+        form.CloseByFrame();
+    });
+    form.ShowModal();
+    return good;
+}
+
 int Tour(const QDir& pictures) {
     vardel::QtPlatform platform;
     vardel::Program program(platform.Services());
     program.Start();
     QWidget& window = platform.WindowOf(*program.MainForm);
-    window.findChild<QPushButton*>("cmdLossCalc")->click();
+    auto* calculate = window.findChild<QPushButton*>("cmdLossCalc");
+    calculate->click();
     bool good = TakePicture(window, pictures, "main-window");
     std::fputs(program.FrmReport->rtbLog.Text().c_str(), stdout);
+    // A log with something to look at: other areas, and models out of their range.
+    for (const char* frequency : {"900.0", "1800.0"}) {
+        program.MainForm->txtFreq.SetText(frequency);
+        program.MainForm->cmbareatype.SetText("Suburban");
+        calculate->click();
+    }
+    good &= TakeModalPicture(platform, *program.FrmReport, pictures, "report-log");
     return good ? 0 : 1;
 }
 

@@ -6,32 +6,58 @@ namespace vardel {
 
 RichTextBox::RichTextBox(Form& form, std::string name) : Control(form, std::move(name)) {}
 
+void RichTextBox::SetEditor(std::function<Edit()> editor) {
+    FetchEdit();
+    editor_ = std::move(editor);
+}
+
+void RichTextBox::FetchEdit() {
+    if (!editor_) return;
+    Edit edit = editor_();
+    if (edit.content) content_ = std::move(*edit.content);
+    selection_ = Within(edit.selection);
+}
+
+const RichText& RichTextBox::Content() {
+    FetchEdit();
+    return content_;
+}
+
 void RichTextBox::SetContent(RichText content) {
     content_ = std::move(content);
     Changed(0);
 }
 
-void RichTextBox::Select(std::size_t start, std::size_t length) {
-    selStart_ = std::min(start, content_.Length());
-    selLength_ = std::min(length, content_.Length() - selStart_);
+RichTextBox::Selection RichTextBox::Within(Selection selection) const {
+    const std::size_t start = std::min(selection.start, content_.Length());
+    return {start, std::min(selection.length, content_.Length() - start)};
+}
+
+RichTextBox::Selection RichTextBox::Selected() {
+    FetchEdit();
+    return selection_;
+}
+
+void RichTextBox::Select(Selection selection) {
+    FetchEdit();
+    selection_ = Within(selection);
+    Assign(revision_, revision_ + 1);
 }
 
 void RichTextBox::Insert(std::string_view text) {
-    Changed(selStart_ + content_.Replace(selStart_, selLength_, text, style_));
+    FetchEdit();
+    const auto [start, length] = selection_;
+    Changed(start + content_.Replace(start, length, text, style_));
 }
 
 void RichTextBox::InsertPicture(Picture picture) {
-    Changed(selStart_ +
-            content_.ReplaceByPicture(selStart_, selLength_, std::move(picture), style_));
-}
-
-void RichTextBox::Clear() {
-    content_ = {};
-    Changed(0);
+    FetchEdit();
+    const auto [start, length] = selection_;
+    Changed(start + content_.ReplaceByPicture(start, length, std::move(picture), style_));
 }
 
 void RichTextBox::Changed(std::size_t caret) {
-    Select(caret);
+    selection_ = Within({caret, 0});
     Assign(revision_, revision_ + 1);
 }
 

@@ -1,27 +1,42 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "platform/Controls.h"
 #include "platform/RichText.h"
 
 namespace vardel {
 
-// A box of rich text with a caret and a selection. Its view takes the text over while the user
-// sees it and hands the edited text back.
+// A box of rich text with a caret and a selection. While the user sees it, its view has the text
+// over and is its editor: whatever the user has made of it is fetched from there before the program
+// reads or writes anything here.
 class RichTextBox : public Control {
 public:
+    // Bytes of the text. The caret stands at the start of what is selected.
+    struct Selection {
+        std::size_t start = 0;
+        std::size_t length = 0;
+
+        friend bool operator==(const Selection&, const Selection&) = default;
+    };
+
+    struct Edit {
+        std::optional<RichText> content;  // nothing: the user changed nothing
+        Selection selection;
+    };
+
     RichTextBox(Form& form, std::string name);
 
-    const RichText& Content() const { return content_; }
+    const RichText& Content();
+    const std::string& Text() { return Content().Text(); }
     // With the caret at the start and nothing selected.
     void SetContent(RichText content);
-    const std::string& Text() const { return content_.Text(); }
 
-    // Bytes of the text. The caret stands at the start of what is selected, and a start or length
-    // beyond the text counts as at its end.
-    std::size_t SelStart() const { return selStart_; }
-    std::size_t SelLength() const { return selLength_; }
-    void Select(std::size_t start, std::size_t length = 0);
-    void CaretToEnd() { Select(content_.Length()); }
+    Selection Selected();
+    // What lies beyond the text counts as at its end.
+    void Select(Selection selection);
+    void CaretToEnd() { Select({Content().Length(), 0}); }
 
     // The style of what is put in from now on.
     TextStyle InsertStyle() const { return style_; }
@@ -30,7 +45,7 @@ public:
     // Puts the text in at the caret in place of what is selected; the caret comes behind it.
     void Insert(std::string_view text);
     void InsertPicture(Picture picture);
-    void Clear();
+    void Clear() { SetContent({}); }
 
     bool Locked() const { return locked_; }
     void SetLocked(bool locked) { Assign(locked_, locked); }
@@ -38,19 +53,26 @@ public:
     int RightMargin() const { return rightMargin_; }
     void SetRightMargin(int twips) { Assign(rightMargin_, twips); }
 
-    // Counts the changes of the content, so that a view knows when it has to read it again.
+    // For the view. It becomes the editor with a function that tells the user's edit since it last
+    // read what is held here, and ends that with an empty one.
+    void SetEditor(std::function<Edit()> editor);
+    const RichText& HeldContent() const { return content_; }
+    Selection HeldSelection() const { return selection_; }
+    // Grows with every write of the program, so that the view knows when to read again.
     unsigned long Revision() const { return revision_; }
 
 private:
+    void FetchEdit();
+    Selection Within(Selection selection) const;
     void Changed(std::size_t caret);
 
     RichText content_;
-    std::size_t selStart_ = 0;
-    std::size_t selLength_ = 0;
+    Selection selection_;
     TextStyle style_;
     bool locked_ = false;
     int rightMargin_ = 0;
     unsigned long revision_ = 0;
+    std::function<Edit()> editor_;
 };
 
 }  // namespace vardel

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -37,30 +38,36 @@ void AppendUnicode(std::string& out, char32_t c) {
     }
 }
 
+bool IsPlain(char c) { return c >= 0x20 && c < 0x7F && c != '\\' && c != '{' && c != '}'; }
+
+// Takes a character that is not plain off the text.
+void AppendSpecial(std::string& out, std::string_view& text) {
+    const char c = text.front();
+    if (static_cast<unsigned char>(c) >= 0x80) {
+        AppendUnicode(out, TakeUtf8(text));
+        return;
+    }
+    text.remove_prefix(1);
+    if (c == '\n') {
+        out += "\\par\r\n";
+    } else if (c == '\t') {
+        out += "\\tab ";
+    } else if (c == '\\' || c == '{' || c == '}') {
+        out += '\\';
+        out += c;
+    } else if (c != '\r') {
+        out += "\\'";
+        AppendHex(out, static_cast<unsigned char>(c));
+    }
+}
+
 void AppendText(std::string& out, std::string_view text) {
     while (!text.empty()) {
-        const std::size_t plain = text.find_first_of("\\{}\r\n\t");
-        const char c = text.front();
-        if (c == '\r' || c == '\n') {
-            if (c == '\n') out += "\\par\r\n";
-            text.remove_prefix(1);
-        } else if (c == '\t') {
-            out += "\\tab ";
-            text.remove_prefix(1);
-        } else if (plain == 0) {
-            out += '\\';
-            out += c;
-            text.remove_prefix(1);
-        } else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-            out += "\\'";
-            AppendHex(out, static_cast<unsigned char>(c));
-            text.remove_prefix(1);
-        } else if (static_cast<unsigned char>(c) < 0x80) {
-            out += c;
-            text.remove_prefix(1);
-        } else {
-            AppendUnicode(out, TakeUtf8(text));
-        }
+        const auto special = std::find_if_not(text.begin(), text.end(), IsPlain);
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        out += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (!text.empty()) AppendSpecial(out, text);
     }
 }
 

@@ -62,14 +62,14 @@ void MainForm::WireEvents() {
 
     mnuFileNew.Click = [this] { SetDefaultInputs(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 
     // What these lead to is not there yet.
     for (MenuItem* entry :
-         {&mnuUnitsMetric, &mnuUnitsEnglish, &mnuCalculationLog, &mnuCalculationLogDist,
-          &mnuHideShow, &mnuGraphdBloss, &mnuOkumGraphFieldStrength, &mnuOkum529GraphFieldStrength,
-          &mnuGraphCost231FieldStrength, &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo,
-          &mnuHelpVardel, &mnuHelpAbout})
+         {&mnuUnitsMetric, &mnuUnitsEnglish, &mnuCalculationLogDist, &mnuHideShow, &mnuGraphdBloss,
+          &mnuOkumGraphFieldStrength, &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength,
+          &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpVardel, &mnuHelpAbout})
         entry->SetEnabled(false);
 }
 

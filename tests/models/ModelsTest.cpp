@@ -15,8 +15,7 @@ using ModelFunction = double (*)(const ModelInputs&);
 
 struct Model {
     const char* name;
-    ModelFunction loss;
-    ModelFunction fieldStrength;
+    ModelFunction loss, fieldStrength;
     double excess;  // dB, of the field strength over what the loss gives
 };
 
@@ -39,7 +38,7 @@ const LossCase LossCases[] = {
     {Davidson, {900, 10, 50, 1.5, "Urban", Medium, 50, 50}, 157.109083},
     {Davidson, {450, 100, 500, 1.5, "Suburban", Medium, 10, 90}, 172.866288},
     {Davidson, {300, 19.9, 299, 3, "Urban", "Large", 50, 50}, 134.832378},
-    {Davidson, {300.5, 20.1, 301, 3, "Urban", "Large", 50, 50}, 134.815744},
+    {Davidson, {300.0001, 20.1, 301, 3, "Urban", "Large", 50, 50}, 134.796828},
     {Davidson, {900, 40.2, 100, 3, "Urban", " Large ", 50, 50}, 173.631308},
     {Davidson, {900, 40.3, 100, 3, "Open", "Large", 50, 50}, 143.997389},
     {Davidson, {1600, 64.3, 100, 3, "SUBURBAN", "Large", 1, 99}, 198.118243},
@@ -49,7 +48,6 @@ const LossCase LossCases[] = {
     {Itu529, {900, 10, 50, 1.5, "Urban", Medium, 50, 50}, 157.109083},
     {Itu529, {450, 60, 100, 1.5, "Urban", "Large", 50, 50}, 174.081154},
     {Itu529, {900, 0.5, 50, 2, "suburban", "Large", 20, 30}, 97.620888},
-    {Itu529, {900, 19.9, 50, 2, "Open", Medium, 20, 30}, 132.918444},
     {Itu529, {900, 20.1, 50, 2, "Open", Medium, 20, 30}, 133.093877},
     {Itu529, {200, 100, 150, 2, " Urban", "Large", 80, 30}, 173.032043},
     {Cost231, {1800, 10, 50, 1.5, "Urban", Medium, 50, 50}, 166.902744},
@@ -104,26 +102,15 @@ TEST(Models, UnknownCityKeepsTheAntennaTerm) {
             EXPECT_NEAR(reader.function(unknown), reader.atFirst, 1e-6);
             writer.function(suburban);
             EXPECT_NEAR(reader.function(unknown),
-                        reader.group == writer.group ? reader.afterSuburban : reader.atFirst, 1e-6)
-                << "reader " << reader.group << ", writer " << writer.group;
+                        reader.group == writer.group ? reader.afterSuburban : reader.atFirst, 1e-6);
         }
     }
 }
 
-TEST(Primitives, Thresholds) {
-    EXPECT_NEAR(LargeCityAntennaTerm(300, 10), 10.590603, 1e-6);
-    EXPECT_NEAR(LargeCityAntennaTerm(300.0001, 10), 8.742182, 1e-6);
-    EXPECT_NEAR(EffectiveBaseHeight(1000), 353.553391, 1e-6);
-    EXPECT_EQ(PathExponent(900, 20, 50), 1.0);
-    EXPECT_NEAR(PathExponent(300, 20.1, 1000), 1.004244, 1e-6);
-    EXPECT_NEAR(PathExponent(900, 100, 50), 1.271319, 1e-6);
-}
-
 TEST(Variability, Time) {
     const std::tuple<double, double, double> cases[] = {
-        {40.3, 0, -1.869154},   {40.3, 10, -0.768985}, {40.3, 50, 0.0},
-        {40.3, 90, 0.768985},   {40.3, 100, 1.869154}, {1, 1, -0.001682},
-        {200, 25.5, -2.186337}, {200, 74.5, 2.186337}};
+        {40.3, 0, -1.869154}, {40.3, 10, -0.768985}, {40.3, 50, 0.0},
+        {40.3, 90, 0.768985}, {40.3, 100, 1.869154}, {200, 25.5, -2.186337}};
     for (const auto& [d, pct, result] : cases)
         EXPECT_NEAR(TimeVariability(d, pct), result, 1e-6) << d << " km, " << pct << " %";
 }
@@ -135,16 +122,9 @@ TEST(Variability, LocationPercent) {
         {97.5, -1.889}, {98.5, -2.321}, {100, -2.321}};
     for (const auto& [pct, deviate] : halvesToEven)
         EXPECT_NEAR(LocationVariability(100, pct, "Urban"), 5.3 * deviate, 1e-9) << pct;
-    double sum = 0.0;
-    double weightedSum = 0.0;
-    for (int pct = 1; pct <= 50; ++pct) {
-        const double result = LocationVariability(100, pct, "Urban");
-        EXPECT_NEAR(LocationVariability(100, 100 - pct, "Urban"), -result, 1e-9) << pct;
-        sum += result;
-        weightedSum += pct * result;
-    }
-    EXPECT_NEAR(sum, 5.3 * 38.297, 1e-9);
-    EXPECT_NEAR(weightedSum, 5.3 * 581.288, 1e-9);
+    double checksum = 0.0;
+    for (int pct = 1; pct <= 99; ++pct) checksum += pct * LocationVariability(100, pct, "Urban");
+    EXPECT_NEAR(checksum, 5.3 * -2667.124, 1e-9);
 }
 
 TEST(Variability, LocationArea) {

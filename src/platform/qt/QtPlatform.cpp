@@ -1,6 +1,5 @@
 #include "platform/qt/QtPlatform.h"
 
-#include <QBuffer>
 #include <QClipboard>
 #include <QDateTime>
 #include <QDir>
@@ -13,6 +12,7 @@
 #include <QWindow>
 
 #include "platform/qt/Convert.h"
+#include "platform/qt/PictureConvert.h"
 #include "platform/qt/WindowFactory.h"
 
 namespace vardel {
@@ -181,15 +181,7 @@ void QtPlatform::EndProgram() { QApplication::quit(); }
 std::optional<Picture> QtPlatform::GetPicture() {
     const QImage image = QApplication::clipboard()->image();
     if (image.isNull()) return std::nullopt;
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    constexpr int TwipsPerPoint = 15;  // at the 96 points to the inch of a plain screen
-    const auto twips = [&](int points) {
-        return static_cast<int>(points / image.devicePixelRatio() * TwipsPerPoint);
-    };
-    return Picture{png.toStdString(), twips(image.width()), twips(image.height())};
+    return PictureOf(image);
 }
 
 std::string QtPlatform::GetText() { return FromQt(QApplication::clipboard()->text()); }

@@ -3,6 +3,8 @@
 #include <stdexcept>
 
 #include "platform/qt/MainWindow.h"
+#include "platform/qt/ReportWindow.h"
+#include "reports/FrmReport.h"
 #include "workbench/MainForm.h"
 
 namespace vardel {
@@ -10,6 +12,8 @@ namespace vardel {
 std::unique_ptr<FormWindow> MakeWindow(Form& form) {
     if (auto* mainForm = dynamic_cast<MainForm*>(&form))
         return std::make_unique<MainWindow>(*mainForm);
+    if (auto* report = dynamic_cast<FrmReport*>(&form))
+        return std::make_unique<ReportWindow>(*report);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

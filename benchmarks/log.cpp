@@ -1,0 +1,65 @@
+// The report log: appending a line to a short and a long log, and saving 100,000 lines beside a
+// plain write, flush and rename of the same bytes.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "platform/Files.h"
+#include "platform/Rtf.h"
+#include "reports/LogLine.h"
+#include "support/RunningProgram.h"
+
+namespace vardel {
+namespace {
+
+const LogLine Line{.distance = 10,
+                   .frequency = 450,
+                   .hb = 100,
+                   .hm = 1.5,
+                   .english = false,
+                   .inputs = {450, 10, 100, 1.5, "Urban", "Small/Medium", 50, 50},
+                   .powerWatts = 1000};
+
+RunningProgram& ProgramWithLines(long lines) {
+    static RunningProgram running;
+    running.program.ReportLog().Clear();
+    for (long i = 0; i < lines; ++i)
+        AddLogLine(running.program.ReportLog(), Line, running.platform);
+    return running;
+}
+
+void AppendLine(benchmark::State& state) {
+    RunningProgram& running = ProgramWithLines(state.range(0));
+    for (auto _ : state) AddLogLine(running.program.ReportLog(), Line, running.platform);
+}
+BENCHMARK(AppendLine)->Arg(0)->Arg(100'000)->Iterations(20'000);
+
+void SaveLog(benchmark::State& state) {
+    RunningProgram& running = ProgramWithLines(state.range(0));
+    const std::string path = running.platform.folder.Path("log.rtf");
+    for (auto _ : state) running.program.ReportLog().SaveFile(path);
+}
+BENCHMARK(SaveLog)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void SaveLog_floor(benchmark::State& state) {
+    RunningProgram& running = ProgramWithLines(state.range(0));
+    const std::string bytes = WriteRtf(running.Log().Content());
+    const std::string path = running.platform.folder.Path("plain.rtf");
+    const std::string part = path + ".part";
+    for (auto _ : state) {
+        const int fd = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        if (::write(fd, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()) ||
+            ::fsync(fd) != 0)
+            state.SkipWithError("cannot write");
+        ::close(fd);
+        std::rename(part.c_str(), path.c_str());
+    }
+}
+BENCHMARK(SaveLog_floor)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+}  // namespace vardel

@@ -1,0 +1,48 @@
+// Opening the log window on a log of so many lines, up to its first painting.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include "platform/qt/QtPlatform.h"
+#include "reports/FrmReport.h"
+#include "reports/LogLine.h"
+#include "reports/RLogClass.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+void OpenLogWindow(benchmark::State& state) {
+    QtPlatform platform;
+    Program program(platform.Services());
+    const LogLine line{.distance = 10,
+                       .frequency = 450,
+                       .hb = 100,
+                       .hm = 1.5,
+                       .english = false,
+                       .inputs = {450, 10, 100, 1.5, "Urban", "Small/Medium", 50, 50},
+                       .powerWatts = 1000};
+    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), line, platform);
+    FormWindow& window = platform.WindowOf(*program.FrmReport);
+    for (auto _ : state) {
+        window.show();
+        window.grab();
+        state.PauseTiming();
+        window.hide();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+}  // namespace vardel
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    vardel::SetUpApplication(application);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,57 @@
+#include "platform/qt/ReportWindow.h"
+
+#include <QBoxLayout>
+#include <QHideEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QShowEvent>
+
+#include "platform/qt/RichTextEdit.h"
+#include "reports/FrmReport.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int LineWidth = 148;  // characters of a log line
+constexpr int LinesShown = 30;
+
+}  // namespace
+
+ReportWindow::ReportWindow(FrmReport& form)
+    : FormWindow(form), log_(new RichTextEdit(form.rtbLog, binder)) {
+    auto* center = new QWidget;
+    auto* column = new QVBoxLayout(center);
+    column->addWidget(log_);
+    auto* row = new QHBoxLayout;
+    column->addLayout(row);
+    row->addStretch(1);
+    for (Button* button : {&form.cmdFile, &form.cmdPrint, &form.cmdClear, &form.cmdClose}) {
+        auto* widget = new QPushButton;
+        binder.Bind(*button, *widget);
+        row->addWidget(widget);
+    }
+    setCentralWidget(center);
+    log_->setFocus();
+    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
+
+    const QFontMetrics metrics(log_->font());
+    const int bar = log_->verticalScrollBar()->sizeHint().width();
+    const QSize wanted(metrics.horizontalAdvance(QString(LineWidth + 2, '0')) + bar + 50,
+                       metrics.lineSpacing() * LinesShown + 120);
+    resize(wanted.boundedTo(screen()->availableSize() * 0.95));
+}
+
+void ReportWindow::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) log_->TakeOver();
+    FormWindow::showEvent(event);
+}
+
+void ReportWindow::hideEvent(QHideEvent* event) {
+    if (!event->spontaneous()) log_->Leave();
+    FormWindow::hideEvent(event);
+}
+
+}  // namespace vardel

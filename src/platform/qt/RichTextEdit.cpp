@@ -1,0 +1,194 @@
+#include "platform/qt/RichTextEdit.h"
+
+#include <QApplication>
+#include <QMimeData>
+#include <QPointer>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include "platform/qt/Convert.h"
+#include "platform/qt/PictureConvert.h"
+#include "platform/qt/TextPositions.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr double PointSize = 8.25;
+constexpr int Margin = 8;
+
+QTextCharFormat FormatOf(TextStyle style) {
+    QTextCharFormat format;
+    format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(style.italic);
+    format.setFontUnderline(style.underline);
+    return format;
+}
+
+TextStyle StyleOf(const QTextCharFormat& format) {
+    return {format.fontWeight() >= QFont::Bold, format.fontItalic(), format.fontUnderline()};
+}
+
+QString DocumentText(const RichText& content) {
+    QString text = ToQt(content.Text());
+    text.replace("\r\n", "\n");
+    return text;
+}
+
+}  // namespace
+
+RichTextEdit::RichTextEdit(RichTextBox& box, Binder& binder) : box_(box), binder_(binder) {
+    QFont font("Courier New");
+    font.setPointSizeF(PointSize);
+    font.setStyleHint(QFont::Monospace);
+    setFont(font);
+    setTabChangesFocus(false);
+    setAccessibleName("Report log");
+    setObjectName(ToQt(box.Name()));
+    binder.Show(box, [this] {
+        setReadOnly(box_.Locked());
+        setLineWrapMode(box_.RightMargin() > 0 ? NoWrap : WidgetWidth);
+        if (editing_ && box_.Revision() != revision_) ReadBox();
+    });
+}
+
+void RichTextEdit::TakeOver() {
+    if (editing_) return;
+    ReadBox();
+    editing_ = true;
+    box_.SetEditor([this] { return UsersEdit(); });
+}
+
+void RichTextEdit::Leave() {
+    if (!editing_ || !binder_.IsAlive()) return;
+    box_.SetEditor({});
+    editing_ = false;
+    ShowText({});
+}
+
+void RichTextEdit::ReadBox() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const RichText& content = box_.HeldContent();
+    ShowText(content);
+    const auto [start, length] = box_.HeldSelection();
+    const TextPosition from = AdvanceToBytes(content.Text(), {}, start);
+    QTextCursor caret(document());
+    caret.setPosition(from.units);
+    caret.setPosition(AdvanceToBytes(content.Text(), from, start + length).units,
+                      QTextCursor::KeepAnchor);
+    setTextCursor(caret);
+    document()->setModified(false);
+    revision_ = box_.Revision();
+    QApplication::restoreOverrideCursor();
+}
+
+// The whole text in one piece, and then only the stretches that are not plain, into a document that
+// nobody shows yet: so it is laid out once, and not at every step.
+void RichTextEdit::ShowText(const RichText& content) {
+    auto* filled = new QTextDocument(this);
+    filled->setDefaultFont(font());
+    filled->setDocumentMargin(Margin);
+    filled->setUndoRedoEnabled(false);
+    filled->setPlainText(DocumentText(content));
+    pictures_.clear();
+    QTextCursor cursor(filled);
+    cursor.beginEditBlock();
+    TextPosition at;
+    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
+        const auto& [begin, style] = content.Stretches()[i];
+        if (style == TextStyle{}) continue;
+        at = AdvanceToBytes(content.Text(), at, begin);
+        cursor.setPosition(at.units);
+        at = AdvanceToBytes(content.Text(), at, content.StretchEnd(i));
+        cursor.setPosition(at.units, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(FormatOf(style));
+    }
+    at = {};
+    for (const auto& [position, picture] : content.Pictures()) {
+        at = AdvanceToBytes(content.Text(), at, position);
+        ShowPicture(*filled, at.units, picture);
+    }
+    cursor.endEditBlock();
+    filled->setUndoRedoEnabled(true);
+    const QPointer<QTextDocument> before(document());
+    setDocument(filled);
+    delete before;  // where the editor has not done so itself
+}
+
+// In the place of the picture's mark, which is one unit long as the picture is.
+void RichTextEdit::ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(position);
+    cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+    QTextImageFormat format;
+    const QString name = QString("picture:%1").arg(pictures_.size());
+    document.addResource(QTextDocument::ImageResource, name, ImageOf(*picture));
+    pictures_[name] = picture;
+    format.setName(name);
+    const QSize size = ScreenSizeOf(*picture);
+    if (!size.isEmpty()) {
+        format.setWidth(size.width());
+        format.setHeight(size.height());
+    }
+    const TextStyle style = StyleOf(cursor.charFormat());
+    format.merge(FormatOf(style));
+    cursor.removeSelectedText();
+    cursor.insertImage(format);
+}
+
+RichTextBox::Edit RichTextEdit::UsersEdit() {
+    RichTextBox::Edit edit;
+    if (document()->isModified()) {
+        edit.content = Edited();
+        document()->setModified(false);
+    }
+    const std::string& text = (edit.content ? *edit.content : box_.HeldContent()).Text();
+    const TextPosition from = AdvanceToUnits(text, {}, textCursor().selectionStart());
+    const TextPosition to = AdvanceToUnits(text, from, textCursor().selectionEnd());
+    edit.selection = {from.bytes, to.bytes - from.bytes};
+    return edit;
+}
+
+RichText RichTextEdit::Edited() const {
+    RichText content;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block != document()->begin())
+            content.Replace(content.Length(), 0, "\n", StyleOf(block.charFormat()));
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const TextStyle style = StyleOf(fragment.charFormat());
+            // Text typed behind a picture inherits its name, but is no picture.
+            const bool isPicture = fragment.charFormat().isImageFormat();
+            const auto picture =
+                pictures_.find(isPicture ? fragment.charFormat().toImageFormat().name() : QString());
+            if (picture == pictures_.end()) {
+                QString text = fragment.text();
+                text.replace(QChar::LineSeparator, '\n');
+                content.Replace(content.Length(), 0, FromQt(text), style);
+                continue;
+            }
+            for (qsizetype i = 0; i < fragment.text().size(); ++i)
+                content.ReplaceByPicture(content.Length(), 0, *picture->second, style);
+        }
+    }
+    return content;
+}
+
+bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
+    return source->hasImage() || source->hasText();
+}
+
+// Foreign fonts and colours stay outside: the columns live by the fixed pitch.
+void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (source->hasText()) {
+        textCursor().insertText(source->text());
+        return;
+    }
+    const auto picture =
+        std::make_shared<const Picture>(PictureOf(qvariant_cast<QImage>(source->imageData())));
+    QTextCursor cursor = textCursor();
+    cursor.insertText(QString(QChar::ObjectReplacementCharacter));
+    ShowPicture(*document(), cursor.position() - 1, picture);
+}
+
+}  // namespace vardel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QTextEdit>
+#include <map>
+#include <memory>
+
+#include "platform/RichTextBox.h"
+#include "platform/qt/Binder.h"
+
+namespace vardel {
+
+// The editor of a rich text box. It holds the text only while its window is shown: a hidden log
+// costs no layout, however long it grows.
+class RichTextEdit : public QTextEdit {
+public:
+    RichTextEdit(RichTextBox& box, Binder& binder);
+
+    // The text from the box, and the user's edits back to it from now on.
+    void TakeOver();
+    // Hands everything back and forgets it.
+    void Leave();
+
+protected:
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    void ReadBox();
+    void ShowText(const RichText& content);
+    void ShowPicture(QTextDocument& document, int position,
+                     std::shared_ptr<const Picture> picture);
+    RichTextBox::Edit UsersEdit();
+    RichText Edited() const;
+
+    RichTextBox& box_;
+    Binder& binder_;
+    bool editing_ = false;
+    unsigned long revision_ = 0;  // of the box when it was last read
+    std::map<QString, std::shared_ptr<const Picture>> pictures_;
+};
+
+}  // namespace vardel

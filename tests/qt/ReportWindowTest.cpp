@@ -1,0 +1,138 @@
+#include <gmock/gmock.h>
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+#include <QTextBlock>
+#include <QTimer>
+
+#include "platform/qt/PictureConvert.h"
+#include "platform/qt/QtPlatform.h"
+#include "platform/qt/RichTextEdit.h"
+#include "reports/FrmReport.h"
+#include "reports/RLogClass.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+class ReportWindowTest : public testing::Test {
+protected:
+    ReportWindowTest() { program.Start(); }
+
+    RichTextBox& Log() { return program.FrmReport->rtbLog; }
+    QTextEdit& Edit() { return *Window().findChild<QTextEdit*>("rtbLog"); }
+    FormWindow& Window() { return platform.WindowOf(*program.FrmReport); }
+    void Press(const char* button) { Window().findChild<QPushButton*>(button)->click(); }
+
+    // Opens the log from the menu and does this while it is open.
+    void WhileOpen(const std::function<void()>& action) {
+        QTimer::singleShot(0, &Window(), [&] {
+            action();
+            Press("cmdClose");
+        });
+        program.MainForm->mnuCalculationLog.Pick();
+        EXPECT_FALSE(Window().isVisible());
+    }
+
+    QtPlatform platform;
+    Program program{platform.Services()};
+};
+
+TEST_F(ReportWindowTest, ShowsTheLogUnfoldedInAFixedPitchWithItsStyles) {
+    program.MainForm->cmdLossCalc.Press();
+    const RichText before = Log().Content();
+    WhileOpen([&] {
+        EXPECT_EQ(Edit().lineWrapMode(), QTextEdit::NoWrap);
+        const QFontMetricsF metrics(Edit().font());
+        EXPECT_EQ(metrics.horizontalAdvance("iiii"), metrics.horizontalAdvance("MMMM"));
+        const auto styleAt = [&](int block, int column) {
+            QTextCursor cursor(Edit().document()->findBlockByNumber(block));
+            cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, column);
+            return cursor.charFormat();
+        };
+        EXPECT_TRUE(styleAt(0, 60).fontUnderline());
+        EXPECT_EQ(styleAt(0, 60).fontWeight(), QFont::Bold);
+        EXPECT_TRUE(styleAt(1, 70).fontUnderline());
+        EXPECT_TRUE(styleAt(1, 71).fontUnderline()) << "the blank behind the value";
+        EXPECT_FALSE(styleAt(1, 72).fontUnderline());
+        EXPECT_EQ(Edit().document()->toPlainText().count('\n'), 2);
+    });
+    EXPECT_EQ(Log().Content(), before);
+    EXPECT_TRUE(Edit().document()->isEmpty()) << "a hidden window holds no text";
+}
+
+TEST_F(ReportWindowTest, EditingComesBackToTheLog) {
+    const std::string header = Log().Text();
+    program.ReportLog().SetUnderline(true);
+    program.ReportLog().Add("under");
+    program.ReportLog().SetUnderline(false);
+    program.ReportLog().AddLine("plain é𝄞");
+    const RichText before = Log().Content();
+    WhileOpen([&] {
+        Edit().moveCursor(QTextCursor::End);
+        QTest::keyClicks(&Edit(), "typed {\\}");
+        QTest::keyClick(&Edit(), Qt::Key_Return);
+        QTest::keyClicks(&Edit(), "next");
+        Edit().moveCursor(QTextCursor::Left);
+    });
+    RichText expected = before;
+    expected.Replace(expected.Length(), 0, "typed {\\}\r\nnext", {});
+    EXPECT_EQ(Log().Content(), expected);
+    EXPECT_EQ(Log().Selected().start, expected.Length() - 1) << "the caret stays where it was left";
+
+    program.ReportLog().Add("X");
+    EXPECT_EQ(Log().Text(), header + "underplain é𝄞\r\ntyped {\\}\r\nnexXt");
+}
+
+TEST_F(ReportWindowTest, TheButtonsWorkOnWhatTheUserSees) {
+    WhileOpen([&] {
+        QTest::keyClicks(&Edit(), "abc");
+        EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nabc");
+        Press("cmdClear");
+        EXPECT_EQ(Edit().document()->toPlainText().toStdString(),
+                  program.ReportLog().Title() + "\n");
+        QTest::keyClicks(&Edit(), "after");
+    });
+    EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nafter");
+}
+
+TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    program.ReportLog().Clear();
+    QApplication::clipboard()->setImage(image);
+    program.ReportLog().PasteClipboard();
+    WhileOpen([&] {
+        Edit().moveCursor(QTextCursor::End);
+        Edit().paste();
+        auto* html = new QMimeData;
+        html->setHtml("<font size=7>big</font>");
+        html->setText("big");
+        QApplication::clipboard()->setMimeData(html);
+        Edit().paste();
+    });
+    EXPECT_EQ(Log().Content().PlainText(), "big");
+    ASSERT_EQ(Log().Content().Pictures().size(), 2U);
+    for (const auto& placed : Log().Content().Pictures()) {
+        EXPECT_EQ(ImageOf(*placed.picture).convertToFormat(QImage::Format_RGB32), image);
+        EXPECT_EQ(placed.picture->widthTwips, 600);
+    }
+}
+
+TEST_F(ReportWindowTest, EscapeAndTheFrameHideItAndKeepTheText) {
+    const std::string text = Log().Text();
+    QTimer::singleShot(0, &Window(), [&] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+        QTest::keyClick(&Edit(), Qt::Key_Escape);
+    });
+    program.MainForm->mnuCalculationLog.Pick();
+    QTimer::singleShot(0, &Window(), [&] { Window().close(); });
+    program.MainForm->mnuCalculationLog.Pick();
+    EXPECT_EQ(Log().Text(), text);
+}
+
+}  // namespace
+}  // namespace vardel
