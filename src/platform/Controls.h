@@ -97,6 +97,9 @@ public:
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+    // In words what the colour tells, for those who do not see it.
+    const std::string& StateText() const { return stateText_; }
+    void SetStateText(std::string text) { Assign(stateText_, std::move(text)); }
 
     Event MouseDown;
     Event MouseUp;
@@ -104,6 +107,7 @@ public:
 
 private:
     std::string caption_;
+    std::string stateText_;
 };
 
 class Button : public Control {

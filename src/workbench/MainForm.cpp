@@ -2,6 +2,7 @@
 
 #include "reports/RLogClass.h"
 #include "workbench/Program.h"
+#include "workbench/Units.h"
 
 namespace vardel {
 
@@ -54,22 +55,23 @@ void MainForm::SetAppearance() {
 }
 
 void MainForm::WireEvents() {
-    for (TextBox* box : {&txtFreq, &txtDist, &txthb, &txthm})
-        box->Change = [this] { MarkValuesStale(); };
-    cmbcitysize.Click = [this] { MarkValuesStale(); };
-    cmbareatype.Click = [this] { cmbareatype_Click(); };
+    WireInputRules();
+    WireRangeHints();
     cmdLossCalc.Click = [this] { cmdLossCalc_Click(); };
 
     mnuFileNew.Click = [this] { SetDefaultInputs(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
+    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuHideShow.Click = [this] { mnuHideShow_Click(); };
     mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 
     // What these lead to is not there yet.
     for (MenuItem* entry :
-         {&mnuUnitsMetric, &mnuUnitsEnglish, &mnuCalculationLogDist, &mnuHideShow, &mnuGraphdBloss,
-          &mnuOkumGraphFieldStrength, &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength,
-          &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpVardel, &mnuHelpAbout})
+         {&mnuCalculationLogDist, &mnuGraphdBloss, &mnuOkumGraphFieldStrength,
+          &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength, &mnuGraphCompare,
+          &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpVardel, &mnuHelpAbout})
         entry->SetEnabled(false);
 }
 

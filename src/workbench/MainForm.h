@@ -114,7 +114,15 @@ private:
     void ShowResults(const LogLine& line);
 
     // MainFormInputRules.cpp
+    void WireInputRules();
     void cmbareatype_Click();
+    void txtPowerUnit_LostFocus();
+    void cmbPowerUnit_Click();
+
+    // MainFormRangeHints.cpp
+    void WireRangeHints();
+    void EndRangeHint();
+    void mnuHideShow_Click();
 
     // MainFormStart.cpp
     void Form_Load() override;

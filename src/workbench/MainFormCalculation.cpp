@@ -3,10 +3,11 @@
 #include "models/ModCalculations.h"
 #include "reports/LogLine.h"
 #include "reports/RLogClass.h"
+#include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
-#include "workbench/UnitFactors.h"
+#include "workbench/Units.h"
 
 namespace vardel {
 
@@ -46,12 +47,8 @@ std::optional<LogLine> MainForm::ReadRunInputs() {
     std::size_t n = 0;
     for (const auto& [box, head] : {std::pair(&txtFreq, &Label1), std::pair(&txtDist, &Label2),
                                     std::pair(&txthb, &Label3), std::pair(&txthm, &Label4)}) {
-        const auto number = WholeTextNumber(box->Text());
-        if (!number) {
-            GetPlatform().windows.ShowMessage(
-                {.text = head->Caption() + " must be a number, not \"" + box->Text() + "\""});
-            return std::nullopt;
-        }
+        const auto number = ReadNumberBox(*box, *head, *this);
+        if (!number) return std::nullopt;
         numbers[n++] = *number;
     }
     const auto [frequency, distance, hb, hm] = numbers;
@@ -96,7 +93,9 @@ void MainForm::ShowResults(const LogLine& line) {
         (this->*result.label).SetCaption(FormatNumber(result.function(in), "###0.00"));
     for (const Result& result : Results) {
         const bool inRange = ModelInRange(result.model, in.f, in.hb, in.hm, in.d, in.area);
-        (this->*result.label).SetBackColor(inRange ? White : program_.OutOfRangeColor);
+        Label& label = this->*result.label;
+        label.SetBackColor(inRange ? White : program_.OutOfRangeColor);
+        label.SetStateText(inRange ? "In the model's range" : "Out of the model's range");
     }
 }
 

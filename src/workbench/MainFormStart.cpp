@@ -5,6 +5,7 @@
 #include "reports/RLogClass.h"
 #include "workbench/MainForm.h"
 #include "workbench/Program.h"
+#include "workbench/Units.h"
 
 namespace vardel {
 
@@ -34,6 +35,8 @@ void MainForm::SetDefaultInputs() {
     mnuUnitsMetric.SetChecked(true);
     mnuUnitsEnglish.SetChecked(false);
     for (Label* value : {&lblcost231, &lblFITU529, &lblFCost231}) value->SetBackColor(Black);
+    // Metric is marked already, so the other forms keep their units until they are next opened.
+    SetMetricUnits(program_);
 }
 
 void MainForm::mnuFileExit_Click() {

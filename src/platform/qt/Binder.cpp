@@ -171,6 +171,7 @@ void Binder::Bind(Label& label, QLabel& widget) {
         BindCommon(label, widget);
         SetColors(widget, label);
         widget.setText(ToQt(label.Caption()).trimmed());  // the layout does the spacing
+        if (!label.StateText().empty()) widget.setAccessibleDescription(ToQt(label.StateText()));
     });
     widget.installEventFilter(new MouseFilter(label, alive_, widget));
 }

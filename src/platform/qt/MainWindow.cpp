@@ -1,11 +1,14 @@
 #include "platform/qt/MainWindow.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <utility>
 
 #include "platform/qt/Convert.h"
 #include "workbench/MainForm.h"
@@ -30,7 +33,8 @@ int WidthOf(const QWidget& widget, int characters) {
 
 }  // namespace
 
-MainWindow::MainWindow(MainForm& form) : FormWindow(form) {
+MainWindow::MainWindow(MainForm& form)
+    : FormWindow(form), heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]} {
     auto* center = new QWidget;
     auto* column = new QVBoxLayout(center);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -41,6 +45,40 @@ MainWindow::MainWindow(MainForm& form) : FormWindow(form) {
     setCentralWidget(center);
     SetTabOrder();
     findChild<QLineEdit*>(ToQt(form.txtFreq.Name()))->setFocus();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const int column = event->key() - Qt::Key_1;
+    const bool isHead = column >= 0 && column < static_cast<int>(heads_.size());
+    if (!isHead || event->modifiers() != Qt::ControlModifier || !binder.IsAlive()) {
+        FormWindow::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat() || heldKey_ != 0) return;
+    heldKey_ = event->key();
+    qApp->installEventFilter(this);
+    heads_[static_cast<std::size_t>(column)]->MouseDown.Raise();
+}
+
+// While a key is held: its release may come to any widget.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyRelease) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == heldKey_ && !key->isAutoRepeat()) EndHeldHint();
+    }
+    return FormWindow::eventFilter(watched, event);
+}
+
+// The release of a key that is let go in another window comes there.
+void MainWindow::changeEvent(QEvent* event) {
+    FormWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) EndHeldHint();
+}
+
+void MainWindow::EndHeldHint() {
+    if (std::exchange(heldKey_, 0) == 0) return;
+    qApp->removeEventFilter(this);
+    if (binder.IsAlive()) heads_[0]->MouseUp.Raise();
 }
 
 QLabel* MainWindow::AddLabel(Label& label, QGridLayout& grid, int row, int column,
@@ -121,7 +159,8 @@ void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int ro
     grid.addWidget(head, row, 0, 2, 1);
     for (std::size_t i = 0; i < labels.models.size(); ++i) {
         const int column = 2 + 3 * static_cast<int>(i);
-        AddLabel(*labels.models[i], grid, row, column);
+        AddLabel(*labels.models[i], grid, row, column)
+            ->setAccessibleDescription(QString("Hold Ctrl+%1 to see the range").arg(i + 1));
         auto* value = AddLabel(*labels.values[i], grid, row + 1, column, {});
         value->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

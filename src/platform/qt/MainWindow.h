@@ -16,7 +16,15 @@ class MainWindow : public FormWindow {
 public:
     explicit MainWindow(MainForm& form);
 
+protected:
+    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse.
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    void EndHeldHint();
+
     QWidget* MakeInputs(MainForm& form);
     QWidget* MakeResults(MainForm& form);
     QWidget* MakePower(MainForm& form);
@@ -36,6 +44,9 @@ private:
         std::array<Label*, 3> units;
     };
     void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
+
+    std::array<Label*, 3> heads_;
+    int heldKey_ = 0;  // 0: none
 };
 
 }  // namespace vardel

@@ -35,7 +35,8 @@ ReportWindow::ReportWindow(FrmReport& form)
     }
     setCentralWidget(center);
     log_->setFocus();
-    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
+    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
+                     [this] { close(); });
 
     const QFontMetrics metrics(log_->font());
     const int bar = log_->verticalScrollBar()->sizeHint().width();

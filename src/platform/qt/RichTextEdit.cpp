@@ -116,7 +116,8 @@ void RichTextEdit::ShowText(const RichText& content) {
 }
 
 // In the place of the picture's mark, which is one unit long as the picture is.
-void RichTextEdit::ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture) {
+void RichTextEdit::ShowPicture(QTextDocument& document, int position,
+                               std::shared_ptr<const Picture> picture) {
     QTextCursor cursor(&document);
     cursor.setPosition(position);
     cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
@@ -159,8 +160,8 @@ RichText RichTextEdit::Edited() const {
             const TextStyle style = StyleOf(fragment.charFormat());
             // Text typed behind a picture inherits its name, but is no picture.
             const bool isPicture = fragment.charFormat().isImageFormat();
-            const auto picture =
-                pictures_.find(isPicture ? fragment.charFormat().toImageFormat().name() : QString());
+            const auto picture = pictures_.find(
+                isPicture ? fragment.charFormat().toImageFormat().name() : QString());
             if (picture == pictures_.end()) {
                 QString text = fragment.text();
                 text.replace(QChar::LineSeparator, '\n');

@@ -27,8 +27,7 @@ protected:
 private:
     void ReadBox();
     void ShowText(const RichText& content);
-    void ShowPicture(QTextDocument& document, int position,
-                     std::shared_ptr<const Picture> picture);
+    void ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture);
     RichTextBox::Edit UsersEdit();
     RichText Edited() const;
 

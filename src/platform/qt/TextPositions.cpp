@@ -10,11 +10,11 @@ namespace {
 void Step(std::string_view text, TextPosition& at) {
     const auto first = static_cast<unsigned char>(text[at.bytes]);
     const bool lineEnd = first == '\r' && text.substr(at.bytes + 1, 1) == "\n";
-    const std::size_t length = lineEnd         ? 2
-                               : first < 0xC0  ? 1
-                               : first < 0xE0  ? 2
-                               : first < 0xF0  ? 3
-                                               : 4;
+    const std::size_t length = lineEnd        ? 2
+                               : first < 0xC0 ? 1
+                               : first < 0xE0 ? 2
+                               : first < 0xF0 ? 3
+                                              : 4;
     at.bytes = std::min(at.bytes + length, text.size());
     at.units += length == 4 ? 2 : 1;
 }

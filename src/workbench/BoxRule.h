@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/Controls.h"
+
+namespace vardel {
+
+// How a number box is put right when the focus leaves it. The limits are for the number as it
+// stands in the box, in whatever units that shows.
+struct BoxRule {
+    double lowest;
+    double highest;
+    double replacement;
+    const char* message;
+    const char* pattern;  // of what is written back; null: the shortest text
+};
+
+// The pattern of the boxes for frequency, distance and heights.
+constexpr const char* InputPattern = "#####0.0###";
+
+// Reads the box's leading number; outside the limits it shows the message and takes the
+// replacement. Writes the number back in any case.
+void ApplyBoxRule(TextBox& box, const BoxRule& rule, Form& form);
+
+// The whole text of the box as a number. Nothing, with a message that names the box by the caption
+// of its label, when it is none.
+std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form);
+
+}  // namespace vardel
