@@ -5,6 +5,7 @@
 
 #include "platform/Clock.h"
 #include "platform/RichText.h"
+#include "platform/SettingsStore.h"
 
 // What the program asks of the outside.
 
@@ -64,8 +65,21 @@ public:
     virtual std::string GetText() = 0;
 };
 
+// The viewer of the help, and of documents that belong to other programs.
+class Help {
+public:
+    virtual ~Help() = default;
+    // F1 shows its topics from now on.
+    virtual void SetFile(const std::string& path) = 0;
+    virtual void Quit() = 0;
+    // With the system's default action, its result not looked at.
+    virtual void OpenDocument(const std::string& path) = 0;
+};
+
 struct Platform {
     Windows& windows;
+    SettingsStore& settings;
+    Help& help;
     Clipboard& clipboard;
     Clock& clock;
     std::string applicationTitle;

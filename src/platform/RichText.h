@@ -25,7 +25,8 @@ struct Picture {
 };
 
 // Text in stretches of a style, with pictures. Appending costs the same at any length. Positions
-// and lengths count bytes of the UTF-8 text.
+// and lengths count bytes of the UTF-8 text; none may part a character, a line end or a picture's
+// mark.
 class RichText {
 public:
     // What stands in the text in the place of a picture: U+FFFC, the object replacement character.

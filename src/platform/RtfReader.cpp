@@ -21,6 +21,7 @@ constexpr std::array<char16_t, 32> Cp1252 = {
 constexpr std::size_t DeepestGroup = 256;
 
 constexpr int LargestParameter = 1'000'000'000;
+constexpr int LargestPictureTwips = 1'000'000;
 
 int HexValue(char c) {
     if (c >= '0' && c <= '9') return c - '0';
@@ -182,9 +183,9 @@ private:
         else if (word == "pngblip")
             pictureIsPng_ = true;
         else if (word == "picwgoal")
-            picture_.widthTwips = std::clamp(control.parameter, 0, 32767);
+            picture_.widthTwips = std::clamp(control.parameter, 0, LargestPictureTwips);
         else if (word == "pichgoal")
-            picture_.heightTwips = std::clamp(control.parameter, 0, 32767);
+            picture_.heightTwips = std::clamp(control.parameter, 0, LargestPictureTwips);
         else if (!NamedCharacter(word) && IsSkippedDestination(word))
             group_.destination = Destination::Skipped;
     }

@@ -134,6 +134,7 @@ void Binder::BindCommon(Control& control, QWidget& widget) {
     const bool hidden = widget.testAttribute(Qt::WA_WState_ExplicitShowHide) && widget.isHidden();
     if (hidden == control.Visible()) widget.setVisible(control.Visible());
     widget.setToolTip(ToQt(control.ToolTipText()));
+    widget.setProperty("helpTopic", control.HelpContextID());
 }
 
 void Binder::Bind(TextBox& box, QLineEdit& edit) {
@@ -207,6 +208,7 @@ void Binder::BindMenu(MenuItem& menu, QMenuBar& bar) {
     Show(menu, [&menu, widget] {
         widget->setObjectName(ToQt(menu.Name()));
         widget->setTitle(ToQt(menu.Caption()));
+        widget->setProperty("helpTopic", menu.HelpContextID());
         widget->menuAction()->setVisible(menu.Visible());
         widget->setEnabled(menu.Enabled());
     });

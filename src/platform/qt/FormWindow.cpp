@@ -27,6 +27,7 @@ void FormWindow::Release() {
 
 void FormWindow::ShowProperties() {
     setWindowTitle(ToQt(form_->Caption()));
+    setProperty("helpTopic", form_->HelpContextID());
     QPalette colors = palette();
     colors.setColor(QPalette::Window, ToQt(form_->BackColor()));
     setPalette(colors);

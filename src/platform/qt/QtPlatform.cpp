@@ -90,6 +90,8 @@ QtPlatform::~QtPlatform() = default;
 
 Platform QtPlatform::Services() {
     return {*this,
+            settings_,
+            help_,
             *this,
             *this,
             FromQt(QApplication::applicationName()),

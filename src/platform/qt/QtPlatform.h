@@ -7,6 +7,8 @@
 
 #include "platform/Platform.h"
 #include "platform/qt/FormWindow.h"
+#include "platform/qt/QtHelp.h"
+#include "platform/qt/QtSettings.h"
 
 namespace vardel {
 
@@ -34,7 +36,11 @@ public:
     std::string GetText() override;
     CalendarTime Now() override;
 
+    QtHelp& GetHelp() { return help_; }
+
 private:
+    QtSettings settings_;
+    QtHelp help_;
     std::map<Form*, std::unique_ptr<FormWindow>> windows_;
     // Of forms that are gone: an event of theirs may still be on the stack.
     std::vector<std::unique_ptr<FormWindow>> released_;

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace vardel {
+
+// The user's store of texts, each found by application, section and key.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+
+    // An empty text where nothing is stored.
+    virtual std::string Read(const std::string& application, const std::string& section,
+                             const std::string& key) = 0;
+    virtual void Write(const std::string& application, const std::string& section,
+                       const std::string& key, const std::string& text) = 0;
+    virtual void Delete(const std::string& application, const std::string& section,
+                        const std::string& key) = 0;
+};
+
+}  // namespace vardel
