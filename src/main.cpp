@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "platform/qt/QtPlatform.h"
+#include "platform/qt/SessionEnd.h"
 #include "workbench/Program.h"
 
 int main(int argc, char** argv) {
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
     vardel::SetUpApplication(application);
     vardel::QtPlatform platform;
     vardel::Program program(platform.Services());
+    const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); });
     program.Start();
     return QApplication::exec();
 }

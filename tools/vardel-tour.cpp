@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "help/ContextIDs.h"
+#include "platform/Files.h"
 #include "platform/qt/QtPlatform.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
@@ -39,9 +41,13 @@ bool TakeModalPicture(vardel::QtPlatform& platform, vardel::Form& form, const QD
     return good;
 }
 
-int Tour(const QDir& pictures) {
+// scratch stands for the folder of the program, with measured data for the graphs.
+int Tour(const QDir& pictures, const std::string& scratch) {
+    vardel::ReplaceFile(scratch + "/measured.csv", "0,450,0.5,Urban,1.5,1,100\n10,49.9\n20,38.2\n");
     vardel::QtPlatform platform;
-    vardel::Program program(platform.Services());
+    vardel::Platform services = platform.Services();
+    services.programDirectory = scratch;
+    vardel::Program program(services);
     program.Start();
     QWidget& window = platform.WindowOf(*program.MainForm);
     auto* calculate = window.findChild<QPushButton*>("cmdLossCalc");
@@ -55,6 +61,8 @@ int Tour(const QDir& pictures) {
         calculate->click();
     }
     good &= TakeModalPicture(platform, *program.FrmReport, pictures, "report-log");
+    platform.GetHelp().ShowTopic(vardel::TopicInputs);
+    good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;
 }
 
@@ -66,6 +74,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QTemporaryDir scratch;
+    if (!scratch.isValid()) return 1;
     for (const char* folder : {"XDG_STATE_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
         qputenv(folder, scratch.path().toUtf8());
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -73,5 +82,5 @@ int main(int argc, char** argv) {
     vardel::SetUpApplication(application);
     const QDir pictures(QString::fromLocal8Bit(argv[1]));
     if (!pictures.mkpath(".")) return 1;
-    return Tour(pictures);
+    return Tour(pictures, scratch.path().toStdString());
 }

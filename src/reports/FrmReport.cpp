@@ -15,8 +15,7 @@ constexpr int RichTextFilter = 3;
 
 }  // namespace
 
-FrmReport::FrmReport(Program& program)
-    : Form(program.platform, "FrmReport", "Calculation Log"), program_(program) {
+FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Calculation Log") {
     cmdClear.Click = [this] { cmdClear_Click(); };
     cmdClose.Click = [this] { cmdClose_Click(); };
     cmdFile.Click = [this] { cmdFile_Click(); };

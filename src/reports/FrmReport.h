@@ -34,8 +34,6 @@ private:
     void cmdFile_Click();
 
     void SaveTo(const SaveChoice& choice);
-
-    Program& program_;
 };
 
 }  // namespace vardel

@@ -9,12 +9,6 @@
 
 namespace vardel {
 
-namespace {
-
-constexpr int UnfoldedMargin = 32000;  // twips; a log line is never that long
-
-}  // namespace
-
 RLogClass::RLogClass(Program& program) : program_(program) { SetTitle("Report Log"); }
 
 RLogClass::~RLogClass() { program_.FrmReport->Unload(); }

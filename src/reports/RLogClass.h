@@ -13,6 +13,8 @@ class Program;
 // which is loaded, hidden, from the making of this object to its end.
 class RLogClass {
 public:
+    static constexpr int UnfoldedMargin = 32000;  // twips; a log line is never that long
+
     explicit RLogClass(Program& program);
     RLogClass(const RLogClass&) = delete;
     RLogClass& operator=(const RLogClass&) = delete;

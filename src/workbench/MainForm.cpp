@@ -1,5 +1,6 @@
 #include "workbench/MainForm.h"
 
+#include "help/ContextIDs.h"
 #include "reports/RLogClass.h"
 #include "workbench/Program.h"
 #include "workbench/Units.h"
@@ -8,8 +9,10 @@ namespace vardel {
 
 MainForm::MainForm(Program& program)
     : Form(program.platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
-      program_(program) {
+      program_(program),
+      tempLog_(program.platform.stateDirectory) {
     SetAppearance();
+    SetHelpTopics();
     WireEvents();
 }
 
@@ -54,6 +57,23 @@ void MainForm::SetAppearance() {
     mnuUnitsEnglish.SetCheckable(true);
 }
 
+void MainForm::SetHelpTopics() {
+    SetHelpContextID(TopicInputs);
+    for (Control* inputs : {static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
+                            static_cast<Control*>(&txtFreq), static_cast<Control*>(&txtDist),
+                            static_cast<Control*>(&txthb), static_cast<Control*>(&txthm)})
+        inputs->SetHelpContextID(TopicInputs);
+    cmbareatype.SetHelpContextID(TopicArea);
+    cmbcitysize.SetHelpContextID(TopicArea);
+    txtPctTime.SetHelpContextID(TopicPercentTime);
+    txtPctLoc.SetHelpContextID(TopicPercentLocation);
+    cmdLossCalc.SetHelpContextID(TopicCalculation);
+    mnuFile.SetHelpContextID(TopicFileMenu);
+    mnuUnits.SetHelpContextID(TopicUnitsMenu);
+    mnuCalculation.SetHelpContextID(TopicCalculation);
+    mnuHelp.SetHelpContextID(TopicHelpMenu);
+}
+
 void MainForm::WireEvents() {
     WireInputRules();
     WireRangeHints();
@@ -63,15 +83,16 @@ void MainForm::WireEvents() {
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuHelpVardel.Click = [this] { OpenManual(program_); };
+    lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
     mnuHideShow.Click = [this] { mnuHideShow_Click(); };
     mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 
     // What these lead to is not there yet.
-    for (MenuItem* entry :
-         {&mnuCalculationLogDist, &mnuGraphdBloss, &mnuOkumGraphFieldStrength,
-          &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength, &mnuGraphCompare,
-          &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpVardel, &mnuHelpAbout})
+    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuGraphdBloss, &mnuOkumGraphFieldStrength,
+                            &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength,
+                            &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpAbout})
         entry->SetEnabled(false);
 }
 

@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "platform/Controls.h"
+#include "reports/TempLog.h"
+#include "settings/Registry.h"
 
 namespace vardel {
 
@@ -19,6 +21,8 @@ public:
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
     void SetDefaultInputs();
+    // Saves as an exit does that retains the log, and asks nothing.
+    void EndSession();
 
     Frame Frame1{*this, "Frame1", "Input Parameters"};
     Label Label1{*this, "Label1", "Frequency"};
@@ -105,6 +109,7 @@ public:
 private:
     // MainForm.cpp
     void SetAppearance();
+    void SetHelpTopics();
     void WireEvents();
 
     // MainFormCalculation.cpp
@@ -123,13 +128,24 @@ private:
     void WireRangeHints();
     void EndRangeHint();
     void mnuHideShow_Click();
+    void lblFieldStrength_DblClick();
 
     // MainFormStart.cpp
     void Form_Load() override;
     void Form_Unload() override;
     void mnuFileExit_Click();
+    void FillFromHost();
+    void FillFromSettings();
+    void RestoreUnits();
+    void BeginLog();
+    void ReadMeasuredTables();
+    void HandBackToHost();
+    void SaveSettings(bool retainLog);
 
     Program& program_;
+    std::optional<Registry> registry_;  // from Form_Load on
+    TempLog tempLog_;
+    bool CalledFromHost = false;
 };
 
 }  // namespace vardel

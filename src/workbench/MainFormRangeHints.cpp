@@ -1,5 +1,7 @@
 #include <array>
 
+#include "graphs/MeasuredData.h"
+#include "reports/RLogClass.h"
 #include "workbench/MainForm.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
@@ -76,6 +78,11 @@ void MainForm::mnuHideShow_Click() {
     const bool hide = mnuHideShow.Caption() == Hide;
     mnuHideShow.SetCaption(hide ? "&Show Out of Range Values" : Hide);
     program_.OutOfRangeColor = hide ? HiddenColor : ShownColor;
+}
+
+// Into the log, which its next saving takes to the file.
+void MainForm::lblFieldStrength_DblClick() {
+    program_.ReportLog().Add(MeasuredListing(program_.MeasuredTable));
 }
 
 }  // namespace vardel

@@ -1,20 +1,144 @@
+#include <array>
+
+#include "graphs/MeasuredData.h"
+#include "help/ContextIDs.h"
 #include "models/Primitives.h"
-#include "platform/Files.h"
 #include "reports/FrmReport.h"
 #include "reports/LogLine.h"
 #include "reports/RLogClass.h"
 #include "workbench/MainForm.h"
+#include "workbench/NumberText.h"
 #include "workbench/Program.h"
 #include "workbench/Units.h"
 
 namespace vardel {
 
+namespace {
+
+constexpr const char* SettingsSection = "Loss_FieldStrength";
+
+struct StoredBox {
+    const char* key;
+    TextBox MainForm::*box;
+};
+
+constexpr std::array<StoredBox, 6> StoredBoxes = {{
+    {"PCTTIME", &MainForm::txtPctTime},
+    {"PCTLOC", &MainForm::txtPctLoc},
+    {"Dist", &MainForm::txtDist},
+    {"Freq", &MainForm::txtFreq},
+    {"HB", &MainForm::txthb},
+    {"HM", &MainForm::txthm},
+}};
+
+struct StoredList {
+    const char* key;
+    ComboBox MainForm::*list;
+};
+
+constexpr std::array<StoredList, 2> StoredLists = {{
+    {"AreaType", &MainForm::cmbareatype},
+    {"CitySize", &MainForm::cmbcitysize},
+}};
+
+// A box as the host knows it: metric, and percentages as fractions.
+struct HostBox {
+    const char* parameter;
+    TextBox MainForm::*box;
+    double boxPerParameter;
+    double metricPerEnglish;  // of what the box shows when English units are on
+};
+
+constexpr std::array<HostBox, 6> HostBoxes = {{
+    {"PctTime_pct", &MainForm::txtPctTime, 100.0, 1.0},
+    {"PctLoc_pct", &MainForm::txtPctLoc, 100.0, 1.0},
+    {"TxHt_m", &MainForm::txthb, 1.0, MetresPerFoot},
+    {"RxHt_m", &MainForm::txthm, 1.0, MetresPerFoot},
+    {"Dist_Km", &MainForm::txtDist, 1.0, KmPerMile},
+    {"TxFreq_MHz", &MainForm::txtFreq, 1.0, 1.0},
+}};
+
+std::string Stored(Registry& registry, const char* key) {
+    registry.SetKey(key);
+    registry.RegGet();
+    return registry.Setting();
+}
+
+void Store(Registry& registry, const char* key, const std::string& text) {
+    registry.SetKey(key);
+    registry.SetSetting(text);
+    registry.RegSave();
+}
+
+}  // namespace
+
 void MainForm::Form_Load() {
+    SetHelpFile(program_, *this);
+    program_.MeasuredTable.assign(1, {});
+    program_.ShowMeasuredData = false;
     SetDefaultInputs();
     program_.ReportLog().SetTitle(LogColumnHeader);
-    program_.FrmReport->rtbLog.SetRightMargin(32000);
-    program_.TempLogFile = NewUniqueFile(GetPlatform().stateDirectory);
-    program_.ReportLog().AddTitle();
+    program_.OutOfRangeColor = {255, 150, 150};
+    program_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
+    registry_.emplace(GetPlatform().settings);
+    CalledFromHost = registry_->QuorneActive();
+    program_.ArchiveFile.clear();
+    if (CalledFromHost) FillFromHost();
+    registry_->SetAppname(GetPlatform().applicationTitle);
+    registry_->SetSection(SettingsSection);
+    if (!CalledFromHost) FillFromSettings();
+    RestoreUnits();
+    BeginLog();
+    for (const auto& [key, list] : StoredLists)
+        if (const std::string text = Stored(*registry_, key); !text.empty())
+            (this->*list).SetText(text);
+    ReadMeasuredTables();
+}
+
+// The flag leaves the store before anything else happens, so that the next start is its own.
+void MainForm::FillFromHost() {
+    for (const HostBox& host : HostBoxes) {
+        const double value = std::get<double>(registry_->QuorneGlobalValue(host.parameter));
+        (this->*host.box).SetText(ShortestText(value * host.boxPerParameter));
+    }
+    registry_->SetQuorneActive(false);
+    registry_->SaveQuorneGlobals();
+}
+
+void MainForm::FillFromSettings() {
+    for (const auto& [key, box] : StoredBoxes)
+        if (const std::string text = Stored(*registry_, key); !text.empty())
+            (this->*box).SetText(text);
+}
+
+// The host's numbers are metric and are converted; restored boxes hold their own units' numbers.
+void MainForm::RestoreUnits() {
+    if (Stored(*registry_, "Units") != "English") return;
+    if (CalledFromHost)
+        SetEnglishUnits(program_);
+    else
+        ShowEnglishUnits(program_);
+}
+
+void MainForm::BeginLog() {
+    const bool goesOn = tempLog_.Continue(Stored(*registry_, "TempLogName"));
+    bool holdsLog = goesOn || tempLog_.TakeUpOrphan();
+    if (holdsLog && !program_.ReportLog().ReadFile(tempLog_.Path())) {
+        // Whatever it is stays where it is.
+        tempLog_.Leave();
+        holdsLog = false;
+    }
+    if (!holdsLog) {
+        tempLog_.Begin();
+        program_.ReportLog().AddTitle();
+    }
+    program_.TempLogFile = tempLog_.Path();
+}
+
+void MainForm::ReadMeasuredTables() {
+    const std::string path = GetPlatform().programDirectory + "/measured.csv";
+    if (!ReadMeasuredData(path, program_.MeasuredTable, GetPlatform().windows))
+        program_.MeasuredTable[0].Frequency = -1;  // which no input matches
 }
 
 // The percentages are not among the defaults.
@@ -47,6 +171,42 @@ void MainForm::mnuFileExit_Click() {
     if (answer == Answer::Ok) Unload();
 }
 
-void MainForm::Form_Unload() { GetPlatform().windows.EndProgram(); }
+void MainForm::Form_Unload() {
+    CloseHelp(program_);
+    if (CalledFromHost) HandBackToHost();
+    Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
+    const Answer answer = GetPlatform().windows.ShowMessage(
+        {.text = "Retain Output Log?", .title = "Output Log", .buttons = Message::Buttons::YesNo});
+    SaveSettings(answer == Answer::Yes);
+    GetPlatform().windows.EndProgram();
+}
+
+void MainForm::EndSession() {
+    if (CalledFromHost) HandBackToHost();
+    Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
+    SaveSettings(true);
+}
+
+// A box that holds no number, having the focus still, leaves its parameter as it was.
+void MainForm::HandBackToHost() {
+    const bool english = mnuUnitsEnglish.Checked();
+    for (const HostBox& host : HostBoxes) {
+        const auto number = WholeTextNumber((this->*host.box).Text());
+        if (!number) continue;
+        const double metric = english ? *number * host.metricPerEnglish : *number;
+        registry_->SetQuorneGlobal(host.parameter, metric / host.boxPerParameter);
+    }
+    registry_->SaveQuorneGlobals();
+}
+
+void MainForm::SaveSettings(bool retainLog) {
+    if (!retainLog) {
+        tempLog_.Delete();
+        program_.TempLogFile.clear();
+    }
+    Store(*registry_, "TempLogName", program_.TempLogFile);
+    for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
+    for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
+}
 
 }  // namespace vardel

@@ -26,6 +26,10 @@ Program::~Program() = default;
 
 void Program::Start() { MainForm->Show(); }
 
+void Program::EndSession() {
+    if (MainForm.Loaded()) MainForm->EndSession();
+}
+
 RLogClass& Program::ReportLog() {
     if (!reportLog_) reportLog_ = std::make_unique<RLogClass>(*this);
     return *reportLog_;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "graphs/MeasuredData.h"
 #include "platform/Color.h"
 #include "platform/FormSlot.h"
 #include "platform/Platform.h"
@@ -23,13 +24,20 @@ public:
 
     // Loads and shows the main form; the program runs for as long as that is loaded.
     void Start();
+    // The session ends or the program is told to go: saves what an exit would that retains the log,
+    // with no question asked.
+    void EndSession();
 
     // The report log, made on first use.
     RLogClass& ReportLog();
 
     Platform platform;
 
-    std::string TempLogFile;               // the log's file; empty: the log has none
+    std::string TempLogFile;  // the log's file; empty: the log has none
+    std::string ArchiveFile;  // chosen since the start; empty: none yet
+    vardel::MeasuredTable MeasuredTable;
+    bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
+    Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
     Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
     int PowerUnit = 1;                     // of the power box, see PowerUnits.h
 

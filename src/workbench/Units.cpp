@@ -1,6 +1,6 @@
 #include "workbench/Units.h"
 
-#include <array>
+#include <optional>
 #include <vector>
 
 #include "workbench/BoxRule.h"
@@ -33,8 +33,47 @@ std::vector<UnitControls> FormsWithUnits(Program& program) {
     return {UnitControlsOf(*program.MainForm)};
 }
 
-double Converted(double x, double metricPerEnglish, bool toEnglish) {
-    return toEnglish ? x / metricPerEnglish : x * metricPerEnglish;
+void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {
+    for (const UnitControls& form : forms) {
+        form.metric.SetChecked(!english);
+        form.english.SetChecked(english);
+    }
+    for (const UnitControls& form : forms) {
+        form.hbUnit.SetCaption(english ? "ft" : "m");
+        form.hmUnit.SetCaption(english ? "ft" : "m");
+    }
+    main.Label12.SetCaption(english ? "miles" : "Km");
+}
+
+struct Lengths {
+    double hb;
+    double hm;
+    double distance;
+};
+
+std::optional<Lengths> ReadLengths(MainForm& main) {
+    const auto hb = ReadNumberBox(main.txthb, main.Label3, main);
+    if (!hb) return std::nullopt;
+    const auto hm = ReadNumberBox(main.txthm, main.Label4, main);
+    if (!hm) return std::nullopt;
+    const auto distance = ReadNumberBox(main.txtDist, main.Label2, main);
+    if (!distance) return std::nullopt;
+    return Lengths{*hb, *hm, *distance};
+}
+
+// The main form's own boxes come last: the others take their numbers from there.
+void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const Lengths& from,
+                  bool toEnglish) {
+    const auto write = [toEnglish](TextBox& box, double x, double factor) {
+        box.SetText(FormatNumber(toEnglish ? x / factor : x * factor, InputPattern));
+    };
+    const auto writeHeights = [&](const UnitControls& form) {
+        write(form.hb, from.hb, MetresPerFoot);
+        write(form.hm, from.hm, MetresPerFoot);
+    };
+    for (std::size_t i = 1; i < forms.size(); ++i) writeHeights(forms[i]);
+    writeHeights(forms[0]);
+    write(main.txtDist, from.distance, KmPerMile);
 }
 
 void Switch(Program& program, bool toEnglish) {
@@ -43,33 +82,10 @@ void Switch(Program& program, bool toEnglish) {
     main.SetMousePointer(Form::Pointer::Hourglass);
     program.platform.windows.Yield();
     if (!program.MainForm.Loaded()) return;
-
-    const auto hb = ReadNumberBox(main.txthb, main.Label3, main);
-    const auto hm = hb ? ReadNumberBox(main.txthm, main.Label4, main) : hb;
-    const auto dist = hm ? ReadNumberBox(main.txtDist, main.Label2, main) : hm;
-    if (hb && hm && dist) {
+    if (const auto lengths = ReadLengths(main)) {
         const auto forms = FormsWithUnits(program);
-        for (const UnitControls& form : forms) {
-            form.metric.SetChecked(!toEnglish);
-            form.english.SetChecked(toEnglish);
-        }
-        for (const UnitControls& form : forms) {
-            form.hbUnit.SetCaption(toEnglish ? "ft" : "m");
-            form.hmUnit.SetCaption(toEnglish ? "ft" : "m");
-        }
-        main.Label12.SetCaption(toEnglish ? "miles" : "Km");
-
-        // The main form's own boxes come last: the others take their numbers from there.
-        const auto write = [toEnglish](TextBox& box, double x, double factor) {
-            box.SetText(FormatNumber(Converted(x, factor, toEnglish), InputPattern));
-        };
-        const auto writeHeights = [&](const UnitControls& form) {
-            write(form.hb, *hb, MetresPerFoot);
-            write(form.hm, *hm, MetresPerFoot);
-        };
-        for (std::size_t i = 1; i < forms.size(); ++i) writeHeights(forms[i]);
-        writeHeights(forms[0]);
-        write(main.txtDist, *dist, KmPerMile);
+        ShowUnits(forms, main, toEnglish);
+        ConvertBoxes(forms, main, *lengths, toEnglish);
     }
     main.SetMousePointer(Form::Pointer::Normal);
 }
@@ -78,5 +94,8 @@ void Switch(Program& program, bool toEnglish) {
 
 void SetMetricUnits(Program& program) { Switch(program, false); }
 void SetEnglishUnits(Program& program) { Switch(program, true); }
+void ShowEnglishUnits(Program& program) {
+    ShowUnits(FormsWithUnits(program), *program.MainForm, true);
+}
 
 }  // namespace vardel

@@ -13,5 +13,7 @@ constexpr double MetresPerFoot = 0.3048;
 // that holds no number gets a message, and nothing is switched.
 void SetMetricUnits(Program& program);
 void SetEnglishUnits(Program& program);
+// For boxes that hold English numbers already: sets marks and labels only.
+void ShowEnglishUnits(Program& program);
 
 }  // namespace vardel

@@ -235,7 +235,9 @@ TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
 }
 
 TEST_F(MainWindowTest, ClosingTheFrameUnloadsTheForm) {
+    AnswerNextMessage(QMessageBox::No);
     Window().close();
+    EXPECT_EQ(shownText, "Retain Output Log?");
     EXPECT_FALSE(program.MainForm.Loaded());
 }
 

@@ -24,10 +24,14 @@ private:
 
 // The outside of a program under test: what it shows is written down, what a user would do is told
 // beforehand.
-class FakePlatform : public Windows, public Clipboard, public Clock {
+class FakePlatform : public Windows,
+                     public SettingsStore,
+                     public Help,
+                     public Clipboard,
+                     public Clock {
 public:
     Platform Services() {
-        return {*this, *this, *this, "Vardel", folder.Path(), folder.Path("state")};
+        return {*this, *this, *this, *this, *this, "Vardel", folder.Path(), folder.Path("state")};
     }
 
     void Show(Form& form) override { shown.push_back(form.Name()); }
@@ -37,6 +41,22 @@ public:
     std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) override;
     void Yield() override;
     void EndProgram() override { ended = true; }
+    std::string Read(const std::string& application, const std::string& section,
+                     const std::string& key) override {
+        return store[application + '/' + section + '/' + key];
+    }
+    void Write(const std::string& application, const std::string& section, const std::string& key,
+               const std::string& text) override {
+        store[application + '/' + section + '/' + key] = text;
+        writes.push_back(key);
+    }
+    void Delete(const std::string& application, const std::string& section,
+                const std::string& key) override {
+        store.erase(application + '/' + section + '/' + key);
+    }
+    void SetFile(const std::string& path) override { helpFile = path; }
+    void Quit() override { helpFile.clear(); }
+    void OpenDocument(const std::string& path) override { opened.push_back(path); }
     std::optional<Picture> GetPicture() override { return picture; }
     std::string GetText() override { return clipboardText; }
     CalendarTime Now() override { return now; }
@@ -52,6 +72,10 @@ public:
     std::function<void()> onYield;
     std::vector<SaveDialog> saveDialogs;
     std::optional<SaveChoice> saveChoice;
+    std::map<std::string, std::string> store;  // by application/section/key
+    std::vector<std::string> writes;           // the keys, in order
+    std::string helpFile;                      // empty: none, or closed
+    std::vector<std::string> opened;
     std::optional<Picture> picture;
     std::string clipboardText;
     CalendarTime now{2026, 3, 9, 14, 5};

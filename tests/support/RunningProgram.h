@@ -11,7 +11,11 @@ namespace vardel {
 
 // A program that has started, with no window system and a folder of its own.
 struct RunningProgram {
-    RunningProgram() { program.Start(); }
+    RunningProgram() {
+        program.Start();
+        platform.messages.clear();  // there is no measured data
+        platform.yields = 0;
+    }
 
     MainForm& Main() { return *program.MainForm; }
     RichTextBox& Log() { return program.FrmReport->rtbLog; }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace vardel {
+
+class Form;
+class Program;
+
+// The topics of the context help.
+enum HelpTopic : int {
+    TopicInputs = 10,
+    TopicArea = 30,
+    TopicFileMenu = 210,
+    TopicUnitsMenu = 220,
+    TopicCalculation = 230,
+    TopicHelpMenu = 240,
+    TopicAbout = 250,
+    TopicFieldStrengthGraphs = 300,
+    TopicPercentTime = 330,
+    TopicPercentLocation = 340,
+};
+
+// Names the help file beside the program, to which F1 goes from now on.
+void SetHelpFile(Program& program, Form& owner);
+// Closes the help viewer, if it is open.
+void CloseHelp(Program& program);
+// Opens the manual with whatever the system has for it. A missing one gives no message.
+void OpenManual(Program& program);
+
+}  // namespace vardel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vardel {
+
+// The manual, docs/user-guide.md, as Markdown. A comment line before a heading of the second level
+// gives the topics of the context help that its section answers.
+extern const std::string_view UserGuide;
+
+struct GuideSection {
+    std::string heading;
+    std::vector<int> topics;
+};
+
+// In the order of the guide.
+std::vector<GuideSection> GuideSections();
+
+// The guide without those comments.
+std::string GuideMarkdown();
+
+}  // namespace vardel
