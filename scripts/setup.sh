@@ -9,7 +9,7 @@ packages=(
   # the program
   qt6-base-dev qt6-qpa-plugins fonts-liberation
   # tests and checks
-  libgtest-dev libgmock-dev libbenchmark-dev locales xvfb xauth xdotool unrtf
+  libgtest-dev libgmock-dev libbenchmark-dev locales unrtf python3
   clang clang-format libclang-rt-14-dev
 )
 

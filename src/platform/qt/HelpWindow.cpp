@@ -23,6 +23,7 @@ HelpWindow::HelpWindow(QWidget* owner)
     resize(900, 640);
 
     sections_->setAccessibleName("Sections");
+    sections_->setSpacing(2);
     for (const GuideSection& section : GuideSections()) sections_->addItem(ToQt(section.heading));
     text_->setAccessibleName("Text");
     text_->document()->setDocumentMargin(16);

@@ -34,7 +34,9 @@ int WidthOf(const QWidget& widget, int characters) {
 }  // namespace
 
 MainWindow::MainWindow(MainForm& form)
-    : FormWindow(form), heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]} {
+    : FormWindow(form),
+      heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
+      tables_(&form.lblFieldStrength) {
     auto* center = new QWidget;
     auto* column = new QVBoxLayout(center);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -48,6 +50,11 @@ MainWindow::MainWindow(MainForm& form)
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_L && event->modifiers() == Qt::ControlModifier &&
+        binder.IsAlive()) {
+        tables_->DblClick.Raise();
+        return;
+    }
     const int column = event->key() - Qt::Key_1;
     const bool isHead = column >= 0 && column < static_cast<int>(heads_.size());
     if (!isHead || event->modifiers() != Qt::ControlModifier || !binder.IsAlive()) {
@@ -197,6 +204,8 @@ QWidget* MainWindow::MakeResults(MainForm& form) {
                   {&form.lblFITU529, &form.lblPalvernDavFS, &form.lblFCost231},
                   {&form.Label7, &form.Label32, &form.Label8}},
                  *grid, 3);
+    group->findChild<QLabel*>(ToQt(form.lblFieldStrength.Name()))
+        ->setAccessibleDescription("Ctrl+L lists the measured tables in the log");
     grid->addWidget(MakePower(form), 5, 0, 1, 10);
     grid->setColumnMinimumWidth(1, Gap);
     for (const int gap : {4, 7}) grid->setColumnMinimumWidth(gap, Gap);

@@ -17,7 +17,8 @@ public:
     explicit MainWindow(MainForm& form);
 
 protected:
-    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse.
+    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
+    // what a double click on the head of the field strengths is.
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -46,6 +47,7 @@ private:
     void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
 
     std::array<Label*, 3> heads_;
+    Label* tables_;
     int heldKey_ = 0;  // 0: none
 };
 

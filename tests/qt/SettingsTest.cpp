@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QMenu>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+
+#include "platform/Files.h"
+#include "platform/qt/QtPlatform.h"
+#include "platform/qt/QtSettings.h"
+#include "support/FakePlatform.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+// What a program in another language makes of the files.
+QString Python(const QString& script) {
+    QProcess python;
+    const QDir config(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+    config.mkpath("vardel");
+    python.setWorkingDirectory(config.filePath("vardel"));
+    python.start("python3", {"-c",
+                             "import configparser\n"
+                             "ini = configparser.RawConfigParser()\n"
+                             "ini.optionxform = str\n" +
+                                 script});
+    EXPECT_TRUE(python.waitForFinished() && python.exitCode() == 0)
+        << python.readAllStandardError().toStdString();
+    return QString::fromUtf8(python.readAllStandardOutput());
+}
+
+TEST(QtSettings, KeepsEveryText) {
+    QtSettings settings;
+    for (const std::string text :
+         {"450.0", "  ", " a b ", "x,y", "a;b=c", "\"q\"", "é\\n", "True"}) {
+        settings.Write("App name", "Some Section", "Key_1", text);
+        EXPECT_EQ(settings.Read("App name", "Some Section", "Key_1"), text);
+    }
+    settings.Delete("App name", "Some Section", "Key_1");
+    EXPECT_EQ(settings.Read("App name", "Some Section", "Key_1"), "");
+    EXPECT_EQ(settings.Read("Nobody", "Nothing", "Key"), "");
+}
+
+TEST(QtSettings, AHostInAnotherLanguageStartsTheProgramAndReadsItBack) {
+    Python(R"(
+ini['Global%20Parameters'] = {'CalledFromQuorne': 'True', 'TxFreq_MHz': '900', 'TxHt_m': '50',
+                              'RxHt_m': '2', 'Dist_Km': '12.5', 'PctTime_pct': '0.1'}
+ini.write(open('Ostrel_Quorne.ini', 'w'), space_around_delimiters=False))");
+    FakePlatform fake;
+    QtSettings settings;
+    Platform services = fake.Services();
+    Program program({services.windows, settings, services.help, services.clipboard, services.clock,
+                     services.applicationTitle, services.programDirectory,
+                     services.stateDirectory});
+    program.Start();
+    EXPECT_EQ(program.MainForm->txtFreq.Text(), "900");
+    EXPECT_EQ(program.MainForm->txtPctTime.Text(), "10");
+    program.MainForm->txthb.SetText("75.5");
+    fake.answers.push(Answer::No);
+    program.MainForm->Unload();
+    EXPECT_EQ(Python(R"(
+ini.read('Ostrel_Quorne.ini')
+host = ini['Global%20Parameters']
+print(host['CalledFromQuorne'], host['TxHt_m'], host['PctTime_pct'], host['GrndCond_Sm'],
+      repr(host['TxLonDeg_DDD'])))"),
+              "False 75.5 0.1 0.005 '\"   \"'\n");
+}
+
+TEST(QtHelp, F1AnswersWhereTheFocusOrTheOpenMenuIs) {
+    QtPlatform platform;
+    Program program(platform.Services());
+    program.Start();
+    FormWindow& window = platform.WindowOf(*program.MainForm);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto topicAt = [&](const char* control) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        auto* widget = window.findChild<QWidget*>(control);
+        if (auto* menu = qobject_cast<QMenu*>(widget))
+            menu->popup(window.mapToGlobal(QPoint(5, 5)));
+        else
+            widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_F1);
+        auto* text = platform.GetHelp().Window()->findChild<QTextBrowser*>();
+        return text->textCursor().block().text().toStdString();
+    };
+    const std::string inputs = topicAt("txtFreq");
+    EXPECT_EQ(inputs, "Inputs and results");
+    EXPECT_EQ(topicAt("txtPowerUnit"), inputs) << "the topic of what contains it";
+    EXPECT_EQ(topicAt("txtPctTime"), "Percent of time");
+    EXPECT_EQ(topicAt("cmbcitysize"), "Area and city size");
+    EXPECT_EQ(topicAt("mnuUnits"), "Units menu");
+    window.activateWindow();
+    program.MainForm->mnuHelpVardel.Pick();
+    EXPECT_TRUE(platform.GetHelp().Window()->isVisible()) << "without a viewer of the system's";
+    platform.GetHelp().Quit();
+}
+
+}  // namespace
+}  // namespace vardel
