@@ -11,5 +11,5 @@ int main(int argc, char** argv) {
     vardel::Program program(platform.Services());
     const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); });
     program.Start();
-    return QApplication::exec();
+    return sessionEnd.Signalled() ? 0 : QApplication::exec();
 }

@@ -182,6 +182,7 @@ void MainForm::Form_Unload() {
 }
 
 void MainForm::EndSession() {
+    if (!registry_) return;  // the start has not come that far
     if (CalledFromHost) HandBackToHost();
     Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
     SaveSettings(true);

@@ -178,7 +178,7 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const SaveDialog& request) {
 
 void QtPlatform::Yield() { QApplication::processEvents(); }
 
-void QtPlatform::EndProgram() { QApplication::quit(); }
+void QtPlatform::EndProgram() { QApplication::exit(); }
 
 std::optional<Picture> QtPlatform::GetPicture() {
     const QImage image = QApplication::clipboard()->image();

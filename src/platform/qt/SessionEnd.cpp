@@ -33,8 +33,9 @@ SessionEnd::SessionEnd(std::function<void()> onEnd) : onEnd_(std::move(onEnd)) {
     auto* notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, this);
     QObject::connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
+        signalled_ = true;
         onEnd_();
-        QApplication::quit();
+        QApplication::exit();  // quit would ask the windows to close
     });
     for (const int number : Signals) std::signal(number, OnSignal);
 }

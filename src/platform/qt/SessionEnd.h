@@ -14,7 +14,11 @@ public:
     SessionEnd& operator=(const SessionEnd&) = delete;
     ~SessionEnd() override;
 
+    // A signal has come; an event loop is not to be begun any more.
+    bool Signalled() const { return signalled_; }
+
 private:
+    bool signalled_ = false;
     std::function<void()> onEnd_;
 };
 
