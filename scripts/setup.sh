@@ -7,7 +7,9 @@ packages=(
   # building
   g++ cmake ninja-build git pkg-config
   # the program
-  qt6-base-dev qt6-qpa-plugins fonts-liberation
+  qt6-base-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
+  # the compiled manual
+  cmark-gfm fp-utils
   # tests and checks
   libgtest-dev libgmock-dev libbenchmark-dev locales unrtf python3
   clang clang-format libclang-rt-14-dev
