@@ -7,11 +7,11 @@ packages=(
   # building
   g++ cmake ninja-build git pkg-config
   # the program
-  qt6-base-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
+  qt6-base-dev qt6-svg-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
   # the compiled manual
   cmark-gfm fp-utils
   # tests and checks
-  libgtest-dev libgmock-dev libbenchmark-dev locales unrtf python3
+  libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin python3 gnuplot-nox
   clang clang-format libclang-rt-14-dev
 )
 

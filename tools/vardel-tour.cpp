@@ -8,7 +8,9 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 
+#include "graphs/GraphForm.h"
 #include "help/ContextIDs.h"
 #include "platform/Files.h"
 #include "platform/qt/QtPlatform.h"
@@ -47,6 +49,9 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     vardel::QtPlatform platform;
     vardel::Platform services = platform.Services();
     services.programDirectory = scratch;
+    for (const char* picture : {"/goodbutton.bmp", "/badbutton.bmp"})
+        QFile::copy(QApplication::applicationDirPath() + picture,
+                    QString::fromStdString(scratch + picture));
     vardel::Program program(services);
     program.Start();
     QWidget& window = platform.WindowOf(*program.MainForm);
@@ -61,6 +66,16 @@ int Tour(const QDir& pictures, const std::string& scratch) {
         calculate->click();
     }
     good &= TakeModalPicture(platform, *program.FrmReport, pictures, "report-log");
+    // Three frequencies show each model in and out of its range; at 300 km two of them break.
+    for (const char* frequency : {"450.0", "1500.0", "1800.0"}) {
+        program.MainForm->txtFreq.SetText(frequency);
+        program.MainForm->cmbareatype.SetText("Urban");
+        good &= TakeModalPicture(platform, *program.GraphForm, pictures,
+                                 QString("loss-graph-%1").arg(int(std::atof(frequency))));
+    }
+    program.GraphForm->mnuGraph300.Pick();
+    program.GraphForm->cmdUpdateGraph.Press();
+    good &= TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
     platform.GetHelp().ShowTopic(vardel::TopicInputs);
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;

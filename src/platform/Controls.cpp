@@ -40,6 +40,7 @@ void ComboBox::SetText(std::string_view text) {
 
 Label::Label(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name)),
+      Click(form),
       MouseDown(form),
       MouseUp(form),
       DblClick(form),

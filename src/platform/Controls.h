@@ -38,6 +38,9 @@ public:
     void SetForeColor(Color color) { Assign(foreColor_, color); }
     const std::string& ToolTipText() const { return toolTipText_; }
     void SetToolTipText(std::string text) { Assign(toolTipText_, std::move(text)); }
+    // In words what a colour or a picture tells, for those who do not see it.
+    const std::string& StateText() const { return stateText_; }
+    void SetStateText(std::string text) { Assign(stateText_, std::move(text)); }
 
 protected:
     ~Control() = default;
@@ -45,6 +48,7 @@ protected:
 private:
     std::string name_;
     std::string toolTipText_;
+    std::string stateText_;
     Color foreColor_ = Black;
     bool enabled_ = true;
 };
@@ -97,17 +101,14 @@ public:
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
-    // In words what the colour tells, for those who do not see it.
-    const std::string& StateText() const { return stateText_; }
-    void SetStateText(std::string text) { Assign(stateText_, std::move(text)); }
 
+    Event Click;
     Event MouseDown;
     Event MouseUp;
     Event DblClick;
 
 private:
     std::string caption_;
-    std::string stateText_;
 };
 
 class Button : public Control {
@@ -116,6 +117,9 @@ public:
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
+    // A file; where it cannot be shown, the caption and the state text stand for it. Empty: none.
+    const std::string& PictureFile() const { return pictureFile_; }
+    void SetPictureFile(std::string path) { Assign(pictureFile_, std::move(path)); }
     // What a user's press does: nothing on a button that is disabled or hidden.
     void Press();
 
@@ -123,6 +127,7 @@ public:
 
 private:
     std::string caption_;
+    std::string pictureFile_;
 };
 
 class Frame : public Control {

@@ -11,6 +11,7 @@
 
 namespace vardel {
 
+class Chart;
 class Form;
 
 // A message box. An empty title stands for the application's.
@@ -63,6 +64,17 @@ public:
     // Nothing when the clipboard holds no picture.
     virtual std::optional<Picture> GetPicture() = 0;
     virtual std::string GetText() = 0;
+    virtual void SetPicture(const Picture& picture) = 0;
+    virtual void Clear() = 0;
+};
+
+// Draws charts, for everything but the screen: all that is drawn looks as it does there.
+class ChartDrawing {
+public:
+    virtual ~ChartDrawing() = default;
+    virtual Picture PictureOf(const Chart& chart) = 0;
+    // A placeable Windows metafile.
+    virtual std::string MetafileOf(const Chart& chart) = 0;
 };
 
 // The viewer of the help, and of documents that belong to other programs.
@@ -81,6 +93,7 @@ struct Platform {
     SettingsStore& settings;
     Help& help;
     Clipboard& clipboard;
+    ChartDrawing& charts;
     Clock& clock;
     std::string applicationTitle;
     std::string programDirectory;  // without a separator at its end, as is the next

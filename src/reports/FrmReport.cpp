@@ -1,9 +1,8 @@
 #include "reports/FrmReport.h"
 
-#include <exception>
-
 #include "platform/Files.h"
 #include "platform/Rtf.h"
+#include "platform/SaveWithDialog.h"
 #include "workbench/Program.h"
 
 namespace vardel {
@@ -41,25 +40,8 @@ void FrmReport::cmdClear_Click() {
 void FrmReport::cmdClose_Click() { Hide(); }
 
 void FrmReport::cmdFile_Click() {
-    const auto choice = GetPlatform().windows.AskSaveFile(
-        {.folder = GetPlatform().programDirectory,
-         .filters = "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf",
-         .filterIndex = TextFilter});
-    if (!choice || choice->path.empty()) return;
-    if (FileExists(choice->path) &&
-        GetPlatform().windows.ShowMessage({.text = "File already exits.  Overwrite It?",
-                                           .buttons = Message::Buttons::YesNo}) == Answer::No)
-        return;
-    SetMousePointer(Pointer::Hourglass);
-    try {
-        SaveTo(*choice);
-        SetMousePointer(Pointer::Normal);
-    } catch (const std::exception&) {
-        SetMousePointer(Pointer::Normal);
-        GetPlatform().windows.ShowMessage({.text = "Error in saving file " + choice->path,
-                                           .title = "File Save",
-                                           .icon = Message::Icon::Critical});
-    }
+    SaveWithDialog(*this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf",
+                   TextFilter, [this](const SaveChoice& choice) { SaveTo(choice); });
 }
 
 void FrmReport::SaveTo(const SaveChoice& choice) {

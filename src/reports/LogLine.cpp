@@ -31,11 +31,8 @@ std::string Field(double x, std::string_view pattern) {
 
 std::string CityColumn(const ModelInputs& in) {
     constexpr std::string_view Pattern = "@@@@@@@@@@@@!";
-    const std::size_t first = in.area.find_first_not_of(' ');
-    const std::size_t last = in.area.find_last_not_of(' ');
-    const bool urban = first != std::string::npos &&
-                       std::string_view(in.area).substr(first, last - first + 1) == "Urban";
-    return FormatText(urban ? std::string_view(in.city) : std::string_view(), Pattern);
+    return FormatText(Trimmed(in.area) == "Urban" ? std::string_view(in.city) : std::string_view(),
+                      Pattern);
 }
 
 }  // namespace

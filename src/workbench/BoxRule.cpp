@@ -14,6 +14,12 @@ void ApplyBoxRule(TextBox& box, const BoxRule& rule, Form& form) {
     box.SetText(rule.pattern != nullptr ? FormatNumber(x, rule.pattern) : ShortestText(x));
 }
 
+void ApplyAreaRule(const ComboBox& area, ComboBox& city) {
+    const bool urban = area.Text() == "Urban";
+    city.SetEnabled(urban);
+    if (!urban) city.SetText("Small/Medium");
+}
+
 std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form) {
     const auto number = WholeTextNumber(box.Text());
     if (!number)

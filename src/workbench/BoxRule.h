@@ -23,6 +23,9 @@ constexpr const char* InputPattern = "#####0.0###";
 // replacement. Writes the number back in any case.
 void ApplyBoxRule(TextBox& box, const BoxRule& rule, Form& form);
 
+// Only an urban area knows large cities: elsewhere the list is disabled, on the small ones.
+void ApplyAreaRule(const ComboBox& area, ComboBox& city);
+
 // The whole text of the box as a number. Nothing, with a message that names the box by the caption
 // of its label, when it is none.
 std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form);

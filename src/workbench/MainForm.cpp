@@ -1,5 +1,6 @@
 #include "workbench/MainForm.h"
 
+#include "graphs/GraphForm.h"
 #include "help/ContextIDs.h"
 #include "reports/RLogClass.h"
 #include "workbench/Program.h"
@@ -83,6 +84,7 @@ void MainForm::WireEvents() {
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuGraphdBloss.Click = [this] { program_.GraphForm->ShowModal(); };
     mnuHelpVardel.Click = [this] { OpenManual(program_); };
     lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
     mnuHideShow.Click = [this] { mnuHideShow_Click(); };
@@ -90,7 +92,7 @@ void MainForm::WireEvents() {
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 
     // What these lead to is not there yet.
-    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuGraphdBloss, &mnuOkumGraphFieldStrength,
+    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuOkumGraphFieldStrength,
                             &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength,
                             &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpAbout})
         entry->SetEnabled(false);

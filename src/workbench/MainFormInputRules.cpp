@@ -51,12 +51,9 @@ void MainForm::MarkValuesStale() {
     }
 }
 
-// Only an urban area knows large cities, so the others come with the small ones' formula.
 void MainForm::cmbareatype_Click() {
     MarkValuesStale();
-    const bool urban = cmbareatype.Text() == "Urban";
-    cmbcitysize.SetEnabled(urban);
-    if (!urban) cmbcitysize.SetText("Small/Medium");
+    ApplyAreaRule(cmbareatype, cmbcitysize);
 }
 
 void MainForm::txtPowerUnit_LostFocus() {

@@ -211,9 +211,14 @@ double LeadingNumber(std::string_view text) {
     return length == 0 ? 0.0 : NumberOf(std::string_view(packed).substr(0, length));
 }
 
-std::optional<double> WholeTextNumber(std::string_view text) {
+std::string_view Trimmed(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+std::optional<double> WholeTextNumber(std::string_view text) {
+    text = Trimmed(text);
     if (text.empty() || NumberLength(text) != text.size()) return std::nullopt;
     return NumberOf(text);
 }

@@ -33,6 +33,9 @@ std::string FormatDateTime(const CalendarTime& time);
 // width.
 std::string FixedWidthNumber(std::string_view text);
 
+// The text without the blanks around it.
+std::string_view Trimmed(std::string_view text);
+
 // The number that a text begins with, blanks anywhere in it skipped; 0 when there is none. A number
 // too large for a double is the largest one.
 double LeadingNumber(std::string_view text);

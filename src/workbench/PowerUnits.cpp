@@ -43,9 +43,7 @@ std::string PowerText(double watts, int unit) {
         default:
             break;
     }
-    const std::string field = FixedWidthNumber(text);
-    const std::size_t number = field.find_first_not_of(' ');
-    return number == std::string::npos ? std::string() : field.substr(number);
+    return std::string(Trimmed(FixedWidthNumber(text)));
 }
 
 std::string CorrectedPowerText(std::string_view text, int unit) {

@@ -1,5 +1,6 @@
 #include "workbench/Program.h"
 
+#include "graphs/GraphForm.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
 #include "workbench/MainForm.h"
@@ -20,7 +21,8 @@ typename FormSlot<T>::Made Make(Program& program) {
 Program::Program(Platform services)
     : platform(std::move(services)),
       MainForm([this] { return Make<vardel::MainForm>(*this); }),
-      FrmReport([this] { return Make<vardel::FrmReport>(*this); }) {}
+      FrmReport([this] { return Make<vardel::FrmReport>(*this); }),
+      GraphForm([this] { return Make<vardel::GraphForm>(*this); }) {}
 
 Program::~Program() = default;
 

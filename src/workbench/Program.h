@@ -11,6 +11,7 @@
 namespace vardel {
 
 class FrmReport;
+class GraphForm;
 class MainForm;
 class RLogClass;
 
@@ -43,6 +44,7 @@ public:
 
     FormSlot<vardel::MainForm> MainForm;
     FormSlot<vardel::FrmReport> FrmReport;
+    FormSlot<vardel::GraphForm> GraphForm;
 
 private:
     std::unique_ptr<RLogClass> reportLog_;

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "graphs/GraphForm.h"
 #include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
 #include "workbench/NumberText.h"
@@ -28,9 +29,10 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
             form.Label11,        form.txthb,           form.txthm};
 }
 
-// The main form first.
+// The main form first. A graph form that is not there yet is made, hidden, with the main form's
+// inputs.
 std::vector<UnitControls> FormsWithUnits(Program& program) {
-    return {UnitControlsOf(*program.MainForm)};
+    return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm)};
 }
 
 void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {

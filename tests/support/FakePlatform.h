@@ -28,10 +28,13 @@ class FakePlatform : public Windows,
                      public SettingsStore,
                      public Help,
                      public Clipboard,
+                     public ChartDrawing,
                      public Clock {
 public:
     Platform Services() {
-        return {*this, *this, *this, *this, *this, "Vardel", folder.Path(), folder.Path("state")};
+        return {*this,    *this,         *this,
+                *this,    *this,         *this,
+                "Vardel", folder.Path(), folder.Path("state")};
     }
 
     void Show(Form& form) override { shown.push_back(form.Name()); }
@@ -59,6 +62,10 @@ public:
     void OpenDocument(const std::string& path) override { opened.push_back(path); }
     std::optional<Picture> GetPicture() override { return picture; }
     std::string GetText() override { return clipboardText; }
+    void SetPicture(const Picture& copied) override { picture = copied; }
+    void Clear() override { picture.reset(); }
+    Picture PictureOf(const Chart&) override { return {"a chart", 900, 600}; }
+    std::string MetafileOf(const Chart&) override { return "a metafile"; }
     CalendarTime Now() override { return now; }
 
     // The texts of the message boxes shown since the last call.

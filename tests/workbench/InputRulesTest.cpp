@@ -174,7 +174,7 @@ TEST_F(InputRules, TheUnitSwitchChangesWhatIsShownAndNotThePhysics) {
     EXPECT_EQ(Main().Label10.Caption() + Main().Label11.Caption() + Main().Label12.Caption(),
               "ftftmiles");
     EXPECT_EQ(Main().MousePointer(), Form::Pointer::Normal);
-    EXPECT_EQ(platform.yields, 1);
+    EXPECT_GE(platform.yields, 1);
     Main().mnuUnitsEnglish.Pick();
     EXPECT_EQ(Boxes(), "6.2139 328.084 4.9213") << "a second pick changes nothing";
     Main().cmdLossCalc.Press();

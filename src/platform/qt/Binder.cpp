@@ -76,6 +76,7 @@ public:
                 return true;
             case QEvent::MouseButtonRelease:
                 label_.MouseUp.Raise();
+                if (*alive_) label_.Click.Raise();
                 return true;
             case QEvent::MouseButtonDblClick:
                 label_.MouseDown.Raise();
@@ -88,7 +89,8 @@ public:
 
 private:
     bool AnswersTheMouse() const {
-        return label_.MouseDown.Handled() || label_.MouseUp.Handled() || label_.DblClick.Handled();
+        return label_.Click.Handled() || label_.MouseDown.Handled() || label_.MouseUp.Handled() ||
+               label_.DblClick.Handled();
     }
 
     Label& label_;
@@ -181,7 +183,14 @@ void Binder::Bind(Button& button, QAbstractButton& widget) {
     widget.setPalette(QApplication::palette());  // not the colours of the form behind it
     Show(button, [this, &button, &widget] {
         BindCommon(button, widget);
-        widget.setText(ToQt(button.Caption()));
+        const QIcon picture(ToQt(button.PictureFile()));
+        const bool shown = !picture.availableSizes().isEmpty();
+        widget.setIcon(shown ? picture : QIcon());
+        if (shown) widget.setIconSize(picture.availableSizes().constFirst());
+        const QString state = ToQt(button.StateText());
+        const bool tellsState = !shown && !state.isEmpty();
+        widget.setText(ToQt(button.Caption()) + (tellsState ? " (" + state + ')' : QString()));
+        widget.setAccessibleDescription(state);
     });
     QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&button, alive = alive_] {
         if (*alive) button.Press();

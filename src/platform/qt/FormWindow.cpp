@@ -2,13 +2,27 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 
 #include "platform/qt/Convert.h"
 
 namespace vardel {
 
-FormWindow::FormWindow(Form& form) : form_(&form) {
+void MakeBold(QWidget& widget) {
+    QFont font = widget.font();
+    font.setBold(true);
+    widget.setFont(font);
+}
+
+int WidthOf(const QWidget& widget, int characters) {
+    return widget.fontMetrics().horizontalAdvance(QString(characters, '0'));
+}
+
+FormWindow::FormWindow(Form& form, LabelFont labelFont) : form_(&form), labelFont_(labelFont) {
     setObjectName(ToQt(form.Name()));
     AddMenuBar();
     form.SetView([this] { ShowProperties(); });
@@ -43,6 +57,37 @@ void FormWindow::AddMenuBar() {
     // The bar keeps the desktop's colours on a form that has its own.
     menuBar()->setPalette(QApplication::palette());
     menuBar()->setAutoFillBackground(true);
+}
+
+QLabel* FormWindow::AddLabel(Label& label, QGridLayout& grid, int row, int column,
+                             Qt::Alignment alignment) {
+    auto* widget = new QLabel;
+    if (labelFont_ == LabelFont::Bold) MakeBold(*widget);
+    grid.addWidget(widget, row, column, alignment);
+    binder.Bind(label, *widget);
+    return widget;
+}
+
+QLineEdit* FormWindow::MakeBox(TextBox& box, int characters) {
+    auto* edit = new QLineEdit;
+    edit->setMinimumWidth(WidthOf(*edit, characters));
+    binder.Bind(box, *edit);
+    return edit;
+}
+
+QComboBox* FormWindow::MakeList(ComboBox& list) {
+    auto* combo = new QComboBox;
+    binder.Bind(list, *combo);
+    return combo;
+}
+
+void FormWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
+                          int column) {
+    AddLabel(caption, grid, row, column)->setBuddy(&widget);
+    widget.setAccessibleName(ToQt(caption.Caption()));
+    widget.setAccessibleDescription(widget.toolTip());
+    grid.addWidget(&widget, row, column + 1);
+    if (unit != nullptr) AddLabel(*unit, grid, row, column + 2);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

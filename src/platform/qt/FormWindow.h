@@ -6,13 +6,21 @@
 #include "platform/Form.h"
 #include "platform/qt/Binder.h"
 
+class QGridLayout;
+
 namespace vardel {
+
+void MakeBold(QWidget& widget);
+// Of so many digits in the widget's font, in points of the screen.
+int WidthOf(const QWidget& widget, int characters);
 
 // What all windows have in common: caption, pointer and menu bar of their form, and a frame whose
 // closing the form decides about. Derived classes lay the form's controls out.
 class FormWindow : public QMainWindow {
 public:
-    explicit FormWindow(Form& form);
+    enum class LabelFont { Plain, Bold };
+
+    explicit FormWindow(Form& form, LabelFont labelFont = LabelFont::Plain);
     ~FormWindow() override;
 
     // Cuts every tie to the form, which is about to be destroyed, and hides the window.
@@ -25,6 +33,15 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
+    // Makers of the widgets that forms are laid out of, tied to their controls.
+    QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
+                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+    // A caption, the widget that it names, and the unit behind it, from the column on.
+    void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
+                  int column);
+    QLineEdit* MakeBox(TextBox& box, int characters);
+    QComboBox* MakeList(ComboBox& list);
+
     Binder binder;
 
 private:
@@ -32,6 +49,7 @@ private:
     void AddMenuBar();
 
     Form* form_;
+    LabelFont labelFont_;
     std::function<void()> onHidden_;
 };
 

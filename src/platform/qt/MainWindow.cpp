@@ -21,20 +21,10 @@ constexpr int Margin = 12;
 constexpr int Gap = 8;
 constexpr int ColumnGap = 28;
 
-void MakeBold(QWidget& widget) {
-    QFont font = widget.font();
-    font.setBold(true);
-    widget.setFont(font);
-}
-
-int WidthOf(const QWidget& widget, int characters) {
-    return widget.fontMetrics().horizontalAdvance(QString(characters, '0'));
-}
-
 }  // namespace
 
 MainWindow::MainWindow(MainForm& form)
-    : FormWindow(form),
+    : FormWindow(form, LabelFont::Bold),
       heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
       tables_(&form.lblFieldStrength) {
     auto* center = new QWidget;
@@ -86,37 +76,6 @@ void MainWindow::EndHeldHint() {
     if (std::exchange(heldKey_, 0) == 0) return;
     qApp->removeEventFilter(this);
     if (binder.IsAlive()) heads_[0]->MouseUp.Raise();
-}
-
-QLabel* MainWindow::AddLabel(Label& label, QGridLayout& grid, int row, int column,
-                             Qt::Alignment alignment) {
-    auto* widget = new QLabel;
-    MakeBold(*widget);
-    grid.addWidget(widget, row, column, alignment);
-    binder.Bind(label, *widget);
-    return widget;
-}
-
-QLineEdit* MainWindow::MakeBox(TextBox& box, int characters) {
-    auto* edit = new QLineEdit;
-    edit->setMinimumWidth(WidthOf(*edit, characters));
-    binder.Bind(box, *edit);
-    return edit;
-}
-
-QComboBox* MainWindow::MakeList(ComboBox& list) {
-    auto* combo = new QComboBox;
-    binder.Bind(list, *combo);
-    return combo;
-}
-
-void MainWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
-                          int column) {
-    AddLabel(caption, grid, row, column)->setBuddy(&widget);
-    widget.setAccessibleName(ToQt(caption.Caption()));
-    widget.setAccessibleDescription(widget.toolTip());
-    grid.addWidget(&widget, row, column + 1);
-    if (unit != nullptr) AddLabel(*unit, grid, row, column + 2);
 }
 
 QWidget* MainWindow::MakeInputs(MainForm& form) {

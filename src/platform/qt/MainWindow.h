@@ -31,13 +31,6 @@ private:
     QWidget* MakePower(MainForm& form);
     void SetTabOrder();
 
-    QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
-                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
-    // A caption, the widget that it names, and the unit behind it, from the column on.
-    void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
-                  int column);
-    QLineEdit* MakeBox(TextBox& box, int characters);
-    QComboBox* MakeList(ComboBox& list);
     struct ResultRow {
         Label& head;
         std::array<Label*, 3> models;

@@ -11,6 +11,7 @@
 #include <QStyleFactory>
 #include <QWindow>
 
+#include "platform/qt/ChartPlot.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/PictureConvert.h"
 #include "platform/qt/WindowFactory.h"
@@ -92,6 +93,7 @@ Platform QtPlatform::Services() {
     return {*this,
             settings_,
             help_,
+            *this,
             *this,
             *this,
             FromQt(QApplication::applicationName()),
@@ -183,10 +185,22 @@ void QtPlatform::EndProgram() { QApplication::exit(); }
 std::optional<Picture> QtPlatform::GetPicture() {
     const QImage image = QApplication::clipboard()->image();
     if (image.isNull()) return std::nullopt;
-    return PictureOf(image);
+    return vardel::PictureOf(image);
 }
 
 std::string QtPlatform::GetText() { return FromQt(QApplication::clipboard()->text()); }
+
+void QtPlatform::SetPicture(const Picture& picture) {
+    QApplication::clipboard()->setImage(ImageOf(picture));
+}
+
+void QtPlatform::Clear() { QApplication::clipboard()->clear(); }
+
+Picture QtPlatform::PictureOf(const Chart& chart) { return vardel::PictureOf(DrawChart(chart)); }
+
+std::string QtPlatform::MetafileOf(const Chart& chart) {
+    return ChartAsMetafile(chart).toStdString();
+}
 
 CalendarTime QtPlatform::Now() {
     const QDateTime now = QDateTime::currentDateTime();

@@ -16,7 +16,7 @@ namespace vardel {
 void SetUpApplication(QApplication& application);
 
 // The window system, the clipboard and the clock as Qt brings them.
-class QtPlatform : public Windows, public Clipboard, public Clock {
+class QtPlatform : public Windows, public Clipboard, public ChartDrawing, public Clock {
 public:
     QtPlatform();
     ~QtPlatform() override;
@@ -34,6 +34,10 @@ public:
     void EndProgram() override;
     std::optional<Picture> GetPicture() override;
     std::string GetText() override;
+    void SetPicture(const Picture& picture) override;
+    void Clear() override;
+    Picture PictureOf(const Chart& chart) override;
+    std::string MetafileOf(const Chart& chart) override;
     CalendarTime Now() override;
 
     QtHelp& GetHelp() { return help_; }

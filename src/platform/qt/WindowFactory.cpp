@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "graphs/GraphForm.h"
+#include "platform/qt/GraphWindow.h"
 #include "platform/qt/MainWindow.h"
 #include "platform/qt/ReportWindow.h"
 #include "reports/FrmReport.h"
@@ -14,6 +16,7 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
         return std::make_unique<MainWindow>(*mainForm);
     if (auto* report = dynamic_cast<FrmReport*>(&form))
         return std::make_unique<ReportWindow>(*report);
+    if (auto* graph = dynamic_cast<GraphForm*>(&form)) return std::make_unique<GraphWindow>(*graph);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

@@ -1,0 +1,30 @@
+#include "graphs/GraphActions.h"
+
+#include <exception>
+
+#include "platform/Platform.h"
+#include "platform/SaveWithDialog.h"
+#include "reports/RLogClass.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+
+void SaveGraph(Form& form, Chart& chart) {
+    SaveWithDialog(form, "Windows Meta File (*.wmf)|*.wmf", 1,
+                   [&chart](const SaveChoice& choice) { chart.SaveMetafile(2, choice.path); });
+}
+
+void CopyGraphToLog(Program& program, Chart& chart) {
+    program.platform.clipboard.Clear();
+    chart.CopyToClipboard();
+    program.ReportLog().PasteClipboard();
+    program.ReportLog().AddLine("[Clip Board Image]");
+}
+
+void ShowGraphState(Button& update, const std::string& pictureFile, bool good) {
+    update.SetPictureFile(pictureFile);
+    update.SetStateText(good ? "The graph shows the inputs"
+                             : "The inputs may have changed since the graph was drawn");
+}
+
+}  // namespace vardel

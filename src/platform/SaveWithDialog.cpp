@@ -1,0 +1,34 @@
+#include "platform/SaveWithDialog.h"
+
+#include <exception>
+
+#include "platform/Files.h"
+#include "platform/Form.h"
+
+namespace vardel {
+
+void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
+                    const std::function<void(const SaveChoice&)>& save) {
+    Platform& platform = form.GetPlatform();
+    const auto choice =
+        platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex});
+    if (!choice || choice->path.empty()) return;
+    if (FileExists(choice->path) &&
+        platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",
+                                      .buttons = Message::Buttons::YesNo}) == Answer::No)
+        return;
+    form.SetMousePointer(Form::Pointer::Hourglass);
+    bool saved = true;
+    try {
+        save(*choice);
+    } catch (const std::exception&) {
+        saved = false;
+    }
+    form.SetMousePointer(Form::Pointer::Normal);
+    if (!saved)
+        platform.windows.ShowMessage({.text = "Error in saving file " + choice->path,
+                                      .title = "File Save",
+                                      .icon = Message::Icon::Critical});
+}
+
+}  // namespace vardel

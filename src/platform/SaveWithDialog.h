@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/Platform.h"
+
+namespace vardel {
+
+class Form;
+
+// Asks in the program's folder for a file to save to, and before a file that exists is overwritten;
+// then saves under the hourglass. An exception of save is told as an error in saving.
+void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
+                    const std::function<void(const SaveChoice&)>& save);
+
+}  // namespace vardel

@@ -1,0 +1,197 @@
+#include "platform/qt/ChartPlot.h"
+
+#include <qcustomplot.h>
+
+#include <QBuffer>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include "platform/qt/Convert.h"
+#include "platform/qt/MetafileDevice.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr QSize PictureSize(900, 600);
+constexpr int PointsPerInch = 96;  // of a plain screen
+
+QFont FontOf(const std::string& name, double points) {
+    QFont font(ToQt(name));
+    font.setPointSizeF(points);
+    return font;
+}
+
+QPen PenOf(const ChartSeries& series) {
+    QPen pen(ToQt(series.LineColor));
+    pen.setWidthF(series.LineWidth * 1.3);
+    pen.setCapStyle(Qt::FlatCap);
+    if (series.LineStyle == PatternOutOfRange) pen.setDashPattern({6, 4});
+    if (series.LineStyle == PatternFreeSpace) pen.setDashPattern({1, 3});
+    return pen;
+}
+
+void SetAxis(QCPAxis& shown, const ChartAxis& axis) {
+    shown.setRange(axis.Minimum, axis.Maximum);
+    shown.setLabel(ToQt(axis.Title));
+    shown.setLabelFont(FontOf(axis.TitleFontName, axis.TitleFontSize));
+    shown.setTickLabelFont(FontOf(axis.LabelFontName, axis.LabelFontSize));
+    shown.setLabelColor(ToQt(axis.TitleColor));
+    shown.setTickLabelColor(ToQt(axis.LabelColor));
+    shown.setNumberFormat("f");
+    shown.setNumberPrecision(0);
+    shown.grid()->setPen(QPen(QColor(215, 220, 220)));
+}
+
+// Fixed steps hold for the whole view; zoomed in, the finer ones of a plain ticker are wanted.
+class StepTicker : public QCPAxisTicker {
+public:
+    explicit StepTicker(double step) : step_(step) {}
+
+protected:
+    double getTickStep(const QCPRange& range) override {
+        const double fine = QCPAxisTicker::getTickStep(range);
+        return range.size() >= 4 * step_ && step_ > 0 ? step_ : fine;
+    }
+
+private:
+    double step_;
+};
+
+void AddGraphs(QCustomPlot& plot, const Chart& chart) {
+    const QStringList lines = ToQt(chart.Legend.Text).split('\r');
+    qsizetype line = 0;
+    for (const ChartSeries& series : chart.AllSeries()) {
+        if (!series.Visible) continue;
+        QCPGraph* graph = plot.addGraph();
+        const auto size = static_cast<qsizetype>(series.X.size());
+        graph->setData(QVector<double>(series.X.data(), series.X.data() + size),
+                       QVector<double>(series.Y.data(), series.Y.data() + size), true);
+        graph->setPen(PenOf(series));
+        graph->setAntialiased(true);
+        graph->setAdaptiveSampling(true);
+        graph->setName(lines.value(line++));
+    }
+}
+
+// The corner at the right where the curves leave more room.
+Qt::Alignment LegendCorner(const Chart& chart) {
+    const auto& [x, y] = chart.Axis;
+    const double right = x.Minimum + 0.8 * (x.Maximum - x.Minimum);
+    const double low = y.Minimum + 0.35 * (y.Maximum - y.Minimum);
+    const double high = y.Minimum + 0.65 * (y.Maximum - y.Minimum);
+    int above = 0;
+    int below = 0;
+    for (const ChartSeries& series : chart.AllSeries()) {
+        if (!series.Visible) continue;
+        for (std::size_t i = 0; i < series.X.size(); ++i) {
+            if (series.X[i] < right || series.Y[i] < y.Minimum || series.Y[i] > y.Maximum) continue;
+            above += series.Y[i] > high ? 1 : 0;
+            below += series.Y[i] < low ? 1 : 0;
+        }
+    }
+    return (below < above ? Qt::AlignBottom : Qt::AlignTop) | Qt::AlignRight;
+}
+
+void AddTitles(QCustomPlot& plot, const Chart& chart) {
+    QCPLayoutGrid& layout = *plot.plotLayout();
+    int row = 0;
+    for (const ChartTitle& title : chart.Title) {
+        if (title.Text.empty()) continue;
+        layout.insertRow(row);
+        auto* element = new QCPTextElement(&plot, ToQt(title.Text));
+        QFont font = FontOf("Arial", title.FontSize);
+        font.setBold(row == 0);
+        element->setFont(font);
+        layout.addElement(row++, 0, element);
+    }
+}
+
+void RemoveTitles(QCustomPlot& plot) {
+    QCPLayoutGrid& layout = *plot.plotLayout();
+    for (int i = layout.elementCount() - 1; i >= 0; --i)
+        if (qobject_cast<QCPTextElement*>(layout.elementAt(i)) != nullptr) layout.removeAt(i);
+    layout.simplify();
+}
+
+}  // namespace
+
+void FillPlot(QCustomPlot& plot, const Chart& chart) {
+    plot.clearGraphs();
+    RemoveTitles(plot);
+    AddTitles(plot, chart);
+    AddGraphs(plot, chart);
+    SetAxis(*plot.xAxis, chart.Axis[0]);
+    SetAxis(*plot.yAxis, chart.Axis[1]);
+    plot.xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new StepTicker(chart.Axis[0].MajorStep)));
+    plot.axisRect()->setupFullAxesBox();
+    for (QCPAxis* axis : {plot.xAxis2, plot.yAxis2}) axis->setTickLabels(false);
+    plot.legend->setVisible(chart.Legend.Visible);
+    plot.legend->setFont(FontOf("Arial", chart.Legend.FontSize));
+    plot.legend->setBrush(QColor(255, 255, 255, 225));
+    plot.legend->setBorderPen(QPen(QColor(150, 150, 150)));
+    plot.legend->setIconSize(36, 10);
+    plot.axisRect()->insetLayout()->setInsetAlignment(0, LegendCorner(chart));
+}
+
+namespace {
+
+void DrawOn(QPaintDevice& device, const Chart& chart, QSize size) {
+    QCustomPlot plot;
+    FillPlot(plot, chart);
+    QCPPainter painter(&device);
+    painter.setMode(QCPPainter::pmVectorized);
+    painter.setMode(QCPPainter::pmNoCaching);
+    plot.toPainter(&painter, size.width(), size.height());
+}
+
+}  // namespace
+
+QImage DrawChart(const Chart& chart) {
+    QCustomPlot plot;
+    FillPlot(plot, chart);
+    return plot.toPixmap(PictureSize.width(), PictureSize.height()).toImage();
+}
+
+QByteArray ChartAsMetafile(const Chart& chart) {
+    MetafileDevice device(PictureSize);
+    DrawOn(device, chart, PictureSize);
+    return device.Metafile();
+}
+
+QByteArray ChartAsPng(const Chart& chart) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    DrawChart(chart).save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray ChartAsSvg(const Chart& chart) {
+    QBuffer buffer;
+    QSvgGenerator svg;
+    svg.setOutputDevice(&buffer);
+    svg.setSize(PictureSize);
+    svg.setViewBox(QRect(QPoint(), PictureSize));
+    svg.setTitle(ToQt(chart.Title[0].Text));
+    svg.setResolution(PointsPerInch);
+    DrawOn(svg, chart, PictureSize);
+    return buffer.data();
+}
+
+QByteArray ChartAsPdf(const Chart& chart) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&buffer);
+        pdf.setResolution(PointsPerInch);
+        constexpr double PaperPointsPerPoint = 72.0 / PointsPerInch;
+        pdf.setPageSize(QPageSize(QSizeF(PictureSize) * PaperPointsPerPoint, QPageSize::Point));
+        pdf.setPageMargins(QMarginsF());
+        pdf.setTitle(ToQt(chart.Title[0].Text));
+        DrawOn(pdf, chart, PictureSize);
+    }
+    return buffer.data();
+}
+
+}  // namespace vardel

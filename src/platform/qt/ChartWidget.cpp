@@ -1,0 +1,178 @@
+#include "platform/qt/ChartWidget.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "platform/Files.h"
+#include "platform/qt/ChartPlot.h"
+#include "platform/qt/Convert.h"
+#include "workbench/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr const char* ReadoutLayer = "readout";
+
+// A line for each point: the curve, the distance, the value, and whether the model covers it.
+QByteArray ChartAsCsv(const Chart& chart) {
+    QByteArray csv = "curve,distance_km,value,in_range\n";
+    const QStringList names = ToQt(chart.Legend.Text).split('\r');
+    qsizetype name = 0;
+    QString model;
+    for (const ChartSeries& series : chart.AllSeries()) {
+        if (!series.Visible) continue;
+        if (const QString line = names.value(name++); line != "(cont.)") model = line;
+        const char* inRange = series.LineStyle == PatternOutOfRange ? "no" : "yes";
+        for (std::size_t i = 0; i < series.X.size(); ++i)
+            csv += model.toUtf8() + ',' + ShortestText(series.X[i]).c_str() + ',' +
+                   ShortestText(series.Y[i]).c_str() + ',' + inRange + '\n';
+    }
+    return csv;
+}
+
+// The value of the curve at the distance: of the point before it, as close as a step is.
+std::optional<double> ValueAt(const ChartSeries& series, double distance) {
+    if (series.X.empty() || distance < series.X.front() || distance > series.X.back())
+        return std::nullopt;
+    const auto next = std::lower_bound(series.X.begin(), series.X.end(), distance);
+    const auto i = static_cast<std::size_t>(next - series.X.begin());
+    if (i == 0 || *next == distance) return series.Y[i];
+    const double t = (distance - series.X[i - 1]) / (series.X[i] - series.X[i - 1]);
+    return (1.0 - t) * series.Y[i - 1] + t * series.Y[i];
+}
+
+}  // namespace
+
+ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
+    setObjectName(ToQt(chart.Name()));
+    setAccessibleName(ToQt(chart.Title[0].Text));
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(520, 360);
+    setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+    axisRect()->setRangeZoomFactor(0.8);
+
+    // On a layer of its own it follows the pointer without the curves being drawn again.
+    addLayer(ReadoutLayer, nullptr, limAbove);
+    layer(ReadoutLayer)->setMode(QCPLayer::lmBuffered);
+    cursor_ = new QCPItemStraightLine(this);
+    cursor_->setLayer(ReadoutLayer);
+    cursor_->setPen(QPen(QColor(90, 90, 90), 1, Qt::DotLine));
+    readout_ = new QCPItemText(this);
+    readout_->setLayer(ReadoutLayer);
+    readout_->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    readout_->position->setType(QCPItemPosition::ptAxisRectRatio);
+    readout_->position->setCoords(0.01, 0.99);
+    readout_->setTextAlignment(Qt::AlignLeft);
+    readout_->setPadding(QMargins(6, 4, 6, 4));
+    readout_->setBrush(QColor(255, 255, 255, 225));
+    readout_->setPen(QPen(QColor(150, 150, 150)));
+    HideReadout();
+
+    connect(this, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
+        ShowReadout(xAxis->pixelToCoord(event->position().x()));
+    });
+    connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { ResetScales(); });
+    binder.Show(chart, [this] { ShowChart(); });
+}
+
+void ChartWidget::ShowChart() {
+    FillPlot(*this, chart_);
+    replot(rpQueuedReplot);
+}
+
+void ChartWidget::ResetScales() {
+    xAxis->setRange(chart_.Axis[0].Minimum, chart_.Axis[0].Maximum);
+    yAxis->setRange(chart_.Axis[1].Minimum, chart_.Axis[1].Maximum);
+    replot();
+}
+
+void ChartWidget::ShowReadout(double distance) {
+    const ChartAxis& axis = chart_.Axis[0];
+    distance_ = std::clamp(distance, axis.Minimum, axis.Maximum);
+    QStringList lines{ToQt(axis.Title) + ": " + ToQt(FormatNumber(distance_, "0.0"))};
+    const QStringList names = ToQt(chart_.Legend.Text).split('\r');
+    qsizetype name = 0;
+    QString model;
+    for (const ChartSeries& series : chart_.AllSeries()) {
+        if (!series.Visible) continue;
+        const QString line = names.value(name++);
+        if (line != "(cont.)") model = line;
+        if (const auto value = ValueAt(series, distance_))
+            lines << model + ": " + ToQt(FormatNumber(*value, "0.00")) + ' ' +
+                         ToQt(chart_.Axis[1].Title) +
+                         (series.LineStyle == PatternOutOfRange ? " (out of range)" : "");
+    }
+    cursor_->point1->setCoords(distance_, 0);
+    cursor_->point2->setCoords(distance_, 1);
+    readout_->setText(lines.join('\n'));
+    setAccessibleDescription(lines.join(", "));
+    cursor_->setVisible(true);
+    readout_->setVisible(true);
+    layer(ReadoutLayer)->replot();
+}
+
+void ChartWidget::HideReadout() {
+    cursor_->setVisible(false);
+    readout_->setVisible(false);
+    layer(ReadoutLayer)->replot();
+}
+
+void ChartWidget::leaveEvent(QEvent* event) {
+    HideReadout();
+    QCustomPlot::leaveEvent(event);
+}
+
+void ChartWidget::keyPressEvent(QKeyEvent* event) {
+    constexpr double Zoom = 0.8;
+    const double step = event->modifiers() & Qt::ControlModifier ? 10.0 : 1.0;
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return ShowReadout(distance_ - step);
+        case Qt::Key_Right:
+            return ShowReadout(distance_ + step);
+        case Qt::Key_Home:
+            return ResetScales();
+        case Qt::Key_Plus:
+        case Qt::Key_Minus: {
+            const double factor = event->key() == Qt::Key_Plus ? Zoom : 1.0 / Zoom;
+            xAxis->scaleRange(factor);
+            yAxis->scaleRange(factor);
+            return replot();
+        }
+        default:
+            QCustomPlot::keyPressEvent(event);
+    }
+}
+
+void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    menu.addAction("Copy Picture", this,
+                   [this] { QApplication::clipboard()->setImage(DrawChart(chart_)); });
+    menu.addSeparator();
+    const auto addSave = [&](const QString& caption, const QString& suffix, auto encode) {
+        menu.addAction(caption, this, [this, suffix, encode] { SaveAs(suffix, encode(chart_)); });
+    };
+    addSave("Save Picture as PNG ...", "png", ChartAsPng);
+    addSave("Save Picture as SVG ...", "svg", ChartAsSvg);
+    addSave("Save Picture as PDF ...", "pdf", ChartAsPdf);
+    addSave("Save Points as CSV ...", "csv", ChartAsCsv);
+    menu.addSeparator();
+    menu.addAction("Whole Graph", this, [this] { ResetScales(); });
+    menu.exec(event->globalPos());
+}
+
+void ChartWidget::SaveAs(const QString& suffix, const QByteArray& bytes) {
+    QFileDialog dialog(window(), QString(), QString(), suffix.toUpper() + " (*." + suffix + ')');
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const std::string path = FromQt(dialog.selectedFiles().constFirst());
+    try {
+        ReplaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    } catch (const std::system_error&) {
+        QMessageBox::critical(window(), "File Save", ToQt("Error in saving file " + path));
+    }
+}
+
+}  // namespace vardel

@@ -1,0 +1,124 @@
+#include <gmock/gmock.h>
+
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "graphs/GraphForm.h"
+#include "platform/qt/ChartPlot.h"
+#include "platform/qt/ChartWidget.h"
+#include "platform/qt/QtPlatform.h"
+#include "reports/FrmReport.h"
+#include "support/FakePlatform.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+class GraphWindowTest : public testing::Test {
+protected:
+    GraphWindowTest() { program.Start(); }
+
+    GraphForm& Graph() { return *program.GraphForm; }
+    FormWindow& Window() { return platform.WindowOf(Graph()); }
+    ChartWidget& Plot() {
+        return *static_cast<ChartWidget*>(Window().findChild<QCustomPlot*>("CTWX1"));
+    }
+
+    // Opens the graph from the main form's menu and does this while it is open.
+    void WhileOpen(const std::function<void()>& action) {
+        QTimer::singleShot(0, &Window(), [&] {
+            QApplication::processEvents();
+            action();
+            Window().close();
+        });
+        program.MainForm->mnuGraphdBloss.Pick();
+        EXPECT_FALSE(program.GraphForm.Loaded());
+    }
+
+    QtPlatform platform;
+    Program program{platform.Services()};
+};
+
+TEST_F(GraphWindowTest, DrawsTheChartsSeriesInTheirPatterns) {
+    WhileOpen([&] {
+        EXPECT_EQ(Plot().graphCount(), 4);
+        EXPECT_EQ(Plot().graph(0)->name(), "ITU 529");
+        EXPECT_EQ(Plot().graph(0)->dataCount(), 991);
+        EXPECT_EQ(Plot().graph(0)->pen().style(), Qt::SolidLine);
+        EXPECT_NE(Plot().graph(2)->pen().dashPattern(), Plot().graph(3)->pen().dashPattern());
+        EXPECT_EQ(Plot().yAxis->range(), QCPRange(50, 250));
+        auto& update = *Window().findChild<QPushButton*>("cmdUpdateGraph");
+        EXPECT_TRUE(update.text().contains("The graph shows the inputs")) << "without its picture";
+
+        Graph().mnuGraph300.Pick();
+        update.click();
+        EXPECT_EQ(Plot().graphCount(), 5);
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 300));
+        EXPECT_EQ(Plot().plotLayout()->rowCount(), 4) << "three titles and the axes";
+    });
+}
+
+TEST_F(GraphWindowTest, ZoomsAndGoesBackToTheChartsScales) {
+    WhileOpen([&] {
+        const QPoint middle = Plot().axisRect()->center();
+        QWheelEvent wheel(middle, Plot().mapToGlobal(middle), {}, {0, 120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Plot(), &wheel);
+        EXPECT_LT(Plot().xAxis->range().size(), 100);
+        QTest::mouseDClick(&Plot(), Qt::LeftButton, {}, middle);
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100));
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+        EXPECT_LT(Plot().xAxis->range().size(), 100);
+        QTest::keyClick(&Plot(), Qt::Key_Home);
+        EXPECT_EQ(Plot().yAxis->range(), QCPRange(50, 250));
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+        Graph().cmdUpdateGraph.Press();
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100)) << "a replot sets the scales";
+    });
+}
+
+TEST_F(GraphWindowTest, TheReadoutTellsEachCurvesValue) {
+    WhileOpen([&] {
+        Plot().ShowReadout(10.0);
+        EXPECT_TRUE(Plot().ReadoutText().contains("Distance (Km): 10.0"));
+        EXPECT_TRUE(Plot().ReadoutText().contains("ITU 529: 143.13 dB"));
+        EXPECT_TRUE(Plot().ReadoutText().contains("Cost 231: 140.42 dB (out of range)"));
+        QTest::keyClick(&Plot(), Qt::Key_Right);
+        EXPECT_TRUE(Plot().ReadoutText().contains("11.0"));
+        EXPECT_TRUE(Plot().accessibleDescription().contains("Davidson"));
+        const QPoint middle = Plot().axisRect()->center();
+        QMouseEvent move(QEvent::MouseMove, middle, Plot().mapToGlobal(middle), Qt::NoButton, {},
+                         {});
+        QApplication::sendEvent(&Plot(), &move);
+        const QString there = QString::number(Plot().xAxis->pixelToCoord(middle.x()), 'f', 1);
+        EXPECT_TRUE(Plot().ReadoutText().contains("Distance (Km): " + there))
+            << Plot().ReadoutText().toStdString();
+    });
+}
+
+TEST_F(GraphWindowTest, ACopyInTheLogSurvivesItsFile) {
+    WhileOpen([&] { Graph().mnuFileCopyToReportLog.Pick(); });
+    const auto& pictures = program.FrmReport->rtbLog.Content().Pictures();
+    ASSERT_EQ(pictures.size(), 1U);
+    const QImage image = QImage::fromData(QByteArray::fromStdString(pictures[0].picture->png));
+    EXPECT_EQ(image.size(), QSize(900, 600));
+    int green = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            green += image.pixelColor(x, y) == QColor(0, 128, 0) ? 1 : 0;
+    EXPECT_GT(green, 100) << "the curve of ITU 529 is in the picture";
+}
+
+TEST_F(GraphWindowTest, FilesOfEveryKind) {
+    WhileOpen([&] {
+        EXPECT_EQ(QImage::fromData(ChartAsPng(Graph().CTWX1)).size(), QSize(900, 600));
+        EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains("ITU 529"));
+        EXPECT_TRUE(ChartAsPdf(Graph().CTWX1).startsWith("%PDF"));
+        EXPECT_TRUE(ChartAsMetafile(Graph().CTWX1).startsWith("\xD7\xCD\xC6\x9A"));
+    });
+}
+
+}  // namespace
+}  // namespace vardel
