@@ -6,7 +6,7 @@
 
 #include "platform/RichText.h"
 
-// The report log as a file: rich text format, Microsoft's "Rich Text Format (RTF) Specification"
+// The report log as a file: rich text format, as Microsoft has published it in the version
 // 1.9, as far as a log needs it.
 
 namespace vardel {
