@@ -8,33 +8,25 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "SampleLine.h"
 #include "platform/Files.h"
 #include "platform/Rtf.h"
-#include "reports/LogLine.h"
 #include "support/RunningProgram.h"
 
 namespace vardel {
 namespace {
 
-const LogLine Line{.distance = 10,
-                   .frequency = 450,
-                   .hb = 100,
-                   .hm = 1.5,
-                   .english = false,
-                   .inputs = {450, 10, 100, 1.5, "Urban", "Small/Medium", 50, 50},
-                   .powerWatts = 1000};
-
 RunningProgram& ProgramWithLines(long lines) {
     static RunningProgram running;
     running.program.ReportLog().Clear();
     for (long i = 0; i < lines; ++i)
-        AddLogLine(running.program.ReportLog(), Line, running.platform);
+        AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
     return running;
 }
 
 void AppendLine(benchmark::State& state) {
     RunningProgram& running = ProgramWithLines(state.range(0));
-    for (auto _ : state) AddLogLine(running.program.ReportLog(), Line, running.platform);
+    for (auto _ : state) AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
 }
 BENCHMARK(AppendLine)->Arg(0)->Arg(100'000)->Iterations(20'000);
 

@@ -4,9 +4,9 @@
 
 #include <QApplication>
 
+#include "SampleLine.h"
 #include "platform/qt/QtPlatform.h"
 #include "reports/FrmReport.h"
-#include "reports/LogLine.h"
 #include "reports/RLogClass.h"
 #include "workbench/Program.h"
 
@@ -16,14 +16,7 @@ namespace {
 void OpenLogWindow(benchmark::State& state) {
     QtPlatform platform;
     Program program(platform.Services());
-    const LogLine line{.distance = 10,
-                       .frequency = 450,
-                       .hb = 100,
-                       .hm = 1.5,
-                       .english = false,
-                       .inputs = {450, 10, 100, 1.5, "Urban", "Small/Medium", 50, 50},
-                       .powerWatts = 1000};
-    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), line, platform);
+    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), SampleLine, platform);
     FormWindow& window = platform.WindowOf(*program.FrmReport);
     for (auto _ : state) {
         window.show();

@@ -136,10 +136,7 @@ void GraphForm::cmbareatype_Click() {
 
 void GraphForm::cmdUpdateGraph_Click() {
     MarkGood();
-    SetMousePointer(Pointer::Hourglass);
-    const bool plotted = PlotLossGraph(true);
-    SetMousePointer(Pointer::Normal);
-    if (!plotted) MarkStale();
+    if (!PlotLossGraph(true)) MarkStale();
 }
 
 void GraphForm::SetMaxDist(double maxDist) {

@@ -139,6 +139,7 @@ private:
     void RestoreUnits();
     void BeginLog();
     void ReadMeasuredTables();
+    void SaveUnitsAndHostBoxes();
     void HandBackToHost();
     void SaveSettings(bool retainLog);
 

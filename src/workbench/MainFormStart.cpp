@@ -173,8 +173,7 @@ void MainForm::mnuFileExit_Click() {
 
 void MainForm::Form_Unload() {
     CloseHelp(program_);
-    if (CalledFromHost) HandBackToHost();
-    Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
+    SaveUnitsAndHostBoxes();
     const Answer answer = GetPlatform().windows.ShowMessage(
         {.text = "Retain Output Log?", .title = "Output Log", .buttons = Message::Buttons::YesNo});
     SaveSettings(answer == Answer::Yes);
@@ -183,9 +182,13 @@ void MainForm::Form_Unload() {
 
 void MainForm::EndSession() {
     if (!registry_) return;  // the start has not come that far
+    SaveUnitsAndHostBoxes();
+    SaveSettings(true);
+}
+
+void MainForm::SaveUnitsAndHostBoxes() {
     if (CalledFromHost) HandBackToHost();
     Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
-    SaveSettings(true);
 }
 
 // A box that holds no number, having the focus still, leaves its parameter as it was.

@@ -14,20 +14,29 @@ namespace {
 
 constexpr const char* ReadoutLayer = "readout";
 
+// Calls visit with each shown series and the name of its curve, which further stretches of it
+// share.
+template <class Visit>
+void ForEachShownSeries(const Chart& chart, Visit visit) {
+    const QStringList lines = ToQt(chart.Legend.Text).split('\r');
+    qsizetype line = 0;
+    QString curve;
+    for (const ChartSeries& series : chart.AllSeries()) {
+        if (!series.Visible) continue;
+        if (const QString name = lines.value(line++); name != "(cont.)") curve = name;
+        visit(series, curve);
+    }
+}
+
 // A line for each point: the curve, the distance, the value, and whether the model covers it.
 QByteArray ChartAsCsv(const Chart& chart) {
     QByteArray csv = "curve,distance_km,value,in_range\n";
-    const QStringList names = ToQt(chart.Legend.Text).split('\r');
-    qsizetype name = 0;
-    QString model;
-    for (const ChartSeries& series : chart.AllSeries()) {
-        if (!series.Visible) continue;
-        if (const QString line = names.value(name++); line != "(cont.)") model = line;
+    ForEachShownSeries(chart, [&csv](const ChartSeries& series, const QString& curve) {
         const char* inRange = series.LineStyle == PatternOutOfRange ? "no" : "yes";
         for (std::size_t i = 0; i < series.X.size(); ++i)
-            csv += model.toUtf8() + ',' + ShortestText(series.X[i]).c_str() + ',' +
+            csv += curve.toUtf8() + ',' + ShortestText(series.X[i]).c_str() + ',' +
                    ShortestText(series.Y[i]).c_str() + ',' + inRange + '\n';
-    }
+    });
     return csv;
 }
 
@@ -91,18 +100,12 @@ void ChartWidget::ShowReadout(double distance) {
     const ChartAxis& axis = chart_.Axis[0];
     distance_ = std::clamp(distance, axis.Minimum, axis.Maximum);
     QStringList lines{ToQt(axis.Title) + ": " + ToQt(FormatNumber(distance_, "0.0"))};
-    const QStringList names = ToQt(chart_.Legend.Text).split('\r');
-    qsizetype name = 0;
-    QString model;
-    for (const ChartSeries& series : chart_.AllSeries()) {
-        if (!series.Visible) continue;
-        const QString line = names.value(name++);
-        if (line != "(cont.)") model = line;
+    ForEachShownSeries(chart_, [&](const ChartSeries& series, const QString& curve) {
         if (const auto value = ValueAt(series, distance_))
-            lines << model + ": " + ToQt(FormatNumber(*value, "0.00")) + ' ' +
+            lines << curve + ": " + ToQt(FormatNumber(*value, "0.00")) + ' ' +
                          ToQt(chart_.Axis[1].Title) +
                          (series.LineStyle == PatternOutOfRange ? " (out of range)" : "");
-    }
+    });
     cursor_->point1->setCoords(distance_, 0);
     cursor_->point2->setCoords(distance_, 1);
     readout_->setText(lines.join('\n'));
