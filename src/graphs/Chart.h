@@ -16,6 +16,7 @@ struct ChartSeries {
     int LineWidth = 1;
     int MarkerStyle = 0;  // 0: a plain line
     int MarkerSize = 0;
+    bool SinglePoints = false;  // each point a value of its own, shown as a dot on the line
     std::string Label;
     std::vector<double> X;
     std::vector<double> Y;

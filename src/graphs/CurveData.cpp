@@ -68,6 +68,7 @@ void CurveDrawing::AddSeries(const CurveData& curve, int from, int count, Color 
     series.LineWidth = 1;
     series.MarkerStyle = 0;
     series.MarkerSize = 0;
+    series.SinglePoints = false;
     series.Visible = true;
 }
 
@@ -97,6 +98,12 @@ void CurveDrawing::DrawWholeCurve(const CurveData& curve, std::string_view legen
     AddSeries(curve, 0, curve.LastPoint + 1, color, pattern);
 }
 
+void CurveDrawing::DrawMeasuredCurve(const CurveData& curve, std::string_view legend, Color color) {
+    if (curve.LastPoint < 0) return;
+    DrawWholeCurve(curve, legend, color, PatternInRange);
+    chart_.Series(series_).SinglePoints = true;
+}
+
 void SetChartScales(Chart& chart, double maxDist, double valueMinimum, double valueMaximum) {
     for (ChartAxis& axis : chart.Axis) {
         axis.TitleFontName = "Arial";
@@ -111,6 +118,13 @@ void SetChartScales(Chart& chart, double maxDist, double valueMinimum, double va
     chart.Axis[0].Minimum = 0.0;
     chart.Axis[1].Maximum = valueMaximum;
     chart.Axis[1].Minimum = valueMinimum;
+}
+
+void SetChartTitles(Chart& chart, std::string plot, std::string parameters) {
+    chart.Title[1].Text = std::move(plot);
+    chart.Title[2].Text = std::move(parameters);
+    chart.Title[1].FontSize = 8;
+    chart.Title[2].FontSize = 8;
 }
 
 void SetChartLegend(Chart& chart, std::string legend) {

@@ -44,6 +44,8 @@ public:
     void DrawModelCurve(const CurveData& curve, std::string_view legend, Color color);
     void DrawWholeCurve(const CurveData& curve, std::string_view legend, Color color,
                         LinePattern pattern);
+    // Values that were measured, each to be told from the curves. Without any, nothing is drawn.
+    void DrawMeasuredCurve(const CurveData& curve, std::string_view legend, Color color);
 
     const std::string& Legend() const { return legend_; }
 
@@ -58,6 +60,8 @@ private:
 
 // What both kinds of graph set alike: fonts, colours, and the scales.
 void SetChartScales(Chart& chart, double maxDist, double valueMinimum, double valueMaximum);
+// The titles below the chart's name: the plot's, and the line of its inputs.
+void SetChartTitles(Chart& chart, std::string plot, std::string parameters);
 void SetChartLegend(Chart& chart, std::string legend);
 
 }  // namespace vardel

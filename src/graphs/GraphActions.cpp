@@ -21,10 +21,13 @@ void CopyGraphToLog(Program& program, Chart& chart) {
     program.ReportLog().AddLine("[Clip Board Image]");
 }
 
-void ShowGraphState(Button& update, const std::string& pictureFile, bool good) {
-    update.SetPictureFile(pictureFile);
-    update.SetStateText(good ? "The graph shows the inputs"
-                             : "The inputs may have changed since the graph was drawn");
+const char* MeasuredCaption(bool shown) {
+    return shown ? "&Hide Measured Data" : "&Show Measured Data";
+}
+
+void ToggleMeasuredData(Program& program, MenuItem& entry) {
+    program.ShowMeasuredData = entry.Caption() != MeasuredCaption(true);
+    entry.SetCaption(MeasuredCaption(program.ShowMeasuredData));
 }
 
 }  // namespace vardel

@@ -15,7 +15,9 @@ void SaveGraph(Form& form, Chart& chart);
 // Puts a picture of the chart into the report log, by way of the clipboard.
 void CopyGraphToLog(Program& program, Chart& chart);
 
-// A graph whose inputs may have changed, or one that shows them, by picture and in words.
-void ShowGraphState(Button& update, const std::string& pictureFile, bool good);
+// Whether graphs show measured data is told by the caption of a menu entry, which a pick turns
+// over. Takes effect with the next plot.
+const char* MeasuredCaption(bool shown);
+void ToggleMeasuredData(Program& program, MenuItem& entry);
 
 }  // namespace vardel

@@ -1,5 +1,7 @@
 #include "workbench/MainForm.h"
 
+#include "graphs/FrmOkumFieldStrength.h"
+#include "graphs/GraphActions.h"
 #include "graphs/GraphForm.h"
 #include "help/ContextIDs.h"
 #include "reports/RLogClass.h"
@@ -85,6 +87,11 @@ void MainForm::WireEvents() {
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
     mnuGraphdBloss.Click = [this] { program_.GraphForm->ShowModal(); };
+    mnuOkumGraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphDavidson); };
+    mnuOkum529GraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphItu529); };
+    mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
+    mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(GraphComparison); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
     mnuHelpVardel.Click = [this] { OpenManual(program_); };
     lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
     mnuHideShow.Click = [this] { mnuHideShow_Click(); };
@@ -92,10 +99,17 @@ void MainForm::WireEvents() {
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 
     // What these lead to is not there yet.
-    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuOkumGraphFieldStrength,
-                            &mnuOkum529GraphFieldStrength, &mnuGraphCost231FieldStrength,
-                            &mnuGraphCompare, &mnuGraphMeasured, &mnuHelpInfo, &mnuHelpAbout})
+    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuHelpInfo, &mnuHelpAbout})
         entry->SetEnabled(false);
+}
+
+// A form that a unit switch has made stands ready with its inputs, but with the graph of its
+// making.
+void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
+    const bool made = program_.FrmOkumFieldStrength.Loaded();
+    program_.GraphMode = graph;
+    if (made) program_.FrmOkumFieldStrength->SelectPlot(graph);
+    program_.FrmOkumFieldStrength->ShowModal();
 }
 
 }  // namespace vardel

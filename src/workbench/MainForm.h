@@ -6,10 +6,12 @@
 #include "platform/Controls.h"
 #include "reports/TempLog.h"
 #include "settings/Registry.h"
+#include "workbench/PowerUnits.h"
 
 namespace vardel {
 
 class Program;
+enum FieldStrengthGraph : int;
 struct LogLine;
 
 // The program's one permanent window: the inputs as text in boxes, the six results of a
@@ -73,8 +75,7 @@ public:
     Label Label8{*this, "Label8", " dB µv / m"};
     Label Label24{*this, "Label24", "Power"};
     TextBox txtPowerUnit{*this, "txtPowerUnit", "1"};
-    ComboBox cmbPowerUnit{
-        *this, "cmbPowerUnit", {{"W e.r.p.", 0}, {"kW e.r.p.", 1}, {"dBm", 2}, {"dBw", 3}}, 1};
+    ComboBox cmbPowerUnit{*this, "cmbPowerUnit", PowerUnitEntries(), UnitKilowatts};
 
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileNew{mnuFile, "mnuFileNew", "&New"};
@@ -111,6 +112,7 @@ private:
     void SetAppearance();
     void SetHelpTopics();
     void WireEvents();
+    void ShowFieldStrengthGraph(FieldStrengthGraph graph);
 
     // MainFormCalculation.cpp
     void cmdLossCalc_Click();

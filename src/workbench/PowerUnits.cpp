@@ -7,6 +7,11 @@
 
 namespace vardel {
 
+std::vector<ComboBox::Item> PowerUnitEntries() {
+    return {
+        {"W e.r.p.", UnitWatts}, {"kW e.r.p.", UnitKilowatts}, {"dBm", UnitDbm}, {"dBw", UnitDbw}};
+}
+
 double PowerTextToWatts(std::string_view text, int unit) {
     const double x = LeadingNumber(text);
     switch (unit) {

@@ -2,12 +2,18 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/Controls.h"
 
 // Power is entered in one of four units and held in watts.
 
 namespace vardel {
 
 enum PowerUnitNumber : int { UnitWatts = 0, UnitKilowatts = 1, UnitDbm = 2, UnitDbw = 3 };
+
+// For the lists of power units.
+std::vector<ComboBox::Item> PowerUnitEntries();
 
 // The power in watts that the leading number of a text means in the unit; 0 for an unknown unit.
 double PowerTextToWatts(std::string_view text, int unit);

@@ -1,5 +1,6 @@
 #include "workbench/Program.h"
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
@@ -22,7 +23,8 @@ Program::Program(Platform services)
     : platform(std::move(services)),
       MainForm([this] { return Make<vardel::MainForm>(*this); }),
       FrmReport([this] { return Make<vardel::FrmReport>(*this); }),
-      GraphForm([this] { return Make<vardel::GraphForm>(*this); }) {}
+      GraphForm([this] { return Make<vardel::GraphForm>(*this); }),
+      FrmOkumFieldStrength([this] { return Make<vardel::FrmOkumFieldStrength>(*this); }) {}
 
 Program::~Program() = default;
 

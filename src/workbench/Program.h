@@ -10,6 +10,7 @@
 
 namespace vardel {
 
+class FrmOkumFieldStrength;
 class FrmReport;
 class GraphForm;
 class MainForm;
@@ -37,6 +38,7 @@ public:
     std::string TempLogFile;  // the log's file; empty: the log has none
     std::string ArchiveFile;  // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;
+    int GraphMode = 0;                     // of the field strength graphs, see FieldStrengthGraph
     bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
     Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
     Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
@@ -45,6 +47,7 @@ public:
     FormSlot<vardel::MainForm> MainForm;
     FormSlot<vardel::FrmReport> FrmReport;
     FormSlot<vardel::GraphForm> GraphForm;
+    FormSlot<vardel::FrmOkumFieldStrength> FrmOkumFieldStrength;
 
 private:
     std::unique_ptr<RLogClass> reportLog_;

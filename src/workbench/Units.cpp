@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
@@ -32,7 +33,8 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
 // The main form first. A graph form that is not there yet is made, hidden, with the main form's
 // inputs.
 std::vector<UnitControls> FormsWithUnits(Program& program) {
-    return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm)};
+    return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm),
+            UnitControlsOf(*program.FrmOkumFieldStrength)};
 }
 
 void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {

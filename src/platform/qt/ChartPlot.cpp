@@ -31,6 +31,12 @@ QPen PenOf(const ChartSeries& series) {
     return pen;
 }
 
+QCPScatterStyle PointMark(const ChartSeries& series) {
+    constexpr double Size = 5.0;
+    const QColor color = ToQt(series.LineColor);
+    return {QCPScatterStyle::ssCircle, QPen(color.darker(150)), color, Size};
+}
+
 void SetAxis(QCPAxis& shown, const ChartAxis& axis) {
     shown.setRange(axis.Minimum, axis.Maximum);
     shown.setLabel(ToQt(axis.Title));
@@ -70,6 +76,7 @@ void AddGraphs(QCustomPlot& plot, const Chart& chart) {
         graph->setPen(PenOf(series));
         graph->setAntialiased(true);
         graph->setAdaptiveSampling(true);
+        if (series.SinglePoints) graph->setScatterStyle(PointMark(series));
         graph->setName(lines.value(line++));
     }
 }

@@ -5,43 +5,67 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "platform/qt/ChartWidget.h"
 
 namespace vardel {
 
+namespace {
+
+constexpr int BoxWidth = 10;
+
+}  // namespace
+
 GraphWindow::GraphWindow(GraphForm& form) : FormWindow(form) {
-    auto* center = new QWidget;
-    auto* row = new QHBoxLayout(center);
-    row->addWidget(MakeInputs(form));
-    row->addWidget(new ChartWidget(form.CTWX1, binder), 1);
-    setCentralWidget(center);
-    resize(1120, 640);
-    findChild<QLineEdit*>("txtFreq")->setFocus();
+    QGridLayout* inputs = AddInputs(form);
+    LayOut(form, *inputs);
 }
 
-QWidget* GraphWindow::MakeInputs(GraphForm& form) {
-    auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    constexpr int BoxWidth = 10;
+GraphWindow::GraphWindow(FrmOkumFieldStrength& form) : FormWindow(form) {
+    QGridLayout* inputs = AddInputs(form);
+    AddInput(form.lblPower, *MakeBox(form.txtPowerUnit, BoxWidth), nullptr, *inputs,
+             inputs->rowCount(), 0);
+    QComboBox* unit = MakeList(form.cmbPowerUnit);
+    unit->setAccessibleName(tr("Power unit"));
+    inputs->addWidget(unit, inputs->rowCount(), 1);
+    LayOut(form, *inputs);
+}
+
+QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
+    auto* grid = new QGridLayout;
     int row = 0;
     const auto add = [&](Label& caption, QWidget* widget, Label* unit) {
         AddInput(caption, *widget, unit, *grid, row++, 0);
     };
     add(form.Label3, MakeBox(form.txtFreq, BoxWidth), &form.Label4);
-    add(form.lblBaseAntenna, MakeBox(form.txthb, BoxWidth), &form.Label10);
+    add(form.BaseAntennaLabel(), MakeBox(form.txthb, BoxWidth), &form.Label10);
     add(form.Label9, MakeBox(form.txthm, BoxWidth), &form.Label11);
     add(form.Label6, MakeList(form.cmbareatype), nullptr);
     add(form.Label13, MakeList(form.cmbcitysize), nullptr);
     add(form.Label1, MakeBox(form.txtPctTime, BoxWidth), &form.Label5);
     add(form.Label7, MakeBox(form.txtPctLoc, BoxWidth), &form.Label2);
-    for (Button* button : {&form.cmdUpdateGraph, &form.cmdPrintGraph, &form.cmdArchiveData}) {
+    return grid;
+}
+
+void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
+    for (Button* button : {&form.cmdUpdateGraph, &form.cmdPrintGraph, &form.ArchiveButton()}) {
         auto* widget = new QPushButton;
         binder.Bind(*button, *widget);
-        grid->addWidget(widget, row++, 0, 1, 3);
+        inputs.addWidget(widget, inputs.rowCount(), 0, 1, 3);
     }
-    grid->setRowStretch(row, 1);
-    return panel;
+    inputs.setRowStretch(inputs.rowCount(), 1);
+}
+
+void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
+    AddButtons(form, inputs);
+    auto* center = new QWidget;
+    auto* row = new QHBoxLayout(center);
+    row->addLayout(&inputs);
+    row->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
+    setCentralWidget(center);
+    resize(1120, 640);
+    findChild<QLineEdit*>("txtFreq")->setFocus();
 }
 
 }  // namespace vardel

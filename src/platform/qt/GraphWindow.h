@@ -4,15 +4,20 @@
 
 namespace vardel {
 
+class FrmOkumFieldStrength;
 class GraphForm;
+class PlotForm;
 
-// GraphForm on the screen: the inputs at the left, the chart beside them.
+// The graph forms on the screen: the inputs at the left, the chart beside them.
 class GraphWindow : public FormWindow {
 public:
     explicit GraphWindow(GraphForm& form);
+    explicit GraphWindow(FrmOkumFieldStrength& form);
 
 private:
-    QWidget* MakeInputs(GraphForm& form);
+    void LayOut(PlotForm& form, QGridLayout& inputs);
+    QGridLayout* AddInputs(PlotForm& form);
+    void AddButtons(PlotForm& form, QGridLayout& inputs);
 };
 
 }  // namespace vardel

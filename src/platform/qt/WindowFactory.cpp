@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "platform/qt/GraphWindow.h"
 #include "platform/qt/MainWindow.h"
@@ -17,6 +18,8 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
     if (auto* report = dynamic_cast<FrmReport*>(&form))
         return std::make_unique<ReportWindow>(*report);
     if (auto* graph = dynamic_cast<GraphForm*>(&form)) return std::make_unique<GraphWindow>(*graph);
+    if (auto* graph = dynamic_cast<FrmOkumFieldStrength*>(&form))
+        return std::make_unique<GraphWindow>(*graph);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

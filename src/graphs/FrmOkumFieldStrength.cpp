@@ -1,0 +1,116 @@
+#include "graphs/FrmOkumFieldStrength.h"
+
+#include "graphs/GraphActions.h"
+#include "help/ContextIDs.h"
+#include "models/Primitives.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+
+FrmOkumFieldStrength::FrmOkumFieldStrength(Program& program)
+    : PlotForm(program, {.form = "FrmOkumFieldStrength",
+                         .caption = "Field Strength Plot",
+                         .chart = "CTWXfs",
+                         .chartTitle = "Field Strength",
+                         .distanceTitle = "Distance (km)",
+                         .valueTitle = "dB (uv/m)",
+                         .baseAntennaLabel = "Label8",
+                         .archiveButton = "cmdAddToArchive"}),
+      // On the main form's unit from the beginning: a change of it would rewrite the power's text.
+      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), program.PowerUnit) {
+    SetHelpContextID(TopicFieldStrengthGraphs);
+    for (MenuItem* mark : {&mnuModelPalvernFS, &mnuModelOkum529FS, &mnuModelCost231,
+                           &mnuModelCompare, &mnuModelDist100, &mnuModelDist300})
+        mark->SetCheckable(true);
+    WireEvents();
+}
+
+void FrmOkumFieldStrength::WireEvents() {
+    lblPower.Click = [this] { cmdAddToArchive.SetVisible(!cmdAddToArchive.Visible()); };
+    txtPowerUnit.LostFocus = [this] { txtPowerUnit_LostFocus(); };
+    cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
+
+    // The inputs go back here and again as the form unloads, which any way of closing it does.
+    mnuFileExit.Click = [this] {
+        HandBackInputs(*program_.MainForm);
+        Unload();
+    };
+    mnuModelPalvernFS.Click = [this] { SelectPlot(GraphDavidson); };
+    mnuModelOkum529FS.Click = [this] { SelectPlot(GraphItu529); };
+    mnuModelCost231.Click = [this] { SelectPlot(GraphCost231); };
+    mnuModelCompare.Click = [this] { SelectPlot(GraphComparison); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
+    mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
+    mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
+
+    // What these lead to is not there yet.
+    mnuFilePrint.SetEnabled(false);
+    mnuFilePrinterSetup.SetEnabled(false);
+}
+
+void FrmOkumFieldStrength::Form_Load() {
+    const MainForm& main = *program_.MainForm;
+    txthb.SetEnabled(program_.GraphMode == GraphComparison);
+    SetMaxDist(100.0, mnuModelDist100, mnuModelDist300);
+    mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+    LoadInputs(main);
+    txtPowerUnit.SetText(main.txtPowerUnit.Text());
+    CheckModelMenu();
+    if (PlotFieldStrength(false))
+        MarkGood();
+    else
+        MarkStale();
+}
+
+void FrmOkumFieldStrength::Form_Unload() {
+    MainForm& main = *program_.MainForm;
+    HandBackInputs(main);
+    main.mnuGraphMeasured.SetCaption(mnuGraphMeasured.Caption());
+}
+
+void FrmOkumFieldStrength::CheckModelMenu() {
+    const int mode = program_.GraphMode;
+    mnuModelPalvernFS.SetChecked(mode == GraphDavidson);
+    mnuModelOkum529FS.SetChecked(mode == GraphItu529);
+    mnuModelCost231.SetChecked(mode == GraphCost231);
+    mnuModelCompare.SetChecked(mode == GraphComparison);
+}
+
+// A graph that was marked stale stays so, though this takes in all the inputs.
+void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
+    SetMousePointer(Pointer::Hourglass);
+    program_.GraphMode = graph;
+    CheckModelMenu();
+    if (!PlotFieldStrength(true)) MarkStale();
+    SetMousePointer(Pointer::Normal);
+}
+
+void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
+    ReplotMode(graph);
+    txthb.SetEnabled(graph == GraphComparison);
+}
+
+void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }
+
+void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
+    if (MaxDist != maxDist) SetMaxDist(maxDist, mnuModelDist100, mnuModelDist300);
+}
+
+// The power goes to the main form at once, not only when the form closes.
+void FrmOkumFieldStrength::txtPowerUnit_LostFocus() {
+    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), program_.PowerUnit));
+    program_.MainForm->txtPowerUnit.SetText(txtPowerUnit.Text());
+    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), program_.PowerUnit);
+    MarkStale();
+}
+
+void FrmOkumFieldStrength::cmbPowerUnit_Click() {
+    MainForm& main = *program_.MainForm;
+    program_.PowerUnit = cmbPowerUnit.SelectedItemData();
+    txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
+    main.cmbPowerUnit.SetText(cmbPowerUnit.Text());
+    main.txtPowerUnit.SetText(txtPowerUnit.Text());
+}
+
+}  // namespace vardel

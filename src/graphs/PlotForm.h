@@ -1,0 +1,100 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "graphs/Chart.h"
+#include "models/ModelInputs.h"
+
+namespace vardel {
+
+class CurveDrawing;
+class MainForm;
+class Program;
+
+// What the graph forms have in common: a copy of the main form's inputs, the rules of their boxes,
+// the steps of a plot, and a button that shows whether the chart is of the present inputs. The
+// inputs go back to the main form when the form closes.
+class PlotForm : public Form {
+public:
+    // What the graph forms name or caption each in its own way.
+    struct Names {
+        const char* form;
+        const char* caption;
+        const char* chart;
+        const char* chartTitle;
+        const char* distanceTitle;
+        const char* valueTitle;
+        const char* baseAntennaLabel;
+        const char* archiveButton;
+    };
+
+    double MaxDist = 100.0;   // the right end of the distance axis, km: 100 or 300
+    std::string GoodPicture;  // the file for the button of a graph that shows the inputs
+    std::string BadPicture;   // and of one whose inputs may have changed since
+
+    Button cmdPrintGraph{*this, "cmdPrintGraph", "Print Graph"};
+    TextBox txtPctLoc{*this, "txtPctLoc", "50"};
+    Button cmdUpdateGraph{*this, "cmdUpdateGraph", "Update Graph"};
+    TextBox txtPctTime{*this, "txtPctTime", "50"};
+    ComboBox cmbcitysize{*this, "cmbcitysize", {{"Small/Medium"}, {"Large"}}};
+    ComboBox cmbareatype{*this, "cmbareatype", {{"Urban"}, {"Suburban"}, {"Open"}}};
+    TextBox txtFreq{*this, "txtFreq", "150.0"};
+    TextBox txthb{*this, "txthb", "30"};
+    TextBox txthm{*this, "txthm", "1"};
+    Label Label7{*this, "Label7", "Percent of Loc"};
+    Label Label5{*this, "Label5", "%"};
+    Label Label2{*this, "Label2", "%"};
+    Label Label1{*this, "Label1", "Percent of Time"};
+    Label Label13{*this, "Label13", "City Size"};
+    Label Label6{*this, "Label6", "Area"};
+    Label Label3{*this, "Label3", "Frequency"};
+    Label Label4{*this, "Label4", "MHz"};
+    Label Label10{*this, "Label10", "m"};
+    Label Label11{*this, "Label11", "m"};
+    Label Label9{*this, "Label9", "Mobile Antenna"};
+
+    MenuItem mnuFile{*this, "mnuFile", "&File"};
+    MenuItem mnuFileSave{mnuFile, "mnuFileSave", "&Save Meta File"};
+    MenuItem mnuUnits{*this, "mnuUnits", "&Units"};
+    MenuItem mnuUnitsMetric{mnuUnits, "mnuUnitsMetric", "&Metric"};
+    MenuItem mnuUnitsEnglish{mnuUnits, "mnuUnitsEnglish", "&English"};
+
+    // The same three under one name for both forms, beside the names that each form gives them.
+    Chart& GraphChart() { return chart_; }
+    Label& BaseAntennaLabel() { return baseAntenna_; }
+    Button& ArchiveButton() { return archive_; }
+
+protected:
+    PlotForm(Program& program, const Names& names);
+
+    // The whole plot. The series from first to last of an earlier one are hidden before a redraw.
+    // False, after a message, where a box holds no number: the chart is as it was then.
+    bool Plot(bool redrawChart, int first, int last);
+    // Curves, scales and titles of a plot.
+    virtual void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) = 0;
+    // The plot that the button asks for.
+    virtual bool Replot() = 0;
+
+    void LoadInputs(const MainForm& main);
+    // Each of these writes is an edit of the main form's control.
+    void HandBackInputs(MainForm& main) const;
+    void MarkGood();
+    void MarkStale();
+    // Takes effect with the next plot.
+    void SetMaxDist(double maxDist, MenuItem& at100, MenuItem& at300);
+
+    Program& program_;
+    Chart chart_;
+    Label baseAntenna_;
+    Button archive_;
+
+private:
+    void SetAppearance();
+    void WireEvents();
+    std::optional<ModelInputs> ReadInputs();
+    void cmbareatype_Click();
+    void cmdUpdateGraph_Click();
+};
+
+}  // namespace vardel
