@@ -1,4 +1,4 @@
-// A plot of the loss graph to 300 km beside its single model calls, and its drawing.
+// Plots to 300 km beside their single model calls, and their drawing.
 
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
@@ -6,6 +6,7 @@
 #include <QApplication>
 
 #include "graphs/CurveData.h"
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "models/ModCalculations.h"
 #include "platform/qt/ChartPlot.h"
@@ -17,6 +18,8 @@ namespace {
 const ModelInputs Inputs{450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50};
 
 constexpr std::array<ModelFunction, 3> Losses = {Itu529Loss, DavidsonLoss, Cost231Loss};
+
+constexpr std::array<double, 6> Heights = {30, 50, 70, 100, 150, 200};
 
 void ComputePlot(benchmark::State& state) {
     for (auto _ : state)
@@ -35,22 +38,59 @@ void ComputePlot_floor(benchmark::State& state) {
 }
 BENCHMARK(ComputePlot_floor)->Unit(benchmark::kMicrosecond);
 
+void ComputeFamily(benchmark::State& state) {
+    for (auto _ : state)
+        for (const double height : Heights) {
+            ModelInputs in = Inputs;
+            in.hb = height;
+            benchmark::DoNotOptimize(
+                ComputeModelCurve(ModelItu529, Itu529FieldStrength, in, 0.1, 300.0));
+        }
+}
+BENCHMARK(ComputeFamily)->Unit(benchmark::kMicrosecond);
+
+// The range test is a call as well.
+void ComputeFamily_floor(benchmark::State& state) {
+    for (auto _ : state)
+        for (const double height : Heights) {
+            ModelInputs in = Inputs;
+            in.hb = height;
+            for (in.d = 0.1; in.d <= 300.0; in.d = in.d + 0.1) {
+                benchmark::DoNotOptimize(
+                    ModelInRange(ModelItu529, in.f, in.hb, in.hm, in.d, in.area));
+                benchmark::DoNotOptimize(Itu529FieldStrength(in));
+            }
+        }
+}
+BENCHMARK(ComputeFamily_floor)->Unit(benchmark::kMicrosecond);
+
 // The redraw of a graph that was drawn before, at 900 by 600 points.
-void RedrawPlot(benchmark::State& state) {
-    RunningProgram running;
-    GraphForm& form = *running.program.GraphForm;
-    form.mnuGraph300.Pick();
+void Redraw(benchmark::State& state, PlotForm& form) {
     form.cmdUpdateGraph.Press();
     QCustomPlot plot;
     plot.resize(900, 600);
-    FillPlot(plot, form.CTWX1);
+    FillPlot(plot, form.GraphChart());
     plot.replot();
     for (auto _ : state) {
-        FillPlot(plot, form.CTWX1);
+        FillPlot(plot, form.GraphChart());
         plot.replot();
     }
 }
+
+void RedrawPlot(benchmark::State& state) {
+    RunningProgram running;
+    running.program.GraphForm->mnuGraph300.Pick();
+    Redraw(state, *running.program.GraphForm);
+}
 BENCHMARK(RedrawPlot)->Unit(benchmark::kMillisecond);
+
+void RedrawFamily(benchmark::State& state) {
+    RunningProgram running;
+    running.program.GraphMode = GraphItu529;
+    running.program.FrmOkumFieldStrength->mnuModelDist300.Pick();
+    Redraw(state, *running.program.FrmOkumFieldStrength);
+}
+BENCHMARK(RedrawFamily)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vardel

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "help/ContextIDs.h"
 #include "platform/Files.h"
@@ -43,6 +44,48 @@ bool TakeModalPicture(vardel::QtPlatform& platform, vardel::Form& form, const QD
     return good;
 }
 
+// Three frequencies show each model in and out of its range; at 300 km two of them break.
+bool TakeLossGraphs(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
+    bool good = true;
+    program.MainForm->cmbareatype.SetText("Urban");
+    for (const char* frequency : {"450.0", "1500.0", "1800.0"}) {
+        program.MainForm->txtFreq.SetText(frequency);
+        good &= TakeModalPicture(platform, *program.GraphForm, pictures,
+                                 QString("loss-graph-%1").arg(int(std::atof(frequency))));
+    }
+    program.GraphForm->mnuGraph300.Pick();
+    program.GraphForm->cmdUpdateGraph.Press();
+    return good & TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
+}
+
+bool TakeFieldStrengthGraphs(vardel::QtPlatform& platform, vardel::Program& program,
+                             const QDir& pictures) {
+    constexpr std::pair<vardel::FieldStrengthGraph, const char*> graphs[] = {
+        {vardel::GraphDavidson, "davidson"},
+        {vardel::GraphItu529, "itu529"},
+        {vardel::GraphUs, "us"},
+        {vardel::GraphCost231, "cost231"},
+        {vardel::GraphComparison, "comparison"},
+    };
+    bool good = true;
+    program.MainForm->txtFreq.SetText("450.0");
+    program.ShowMeasuredData = true;
+    for (const auto& [graph, name] : graphs) {
+        program.GraphMode = graph;
+        auto& form = *program.FrmOkumFieldStrength;
+        for (const auto& [distance, km] :
+             {std::pair(&form.mnuModelDist300, "-300km"), std::pair(&form.mnuModelDist100, "")}) {
+            distance->Pick();
+            form.cmdUpdateGraph.Press();
+            form.Show();
+            good &= TakePicture(platform.WindowOf(form), pictures,
+                                QString("field-strength-%1%2").arg(name, km));
+        }
+        form.CloseByFrame();
+    }
+    return good;
+}
+
 // scratch stands for the folder of the program, with measured data for the graphs.
 int Tour(const QDir& pictures, const std::string& scratch) {
     vardel::ReplaceFile(scratch + "/measured.csv", "0,450,0.5,Urban,1.5,1,100\n10,49.9\n20,38.2\n");
@@ -66,16 +109,8 @@ int Tour(const QDir& pictures, const std::string& scratch) {
         calculate->click();
     }
     good &= TakeModalPicture(platform, *program.FrmReport, pictures, "report-log");
-    // Three frequencies show each model in and out of its range; at 300 km two of them break.
-    for (const char* frequency : {"450.0", "1500.0", "1800.0"}) {
-        program.MainForm->txtFreq.SetText(frequency);
-        program.MainForm->cmbareatype.SetText("Urban");
-        good &= TakeModalPicture(platform, *program.GraphForm, pictures,
-                                 QString("loss-graph-%1").arg(int(std::atof(frequency))));
-    }
-    program.GraphForm->mnuGraph300.Pick();
-    program.GraphForm->cmdUpdateGraph.Press();
-    good &= TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
+    good &= TakeLossGraphs(platform, program, pictures);
+    good &= TakeFieldStrengthGraphs(platform, program, pictures);
     platform.GetHelp().ShowTopic(vardel::TopicInputs);
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;

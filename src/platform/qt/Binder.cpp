@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QBitmap>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
@@ -183,10 +184,12 @@ void Binder::Bind(Button& button, QAbstractButton& widget) {
     widget.setPalette(QApplication::palette());  // not the colours of the form behind it
     Show(button, [this, &button, &widget] {
         BindCommon(button, widget);
-        const QIcon picture(ToQt(button.PictureFile()));
-        const bool shown = !picture.availableSizes().isEmpty();
-        widget.setIcon(shown ? picture : QIcon());
-        if (shown) widget.setIconSize(picture.availableSizes().constFirst());
+        QPixmap picture(ToQt(button.PictureFile()));
+        const bool shown = !picture.isNull();
+        // The button shows through what surrounds the picture's motif.
+        if (shown) picture.setMask(picture.createHeuristicMask());
+        widget.setIcon(picture);
+        if (shown) widget.setIconSize(picture.size());
         const QString state = ToQt(button.StateText());
         const bool tellsState = !shown && !state.isEmpty();
         widget.setText(ToQt(button.Caption()) + (tellsState ? " (" + state + ')' : QString()));

@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <algorithm>
 
 #include "platform/qt/Convert.h"
 #include "platform/qt/MetafileDevice.h"
@@ -85,8 +86,11 @@ void AddGraphs(QCustomPlot& plot, const Chart& chart) {
 Qt::Alignment LegendCorner(const Chart& chart) {
     const auto& [x, y] = chart.Axis;
     const double right = x.Minimum + 0.8 * (x.Maximum - x.Minimum);
-    const double low = y.Minimum + 0.35 * (y.Maximum - y.Minimum);
-    const double high = y.Minimum + 0.65 * (y.Maximum - y.Minimum);
+    // As much of the axis as the lines take in a window of the usual size.
+    const auto lines = 1 + std::count(chart.Legend.Text.begin(), chart.Legend.Text.end(), '\r');
+    const double height = (0.06 + 0.036 * static_cast<double>(lines)) * (y.Maximum - y.Minimum);
+    const double low = y.Minimum + height;
+    const double high = y.Maximum - height;
     int above = 0;
     int below = 0;
     for (const ChartSeries& series : chart.AllSeries()) {
