@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
 #include "platform/qt/ChartPlot.h"
 #include "platform/qt/ChartWidget.h"
@@ -96,6 +97,30 @@ TEST_F(GraphWindowTest, TheReadoutTellsEachCurvesValue) {
         EXPECT_TRUE(Plot().ReadoutText().contains("Distance (Km): " + there))
             << Plot().ReadoutText().toStdString();
     });
+}
+
+TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
+    program.MeasuredTable = {{.PercentTime = 0.5,
+                              .Frequency = 450,
+                              .City = "Urban",
+                              .HeightCount = 1,
+                              .MobileHeight = 1.5,
+                              .RowDistance = {90, 10.25, 30},
+                              .BaseHeight = {100},
+                              .RowValue = {{20}, {60}, {40}, {MeasuredEndMark}}}};
+    program.ShowMeasuredData = true;
+    FrmOkumFieldStrength& form = *program.FrmOkumFieldStrength;
+    form.SelectPlot(GraphComparison);
+    auto& plot = *static_cast<ChartWidget*>(
+        platform.WindowOf(form).findChild<QCustomPlot*>("CTWXfs"));
+    ASSERT_EQ(plot.graphCount(), 5);
+    EXPECT_TRUE(plot.graph(3)->scatterStyle().isNone());
+    EXPECT_FALSE(plot.graph(4)->scatterStyle().isNone());
+    EXPECT_EQ(plot.graph(4)->data()->constBegin()->key, 10.25);
+    plot.ShowReadout(19.0);
+    EXPECT_TRUE(plot.ReadoutText().contains("Measured at 10.25: 60.00 dB (uv/m)"))
+        << plot.ReadoutText().toStdString();
+    form.Unload();
 }
 
 TEST_F(GraphWindowTest, ACopyInTheLogSurvivesItsFile) {

@@ -73,7 +73,8 @@ void AddGraphs(QCustomPlot& plot, const Chart& chart) {
         QCPGraph* graph = plot.addGraph();
         const auto size = static_cast<qsizetype>(series.X.size());
         graph->setData(QVector<double>(series.X.data(), series.X.data() + size),
-                       QVector<double>(series.Y.data(), series.Y.data() + size), true);
+                       QVector<double>(series.Y.data(), series.Y.data() + size),
+                       !series.SinglePoints);  // measured rows may come in any order
         graph->setPen(PenOf(series));
         graph->setAntialiased(true);
         graph->setAdaptiveSampling(true);

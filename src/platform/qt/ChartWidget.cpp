@@ -1,6 +1,7 @@
 #include "platform/qt/ChartWidget.h"
 
 #include <algorithm>
+#include <cmath>
 #include <system_error>
 
 #include "platform/Files.h"
@@ -40,7 +41,7 @@ QByteArray ChartAsCsv(const Chart& chart) {
     return csv;
 }
 
-// The value of the curve at the distance: of the point before it, as close as a step is.
+// The value of the curve at the distance, between points in a straight line.
 std::optional<double> ValueAt(const ChartSeries& series, double distance) {
     if (series.X.empty() || distance < series.X.front() || distance > series.X.back())
         return std::nullopt;
@@ -49,6 +50,24 @@ std::optional<double> ValueAt(const ChartSeries& series, double distance) {
     if (i == 0 || *next == distance) return series.Y[i];
     const double t = (distance - series.X[i - 1]) / (series.X[i] - series.X[i - 1]);
     return (1.0 - t) * series.Y[i - 1] + t * series.Y[i];
+}
+
+// What the readout says of a series. Between single points there is nothing to be told: it names the
+// nearest of them.
+QString ReadoutLine(const ChartSeries& series, const QString& curve, double distance,
+                    const QString& unit) {
+    const auto number = [](double x, const char* pattern) { return ToQt(FormatNumber(x, pattern)); };
+    if (series.SinglePoints && !series.X.empty()) {
+        const auto nearest = std::min_element(
+            series.X.begin(), series.X.end(),
+            [&](double a, double b) { return std::abs(a - distance) < std::abs(b - distance); });
+        const double value = series.Y[static_cast<std::size_t>(nearest - series.X.begin())];
+        return curve + " at " + number(*nearest, "0.0#") + ": " + number(value, "0.00") + ' ' + unit;
+    }
+    const auto value = ValueAt(series, distance);
+    if (!value) return {};
+    return curve + ": " + number(*value, "0.00") + ' ' + unit +
+           (series.LineStyle == PatternOutOfRange ? " (out of range)" : "");
 }
 
 }  // namespace
@@ -101,10 +120,8 @@ void ChartWidget::ShowReadout(double distance) {
     distance_ = std::clamp(distance, axis.Minimum, axis.Maximum);
     QStringList lines{ToQt(axis.Title) + ": " + ToQt(FormatNumber(distance_, "0.0"))};
     ForEachShownSeries(chart_, [&](const ChartSeries& series, const QString& curve) {
-        if (const auto value = ValueAt(series, distance_))
-            lines << curve + ": " + ToQt(FormatNumber(*value, "0.00")) + ' ' +
-                         ToQt(chart_.Axis[1].Title) +
-                         (series.LineStyle == PatternOutOfRange ? " (out of range)" : "");
+        const QString line = ReadoutLine(series, curve, distance_, ToQt(chart_.Axis[1].Title));
+        if (!line.isEmpty()) lines << line;
     });
     cursor_->point1->setCoords(distance_, 0);
     cursor_->point2->setCoords(distance_, 1);
