@@ -55,6 +55,8 @@ bool TakeLossGraphs(vardel::QtPlatform& platform, vardel::Program& program, cons
     }
     program.GraphForm->mnuGraph300.Pick();
     program.GraphForm->cmdUpdateGraph.Press();
+    program.GraphForm->CTWX1.SaveMetafile(2,
+                                          pictures.filePath("loss-graph-300km.wmf").toStdString());
     return good & TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
 }
 

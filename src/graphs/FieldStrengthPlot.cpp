@@ -110,9 +110,8 @@ void FrmOkumFieldStrength::DrawComparison(CurveDrawing& drawing, const ModelInpu
             curve.legend, curve.color);
     DrawFreeSpace(drawing, MaxDist, ComparisonFreeSpaceColor);
 
-    const MeasuredMatch match =
-        FindMeasuredSegment(inputs.f, inputs.hb, inputs.hm, inputs.area, inputs.pctTime / 100.0,
-                            program_.MeasuredTable);
+    const MeasuredMatch match = FindMeasuredSegment(inputs.f, inputs.hb, inputs.hm, inputs.area,
+                                                    inputs.pctTime / 100.0, program_.MeasuredTable);
     if (!match.found || !program_.ShowMeasuredData) return;
     const auto segment = static_cast<std::size_t>(match.segment);
     drawing.DrawMeasuredCurve(MeasuredCurve(program_.MeasuredTable[segment], match.column),

@@ -65,7 +65,8 @@ TEST_F(FieldStrengthGraphs, FamiliesOfEachModelAtBothDistances) {
         Series at300;
     } cases[] = {
         {[](FrmOkumFieldStrength& form) { form.mnuModelPalvernFS.Pick(); },
-         "Okumura-Hata-Davidson Field Strength, 03/09/2026 02:05 pm", inRange, Series(6, {3000, 0})},
+         "Okumura-Hata-Davidson Field Strength, 03/09/2026 02:05 pm", inRange,
+         Series(6, {3000, 0})},
         {[](FrmOkumFieldStrength& form) { form.mnuModelOkum529FS.Pick(); },
          "Okumura-Hata IUT-R P.529 Field Strength, 03/09/2026 02:05 pm", inRange, broken},
         {[](FrmOkumFieldStrength& form) { form.SelectUsPlot(); },
@@ -130,8 +131,8 @@ TEST_F(Comparison, ThreeModelsFreeSpaceAndWhatWasMeasured) {
     WhileOpen(Main().mnuGraphCompare, [&] {
         EXPECT_EQ(TheChart().Redraws(), 0);
         EXPECT_TRUE(Graph().txthb.Enabled());
-        EXPECT_THAT(Shown(), ElementsAre(std::pair(1000, 0), std::pair(1000, 0),
-                                         std::pair(1000, 3), std::pair(991, 2)));
+        EXPECT_THAT(Shown(), ElementsAre(std::pair(1000, 0), std::pair(1000, 0), std::pair(1000, 3),
+                                         std::pair(991, 2)));
         EXPECT_EQ(TheChart().Legend.Text, "ITU 529\rOkHat Dav\rCost 231\rFree Space");
         EXPECT_EQ(TheChart().Title[2].Text,
                   "Frq:450.0MHz, Ant Hb:100.0m, Ant Hm:1.5m, Area:Urban, City Size:Small/Medium, "

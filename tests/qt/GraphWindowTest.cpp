@@ -111,8 +111,8 @@ TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
     program.ShowMeasuredData = true;
     FrmOkumFieldStrength& form = *program.FrmOkumFieldStrength;
     form.SelectPlot(GraphComparison);
-    auto& plot = *static_cast<ChartWidget*>(
-        platform.WindowOf(form).findChild<QCustomPlot*>("CTWXfs"));
+    auto& plot =
+        *static_cast<ChartWidget*>(platform.WindowOf(form).findChild<QCustomPlot*>("CTWXfs"));
     ASSERT_EQ(plot.graphCount(), 5);
     EXPECT_TRUE(plot.graph(3)->scatterStyle().isNone());
     EXPECT_FALSE(plot.graph(4)->scatterStyle().isNone());

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QBitmap>
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
@@ -10,7 +11,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QBitmap>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 

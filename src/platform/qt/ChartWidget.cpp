@@ -52,17 +52,20 @@ std::optional<double> ValueAt(const ChartSeries& series, double distance) {
     return (1.0 - t) * series.Y[i - 1] + t * series.Y[i];
 }
 
-// What the readout says of a series. Between single points there is nothing to be told: it names the
-// nearest of them.
+// What the readout says of a series. Between single points there is nothing to be told: it names
+// the nearest of them.
 QString ReadoutLine(const ChartSeries& series, const QString& curve, double distance,
                     const QString& unit) {
-    const auto number = [](double x, const char* pattern) { return ToQt(FormatNumber(x, pattern)); };
+    const auto number = [](double x, const char* pattern) {
+        return ToQt(FormatNumber(x, pattern));
+    };
     if (series.SinglePoints && !series.X.empty()) {
         const auto nearest = std::min_element(
             series.X.begin(), series.X.end(),
             [&](double a, double b) { return std::abs(a - distance) < std::abs(b - distance); });
         const double value = series.Y[static_cast<std::size_t>(nearest - series.X.begin())];
-        return curve + " at " + number(*nearest, "0.0#") + ": " + number(value, "0.00") + ' ' + unit;
+        return curve + " at " + number(*nearest, "0.0#") + ": " + number(value, "0.00") + ' ' +
+               unit;
     }
     const auto value = ValueAt(series, distance);
     if (!value) return {};

@@ -15,7 +15,6 @@ enum Function : std::uint16_t {
     EndOfFile = 0x0000,
     SaveDc = 0x001E,
     SetBkMode = 0x0102,
-    SetMapMode = 0x0103,
     SetRop2 = 0x0104,
     SetPolyFillMode = 0x0106,
     SetStretchBltMode = 0x0107,
@@ -38,7 +37,6 @@ enum Function : std::uint16_t {
     StretchDib = 0x0F43,
 };
 
-constexpr std::uint16_t Anisotropic = 8;
 constexpr std::uint16_t Transparent = 1;
 constexpr std::uint16_t CopyPen = 13;
 constexpr std::uint16_t ColorOnColor = 3;
@@ -158,7 +156,6 @@ char ToWindows1252(char32_t c) {
 
 MetafileWriter::MetafileWriter(int width, int height, int unitsPerInch)
     : width_(width), height_(height), unitsPerInch_(unitsPerInch) {
-    Append(SetMapMode, {Anisotropic});
     Append(SetWindowOrg, {0, 0});
     Append(SetWindowExt, {Word(height), Word(width)});
     Append(SetBkMode, {Transparent});
