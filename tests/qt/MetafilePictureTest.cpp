@@ -82,9 +82,9 @@ protected:
 
 TEST_F(MetafilePicture, InLibwmf) {
     Run("wmf2eps", {"-o", "graph.eps", "graph.wmf"});
-    Run("gs", {"-q", "-dEPSCrop", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=png16m", "-r144",
-               "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-sOutputFile=graph.png",
-               "graph.eps"});
+    Run("gs",
+        {"-q", "-dEPSCrop", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=png16m", "-r144",
+         "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-sOutputFile=graph.png", "graph.eps"});
     ExpectLikeTheScreen("graph.png");
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 #include "platform/Files.h"
@@ -78,7 +79,8 @@ QString ReadoutLine(const ChartSeries& series, const QString& curve, double dist
 ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     setObjectName(ToQt(chart.Name()));
     setAccessibleName(ToQt(chart.Title[0].Text));
-    setFocusPolicy(Qt::StrongFocus);
+    // A click would take the focus from a box, whose leaving marks the graph as out of date.
+    setFocusPolicy(Qt::TabFocus);
     setMinimumSize(520, 360);
     setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     axisRect()->setRangeZoomFactor(0.8);
@@ -91,15 +93,17 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     cursor_->setPen(QPen(QColor(90, 90, 90), 1, Qt::DotLine));
     readout_ = new QCPItemText(this);
     readout_->setLayer(ReadoutLayer);
-    readout_->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
     readout_->position->setType(QCPItemPosition::ptAxisRectRatio);
-    readout_->position->setCoords(0.01, 0.99);
     readout_->setTextAlignment(Qt::AlignLeft);
     readout_->setPadding(QMargins(6, 4, 6, 4));
     readout_->setBrush(QColor(255, 255, 255, 225));
     readout_->setPen(QPen(QColor(150, 150, 150)));
     HideReadout();
 
+    for (const auto& [axis, opposite] : {std::pair(xAxis, xAxis2), std::pair(yAxis, yAxis2)})
+        connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), opposite,
+                qOverload<const QCPRange&>(&QCPAxis::setRange));
+    connect(this, &QCustomPlot::afterReplot, this, [this] { readoutPlaced_ = false; });
     connect(this, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
         ShowReadout(xAxis->pixelToCoord(event->position().x()));
     });
@@ -110,6 +114,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
 void ChartWidget::ShowChart() {
     FillPlot(*this, chart_);
     replot(rpQueuedReplot);
+    if (readout_->visible()) ShowReadout(distance_);
 }
 
 void ChartWidget::ResetScales() {
@@ -129,10 +134,43 @@ void ChartWidget::ShowReadout(double distance) {
     cursor_->point1->setCoords(distance_, 0);
     cursor_->point2->setCoords(distance_, 1);
     readout_->setText(lines.join('\n'));
+    if (!readoutPlaced_) PlaceReadout();
     setAccessibleDescription(lines.join(", "));
     cursor_->setVisible(true);
     readout_->setVisible(true);
     layer(ReadoutLayer)->replot();
+}
+
+// In the corner where it hides the fewest points of the curves, and stays there until these move.
+void ChartWidget::PlaceReadout() {
+    const QRect plot = axisRect()->rect();
+    const QRect legendArea = legend->outerRect();
+    const QSize size = fontMetrics().boundingRect(QRect(), 0, readout_->text()).size();
+    int fewest = std::numeric_limits<int>::max();
+    for (const Qt::Alignment corner :
+         {Qt::AlignLeft | Qt::AlignBottom, Qt::AlignLeft | Qt::AlignTop,
+          Qt::AlignRight | Qt::AlignBottom, Qt::AlignRight | Qt::AlignTop}) {
+        const QRect area = QStyle::alignedRect(Qt::LeftToRight, corner, size + QSize(24, 16), plot);
+        const int hidden =
+            area.intersects(legendArea) ? std::numeric_limits<int>::max() - 1 : PointsWithin(area);
+        if (hidden >= fewest) continue;
+        fewest = hidden;
+        readout_->setPositionAlignment(corner);
+        readout_->position->setCoords(corner & Qt::AlignLeft ? 0.01 : 0.99,
+                                      corner & Qt::AlignTop ? 0.02 : 0.98);
+    }
+    readoutPlaced_ = true;
+}
+
+int ChartWidget::PointsWithin(const QRect& area) const {
+    int within = 0;
+    for (int i = 0; i < graphCount(); ++i)
+        for (const QCPGraphData& point : *graph(i)->data())
+            within += area.contains(static_cast<int>(xAxis->coordToPixel(point.key)),
+                                    static_cast<int>(yAxis->coordToPixel(point.value)))
+                          ? 1
+                          : 0;
+    return within;
 }
 
 void ChartWidget::HideReadout() {

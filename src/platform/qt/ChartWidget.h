@@ -27,11 +27,14 @@ protected:
 private:
     void ShowChart();
     void ResetScales();
+    void PlaceReadout();
+    int PointsWithin(const QRect& area) const;
     void SaveAs(const QString& suffix, const QByteArray& bytes);
 
     Chart& chart_;
     QCPItemStraightLine* cursor_;
     QCPItemText* readout_;
+    bool readoutPlaced_ = false;  // for the curves as they are drawn now
     double distance_ = 0.0;
 };
 
