@@ -64,6 +64,7 @@ void FrmOkumFieldStrength::Form_Load() {
 }
 
 void FrmOkumFieldStrength::Form_Unload() {
+    if (!program_.MainForm.Loaded()) return;
     MainForm& main = *program_.MainForm;
     HandBackInputs(main);
     main.mnuGraphMeasured.SetCaption(mnuGraphMeasured.Caption());
@@ -86,9 +87,12 @@ void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
     SetMousePointer(Pointer::Normal);
 }
 
+// Called from the main form, too, while the form may be closed at the plot's yield.
 void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
-    ReplotMode(graph);
-    txthb.SetEnabled(graph == GraphComparison);
+    Run([this, graph] {
+        ReplotMode(graph);
+        txthb.SetEnabled(graph == GraphComparison);
+    });
 }
 
 void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }

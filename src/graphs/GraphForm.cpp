@@ -41,6 +41,7 @@ void GraphForm::Form_Load() {
 }
 
 void GraphForm::Form_Unload() {
+    if (!program_.MainForm.Loaded()) return;
     MainForm& main = *program_.MainForm;
     HandBackInputs(main);
     main.mnuUnitsMetric.SetChecked(mnuUnitsMetric.Checked());

@@ -29,7 +29,8 @@ public:
     }
 
     T& operator*() {
-        if (!made_.form) Load();
+        // A yield while it loads may close the form again.
+        while (!made_.form) Load();
         return *made_.typed;
     }
     T* operator->() { return &**this; }

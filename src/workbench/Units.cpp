@@ -30,9 +30,18 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
             form.Label11,        form.txthb,           form.txthm};
 }
 
-// The main form first. A graph form that is not there yet is made, hidden, with the main form's
-// inputs.
+// A graph form that is not there yet is made, hidden, with the main form's inputs. Its first plot
+// yields, when the user may close what was there.
+void MakeGraphForms(Program& program) {
+    while (!program.GraphForm.Loaded() || !program.FrmOkumFieldStrength.Loaded()) {
+        *program.GraphForm;
+        *program.FrmOkumFieldStrength;
+    }
+}
+
+// The main form first.
 std::vector<UnitControls> FormsWithUnits(Program& program) {
+    MakeGraphForms(program);
     return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm),
             UnitControlsOf(*program.FrmOkumFieldStrength)};
 }
@@ -82,11 +91,15 @@ void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const 
 
 void Switch(Program& program, bool toEnglish) {
     MainForm& main = *program.MainForm;
-    if ((toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric).Checked()) return;
+    const MenuItem& mark = toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric;
+    if (mark.Checked()) return;
     main.SetMousePointer(Form::Pointer::Hourglass);
     program.platform.windows.Yield();
+    if (program.MainForm.Loaded()) MakeGraphForms(program);
     if (!program.MainForm.Loaded()) return;
-    if (const auto lengths = ReadLengths(main)) {
+    // A second pick of the entry may have been handled meanwhile.
+    const auto lengths = mark.Checked() ? std::nullopt : ReadLengths(main);
+    if (lengths) {
         const auto forms = FormsWithUnits(program);
         ShowUnits(forms, main, toEnglish);
         ConvertBoxes(forms, main, *lengths, toEnglish);

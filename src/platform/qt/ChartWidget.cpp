@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/qt/ChartPlot.h"
 #include "platform/qt/Convert.h"
+#include "platform/qt/DialogOver.h"
 #include "workbench/NumberText.h"
 
 namespace vardel {
@@ -224,15 +225,20 @@ void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void ChartWidget::SaveAs(const QString& suffix, const QByteArray& bytes) {
-    QFileDialog dialog(window(), QString(), QString(), suffix.toUpper() + " (*." + suffix + ')');
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    if (dialog.exec() != QDialog::Accepted) return;
-    const std::string path = FromQt(dialog.selectedFiles().constFirst());
+    DialogOver<QFileDialog> dialog;
+    dialog->setNameFilter(suffix.toUpper() + " (*." + suffix + ')');
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(suffix);
+    if (dialog.Exec() != QDialog::Accepted) return;
+    const std::string path = FromQt(dialog->selectedFiles().constFirst());
     try {
         ReplaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     } catch (const std::system_error&) {
-        QMessageBox::critical(window(), "File Save", ToQt("Error in saving file " + path));
+        DialogOver<QMessageBox> box;
+        box->setIcon(QMessageBox::Critical);
+        box->setWindowTitle("File Save");
+        box->setText(ToQt("Error in saving file " + path));
+        box.Exec();
     }
 }
 

@@ -13,6 +13,7 @@
 
 #include "platform/qt/ChartPlot.h"
 #include "platform/qt/Convert.h"
+#include "platform/qt/DialogOver.h"
 #include "platform/qt/PictureConvert.h"
 #include "platform/qt/WindowFactory.h"
 
@@ -45,22 +46,6 @@ Answer AnswerOf(int button, Message::Buttons buttons) {
     return Answer::Ok;
 }
 
-// The window that is worked in; worked in again when what came over it has gone. Most window
-// managers see to that, but not all.
-class ActiveWindow {
-public:
-    ActiveWindow() = default;
-    ActiveWindow(const ActiveWindow&) = delete;
-    ActiveWindow& operator=(const ActiveWindow&) = delete;
-    ~ActiveWindow() {
-        if (window_ && window_->isVisible()) window_->activateWindow();
-    }
-    QWidget* Get() const { return window_; }
-
-private:
-    QPointer<QWidget> window_ = QApplication::activeWindow();
-};
-
 QString StateDirectory() {
     const QString state = qEnvironmentVariable("XDG_STATE_HOME");
     const QString base = QDir::isAbsolutePath(state) ? state : QDir::homePath() + "/.local/state";
@@ -87,7 +72,11 @@ void SetUpApplication(QApplication& application) {
 }
 
 QtPlatform::QtPlatform() = default;
-QtPlatform::~QtPlatform() = default;
+
+QtPlatform::~QtPlatform() {
+    windows_.clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 Platform QtPlatform::Services() {
     return {*this,
@@ -103,7 +92,7 @@ Platform QtPlatform::Services() {
 
 FormWindow& QtPlatform::WindowOf(Form& form) {
     auto& window = windows_[&form];
-    if (!window) window = MakeWindow(form);
+    if (!window) window.reset(MakeWindow(form).release());
     return *window;
 }
 
@@ -134,24 +123,20 @@ void QtPlatform::Forget(Form& form) {
     const auto it = windows_.find(&form);
     if (it == windows_.end()) return;
     it->second->Release();
-    released_.push_back(std::move(it->second));
     windows_.erase(it);
-    QMetaObject::invokeMethod(
-        qApp, [this] { released_.clear(); }, Qt::QueuedConnection);
 }
 
 Answer QtPlatform::ShowMessage(const Message& message) {
-    const ActiveWindow before;
-    QMessageBox box(before.Get());
-    box.setText(ToQt(message.text));
-    box.setWindowTitle(message.title.empty() ? QApplication::applicationName()
-                                             : ToQt(message.title));
-    box.setTextFormat(Qt::PlainText);
-    box.setStandardButtons(ButtonsOf(message.buttons));
-    box.setIcon(message.icon == Message::Icon::Critical   ? QMessageBox::Critical
-                : message.buttons == Message::Buttons::Ok ? QMessageBox::Information
-                                                          : QMessageBox::Question);
-    return AnswerOf(box.exec(), message.buttons);
+    DialogOver<QMessageBox> box;
+    box->setText(ToQt(message.text));
+    box->setWindowTitle(message.title.empty() ? QApplication::applicationName()
+                                              : ToQt(message.title));
+    box->setTextFormat(Qt::PlainText);
+    box->setStandardButtons(ButtonsOf(message.buttons));
+    box->setIcon(message.icon == Message::Icon::Critical   ? QMessageBox::Critical
+                 : message.buttons == Message::Buttons::Ok ? QMessageBox::Information
+                                                           : QMessageBox::Question);
+    return AnswerOf(box.Exec(), message.buttons);
 }
 
 std::optional<SaveChoice> QtPlatform::AskSaveFile(const SaveDialog& request) {
@@ -159,23 +144,23 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const SaveDialog& request) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i];
 
-    const ActiveWindow before;
-    QFileDialog dialog(before.Get());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
-    dialog.setDirectory(ToQt(request.folder));
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
+    DialogOver<QFileDialog> dialog;
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
+    dialog->setDirectory(ToQt(request.folder));
+    dialog->setNameFilters(filters);
+    dialog->selectNameFilter(filters.value(request.filterIndex - 1));
     // A name without an extension gets that of the filter.
     const auto setSuffix = [&](const QString& filter) {
-        dialog.setDefaultSuffix(parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1));
+        dialog->setDefaultSuffix(parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1));
     };
-    setSuffix(dialog.selectedNameFilter());
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, setSuffix);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    const auto filter = static_cast<int>(filters.indexOf(dialog.selectedNameFilter()));
-    return SaveChoice{FromQt(dialog.selectedFiles().constFirst()), filter + 1};
+    setSuffix(dialog->selectedNameFilter());
+    QObject::connect(&*dialog, &QFileDialog::filterSelected, &*dialog, setSuffix);
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    const auto filter = static_cast<int>(filters.indexOf(dialog->selectedNameFilter()));
+    return SaveChoice{FromQt(dialog->selectedFiles().constFirst()), filter + 1};
 }
 
 void QtPlatform::Yield() { QApplication::processEvents(); }

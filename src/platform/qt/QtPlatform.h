@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <map>
 #include <memory>
-#include <vector>
 
 #include "platform/Platform.h"
 #include "platform/qt/FormWindow.h"
@@ -45,9 +44,11 @@ public:
 private:
     QtSettings settings_;
     QtHelp help_;
-    std::map<Form*, std::unique_ptr<FormWindow>> windows_;
-    // Of forms that are gone: an event of theirs may still be on the stack.
-    std::vector<std::unique_ptr<FormWindow>> released_;
+    // An event of a window may still be on the stack when its form goes.
+    struct DeleteLater {
+        void operator()(FormWindow* window) const { window->deleteLater(); }
+    };
+    std::map<Form*, std::unique_ptr<FormWindow, DeleteLater>> windows_;
 };
 
 }  // namespace vardel

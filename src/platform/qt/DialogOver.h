@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+
+#include "platform/qt/HelpWindow.h"
+
+namespace vardel {
+
+// The window that is worked in; worked in again when what came over it has gone. Most window
+// managers see to that, but not all.
+class ActiveWindow {
+public:
+    ActiveWindow() {
+        // An open list is a window as well, and so is the help, but neither is worked in.
+        while (window_ && (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
+            window_ = window_->parentWidget() != nullptr ? window_->parentWidget()->window() : nullptr;
+    }
+    ActiveWindow(const ActiveWindow&) = delete;
+    ActiveWindow& operator=(const ActiveWindow&) = delete;
+    ~ActiveWindow() {
+        if (window_ && window_->isVisible()) window_->activateWindow();
+    }
+    QWidget* Get() const { return window_; }
+
+private:
+    QPointer<QWidget> window_ = QApplication::activeWindow();
+};
+
+// A dialog over the window that is worked in. Should that window go while the dialog waits, it takes
+// the dialog along.
+template <class Dialog>
+class DialogOver {
+public:
+    ~DialogOver() { delete dialog_; }
+    Dialog* operator->() const { return dialog_; }
+    Dialog& operator*() const { return *dialog_; }
+    // What QDialog::exec gives; a dialog that went was rejected.
+    int Exec() {
+        const int result = dialog_->exec();
+        return dialog_ ? result : static_cast<int>(QDialog::Rejected);
+    }
+
+private:
+    ActiveWindow before_;
+    QPointer<Dialog> dialog_{new Dialog(before_.Get())};
+};
+
+}  // namespace vardel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QWidget>
+#include <random>
+
+namespace vardel {
+
+// Does anything that a user can do, at random but the same for the same seed: clicks what is
+// enabled, types numbers and nonsense, picks from menus, answers dialogs. Goes on inside whatever
+// waits for the user, and through the yields of a run.
+class RandomUser : public QObject {
+public:
+    // Files are named in this folder and nowhere else.
+    RandomUser(unsigned seed, int actions, QString folder);
+
+    // Until the program has ended or all actions are done; these leave the program running no more.
+    void Use();
+    bool HasActionsLeft() const { return actionsLeft_ > 0; }
+    // What was seen that should never be.
+    const QStringList& Faults() const { return faults_; }
+
+private:
+    void ScheduleStep();
+    void Step();
+    void Act();
+    void CloseEverything();
+    void CheckIdle();
+    void ActOnPopup(QWidget& popup);
+    void ActOnDialog(QWidget& dialog);
+    void ActOnWindow(QWidget& window);
+    void PickFromMenus(QWidget& window);
+    void UseWidget(QWidget& widget);
+
+    int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+    QString AnyText();
+    QString AnyFile();
+
+    std::mt19937 random_;
+    int actionsLeft_;
+    int depth_ = 0;  // actions that have not returned yet
+    QString folder_;
+    QStringList faults_;
+};
+
+}  // namespace vardel

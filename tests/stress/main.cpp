@@ -1,0 +1,147 @@
+// Hard use of the real program, on real windows that need no display.
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string_view>
+
+#include "platform/qt/QtPlatform.h"
+#include "reports/FrmReport.h"
+#include "reports/RLogClass.h"
+#include "stress/RandomUser.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+struct RealProgram {
+    explicit RealProgram(const std::string& folder) {
+        services.programDirectory = folder;
+        services.stateDirectory = folder + "/state";
+    }
+
+    QtPlatform platform;
+    Platform services{platform.Services()};
+    Program program{services};
+};
+
+int Report(const QStringList& faults) {
+    for (const QString& fault : faults) std::fprintf(stderr, "%s\n", qPrintable(fault));
+    return faults.isEmpty() ? 0 : 1;
+}
+
+// So many actions of a user, with the program started again whenever it has ended.
+int UseAtRandom(int actions, unsigned seed, const QString& folder) {
+    RandomUser user(seed, actions, folder);
+    while (user.HasActionsLeft()) {
+        RealProgram real(folder.toStdString());
+        QTimer::singleShot(0, [&real] { real.program.Start(); });
+        user.Use();
+    }
+    return Report(user.Faults());
+}
+
+// So many starts on settings that hold anything, each followed by a user's few actions and an end.
+int StartAtRandom(int starts, unsigned seed, const QString& folder) {
+    constexpr const char* Keys[] = {"Units", "AreaType", "CitySize", "Dist",       "Freq",
+                                    "HB",    "HM",       "PCTTIME",  "InfoScreen", "PCTLOC"};
+    constexpr const char* HostKeys[] = {"TxHt_m", "TxFreq_MHz", "PctTime_pct", "CalledFromQuorne"};
+    constexpr const char* Texts[] = {"Metric", "English", "Urban", "NoScreen", "450", "",   "True",
+                                     "-1",     "1e400",   "0.5",   "1,5",      "\n",  "ünï"};
+    std::mt19937 random(seed);
+    const auto any = [&random](const auto& list) { return list[random() % std::size(list)]; };
+    QStringList faults;
+    for (int start = 0; start < starts; ++start) {
+        RealProgram real(folder.toStdString());
+        for (int i = 0; i < 6; ++i)
+            real.services.settings.Write("Vardel", "Loss_FieldStrength", any(Keys), any(Texts));
+        real.services.settings.Write("Ostrel_Quorne", "Global Parameters", any(HostKeys),
+                                     any(Texts));
+        RandomUser user(static_cast<unsigned>(random()), 5, folder);
+        QTimer::singleShot(0, [&real] { real.program.Start(); });
+        user.Use();
+        faults += user.Faults();
+        if (random() % 2 == 0) real.program.EndSession();
+    }
+    return Report(faults);
+}
+
+// Calculates until it is killed. Tells how many lines the log held at first, and after each save.
+int WriteLines(const QString& folder) {
+    RealProgram real(folder.toStdString());
+    real.services.settings.Write("Vardel", "Loss_FieldStrength", "InfoScreen", "NoScreen");
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [] {
+        if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
+    });
+    closer.start(1);
+    real.program.Start();
+    closer.stop();
+    const std::string& log = real.program.FrmReport->rtbLog.Text();
+    const auto tell = [&log](const char* what) {
+        std::printf("%s %td\n", what, std::count(log.begin(), log.end(), '\n'));
+        std::fflush(stdout);
+    };
+    tell("found");
+    for (;;) {
+        real.program.MainForm->cmdLossCalc.Press();
+        tell("saved");
+    }
+}
+
+// A log of so many lines is shown, saved, read back and added to.
+int HoldLines(int lines, const QString& folder) {
+    RealProgram real(folder.toStdString());
+    RLogClass& log = real.program.ReportLog();
+    for (int line = 0; line < lines; ++line) {
+        log.SetUnderline(line % 3 == 0);
+        log.AddLine("a line of the log, number " + std::to_string(line));
+    }
+    QTimer::singleShot(0, [&real] {
+        QApplication::processEvents();
+        real.platform.WindowOf(*real.program.FrmReport).close();
+    });
+    log.Show();
+    const std::string text = real.program.FrmReport->rtbLog.Text();
+    const std::string file = folder.toStdString() + "/long.rtf";
+    const bool same =
+        log.SaveFile(file) && log.ReadFile(file) && real.program.FrmReport->rtbLog.Text() == text;
+    return Report(same ? QStringList() : QStringList("The long log has not come back"));
+}
+
+int Run(std::string_view what, int count, unsigned seed, const QString& folder) {
+    if (what == "user") return UseAtRandom(count, seed, folder);
+    if (what == "starts") return StartAtRandom(count, seed, folder);
+    if (what == "log") return HoldLines(count, folder);
+    return 2;
+}
+
+}  // namespace
+}  // namespace vardel
+
+int main(int argc, char** argv) {
+    const std::string_view what = argc > 2 ? argv[1] : "";
+    const QTemporaryDir scratch;
+    const QString folder =
+        what == "writer" ? QString::fromLocal8Bit(argv[2]) : scratch.filePath("vardel");
+    for (const char* variable : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
+        qputenv(variable, folder.toLocal8Bit());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    vardel::SetUpApplication(application);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QDir().mkpath(folder);
+    if (what == "writer") return vardel::WriteLines(folder);
+    const int result =
+        vardel::Run(what, argc > 2 ? std::atoi(argv[2]) : 0,
+                    argc > 3 ? static_cast<unsigned>(std::atoi(argv[3])) : 1U, folder);
+    if (result == 2)
+        std::fprintf(stderr, "usage: vardel_stress user|starts|log COUNT [SEED] | writer FOLDER\n");
+    return result;
+}
