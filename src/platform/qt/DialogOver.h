@@ -12,10 +12,14 @@ namespace vardel {
 // managers see to that, but not all.
 class ActiveWindow {
 public:
-    ActiveWindow() {
+    // Null stands for the one that has the focus now, which right after a start none has.
+    explicit ActiveWindow(QWidget* window = nullptr)
+        : window_(window != nullptr ? window : QApplication::activeWindow()) {
         // An open list is a window as well, and so is the help, but neither is worked in.
-        while (window_ && (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
-            window_ = window_->parentWidget() != nullptr ? window_->parentWidget()->window() : nullptr;
+        while (window_ &&
+               (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
+            window_ =
+                window_->parentWidget() != nullptr ? window_->parentWidget()->window() : nullptr;
     }
     ActiveWindow(const ActiveWindow&) = delete;
     ActiveWindow& operator=(const ActiveWindow&) = delete;
@@ -25,11 +29,11 @@ public:
     QWidget* Get() const { return window_; }
 
 private:
-    QPointer<QWidget> window_ = QApplication::activeWindow();
+    QPointer<QWidget> window_;
 };
 
-// A dialog over the window that is worked in. Should that window go while the dialog waits, it takes
-// the dialog along.
+// A dialog over the window that is worked in. Should that window go while the dialog waits, it
+// takes the dialog along.
 template <class Dialog>
 class DialogOver {
 public:

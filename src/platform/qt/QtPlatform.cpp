@@ -105,8 +105,8 @@ void QtPlatform::Show(Form& form) {
 void QtPlatform::ShowModal(Form& form, Form* owner) {
     FormWindow& window = WindowOf(form);
     window.setWindowModality(Qt::ApplicationModal);
-    const ActiveWindow before;
-    QWidget* parent = owner != nullptr ? &WindowOf(*owner) : before.Get();
+    const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
+    QWidget* parent = before.Get();
     window.winId();  // makes the window of the desktop, which can then be told whose it is
     if (parent != nullptr && parent != &window)
         window.windowHandle()->setTransientParent(parent->windowHandle());
