@@ -40,12 +40,13 @@ def near_line(x, y, a, b, width):
     return math.hypot(x - ax - t * (bx - ax), y - ay - t * (by - ay)) <= width / 2
 
 
-def mast_lines():
-    """The lattice: two legs, a brace across each bay, a dipole on every level above."""
-    def half(row):
-        return 2.0 + 17.0 * (row - ANTENNA[1]) / (MAST_FOOT + 20 - ANTENNA[1])
+def mast_half_width(row):
+    return 2.0 + 17.0 * (row - ANTENNA[1]) / (MAST_FOOT + 20 - ANTENNA[1])
 
-    x = ANTENNA[0]
+
+def mast_lines():
+    """The lattice: two legs, a brace across each bay, three dipoles above."""
+    x, half = ANTENNA[0], mast_half_width
     foot = MAST_FOOT + 8
     lines = [((x - half(ANTENNA[1]), ANTENNA[1]), (x - half(foot), foot), 2.6),
              ((x + half(ANTENNA[1]), ANTENNA[1]), (x + half(foot), foot), 2.6),
@@ -71,9 +72,8 @@ def mast(x, y):
         return None
     if any(near_line(x, y, *line) for line in MAST):
         return WHITE
-    if any(near_line(x, y, *line) for line in MAST_HALO):
-        return BLACK
-    return None
+    within = ANTENNA[1] < y < hill(x) and abs(x - ANTENNA[0]) < mast_half_width(y)
+    return BLACK if within or any(near_line(x, y, *line) for line in MAST_HALO) else None
 
 
 def building(x, y):
@@ -83,18 +83,31 @@ def building(x, y):
             continue
         if x < left + 1.5 or x >= left + width - 1.5 or y < top + 1.5:
             return WHITE
-        across, down = (x - left - 5) % 8, (y - top - 7) % 11
-        inside = 5 <= x - left < width - 5 and y > top + 6 and y < ROAD[0] - 6
-        lit = (int((x - left) // 8) * 7 + int((y - top) // 11) * 5 + left) % 4 != 0
+        column, across = divmod(x - left - 5, 8)
+        row, down = divmod(y - top - 7, 11)
+        inside = 0 <= column < (width - 6) // 8 and 0 <= row < (height - 10) // 11
+        lit = (int(column) * 7 + int(row) * 5 + left) % 4 != 0
         return WHITE if inside and lit and across < 4 and down < 6 else BLACK
     return None
 
 
-CAR = (96.0, 470.0)  # the middle of its underside
+CAR = (352.0, 470.0)  # the middle of its underside
 
 
 def car(x, y):
+    """With a dark edge around it, that parts it from what is behind."""
     x, y = x - CAR[0], y - CAR[1]
+    if abs(x) > 56 or not -64 < y < 14:
+        return None
+    color = car_itself(x, y)
+    if color is not None:
+        return color
+    edge = 2.5
+    around = [(-edge, 0), (edge, 0), (0, -edge), (0, edge)]
+    return BLACK if any(car_itself(x + dx, y + dy) == WHITE for dx, dy in around) else None
+
+
+def car_itself(x, y):
     for wheel in (-24, 24):
         r = math.hypot(x - wheel, y)
         if r < 4:

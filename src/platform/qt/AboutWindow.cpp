@@ -25,7 +25,7 @@ AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
 
     auto* picture = new QLabel;
     binder.Bind(form.Image1, *picture);
-    grid->addWidget(picture, 0, 0, 6, 1);
+    grid->addWidget(picture, 0, 0, 7, 1);
     grid->setRowStretch(0, 1);
     QLabel* name = AddLabel(form.Label1, *grid, 1, 1, {});
     MakeTitle(*name);
@@ -39,9 +39,8 @@ AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
     AddLabel(form.Label3, *grid, 3, 1);
     grid->setRowStretch(4, 1);
     QPushButton* ok = MakeButton(form.cmdOK);
-    grid->addWidget(ok, 5, 1, Qt::AlignRight | Qt::AlignBottom);
-    grid->setRowMinimumHeight(5, ok->sizeHint().height() + Margin);
-    ok->setContentsMargins(0, 0, 0, Margin);
+    grid->addWidget(ok, 5, 1, Qt::AlignRight);
+    grid->setRowMinimumHeight(6, Margin / 2);
     setCentralWidget(center);
     setFixedSize(sizeHint());
     LeaveBy(*ok);

@@ -245,6 +245,9 @@ void Binder::Bind(CheckBox& box, QCheckBox& widget) {
         const QSignalBlocker programWrites(widget);
         BindCommon(box, widget);
         SetColors(widget, box);
+        QPalette colors = widget.palette();
+        colors.setColor(QPalette::Base, Qt::white);  // the square, on whatever ground
+        widget.setPalette(colors);
         widget.setText(ToQt(box.Caption()));
         widget.setChecked(box.Checked());
     });

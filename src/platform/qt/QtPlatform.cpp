@@ -137,7 +137,7 @@ void QtPlatform::Forget(Form& form) {
     released_.push_back(std::move(it->second));
     windows_.erase(it);
     QMetaObject::invokeMethod(
-        qApp, [this] { released_.clear(); }, Qt::QueuedConnection);
+        &posts_, [this] { released_.clear(); }, Qt::QueuedConnection);
 }
 
 Answer QtPlatform::ShowMessage(const Message& message) {

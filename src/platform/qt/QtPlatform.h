@@ -48,6 +48,7 @@ private:
     std::map<Form*, std::unique_ptr<FormWindow>> windows_;
     // Of forms that are gone: an event of theirs may still be on the stack.
     std::vector<std::unique_ptr<FormWindow>> released_;
+    QObject posts_;  // takes along what is still posted when the platform ends
 };
 
 }  // namespace vardel
