@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QTimer>
 
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/SessionEnd.h"
@@ -11,5 +12,7 @@ int main(int argc, char** argv) {
     vardel::Program program(platform.Services());
     const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); });
     program.Start();
+    // From the event loop, which the end of the program ends.
+    QTimer::singleShot(0, &application, [&program] { program.Introduce(); });
     return sessionEnd.Signalled() ? 0 : QApplication::exec();
 }

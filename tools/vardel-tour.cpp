@@ -12,11 +12,14 @@
 
 #include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
+#include "help/AboutForm.h"
 #include "help/ContextIDs.h"
+#include "help/frmInfoScreen.h"
 #include "platform/Files.h"
 #include "platform/qt/QtPlatform.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
+#include "reports/frmLogDistRange.h"
 #include "workbench/MainForm.h"
 #include "workbench/Program.h"
 
@@ -88,13 +91,36 @@ bool TakeFieldStrengthGraphs(vardel::QtPlatform& platform, vardel::Program& prog
     return good;
 }
 
+// A run of the distance range report in its middle, ended once its picture is taken.
+bool TakeRunningRange(vardel::QtPlatform& platform, vardel::Program& program, const QDir& folder) {
+    bool good = false;
+    vardel::frmLogDistRange& form = *program.frmLogDistRange;
+    QWidget& window = platform.WindowOf(form);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &window, [&] {
+        constexpr float Far = 100.0F;
+        if (form.pgbDist.Value() < Far) return;
+        look.stop();
+        good = window.grab().save(folder.filePath("distance-range-run.png"));
+        form.cmdExitCalc.Press();
+    });
+    look.start(1);
+    QTimer::singleShot(0, &window, [&] {
+        form.txtEnd.SetText("300");
+        form.txtStep.SetText("0.005");
+        form.cmdLogDistRange.Press();
+    });
+    form.ShowModal();
+    return good;
+}
+
 // scratch stands for the folder of the program, with measured data for the graphs.
 int Tour(const QDir& pictures, const std::string& scratch) {
     vardel::ReplaceFile(scratch + "/measured.csv", "0,450,0.5,Urban,1.5,1,100\n10,49.9\n20,38.2\n");
     vardel::QtPlatform platform;
     vardel::Platform services = platform.Services();
     services.programDirectory = scratch;
-    for (const char* picture : {"/goodbutton.bmp", "/badbutton.bmp"})
+    for (const char* picture : {"/goodbutton.bmp", "/badbutton.bmp", "/about.bmp"})
         QFile::copy(QApplication::applicationDirPath() + picture,
                     QString::fromStdString(scratch + picture));
     vardel::Program program(services);
@@ -111,6 +137,10 @@ int Tour(const QDir& pictures, const std::string& scratch) {
         calculate->click();
     }
     good &= TakeModalPicture(platform, *program.FrmReport, pictures, "report-log");
+    good &= TakeModalPicture(platform, *program.frmLogDistRange, pictures, "distance-range");
+    good &= TakeRunningRange(platform, program, pictures);
+    good &= TakeModalPicture(platform, *program.frmInfoScreen, pictures, "introduction");
+    good &= TakeModalPicture(platform, *program.AboutForm, pictures, "about");
     good &= TakeLossGraphs(platform, program, pictures);
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     platform.GetHelp().ShowTopic(vardel::TopicInputs);

@@ -56,6 +56,24 @@ void Button::Press() {
 Frame::Frame(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name)), caption_(std::move(caption)) {}
 
+CheckBox::CheckBox(Form& form, std::string name, std::string caption, bool checked)
+    : Control(form, std::move(name)),
+      Click(form),
+      caption_(std::move(caption)),
+      checked_(checked) {}
+
+void CheckBox::SetChecked(bool checked) {
+    if (Assign(checked_, checked)) Click.Raise();
+}
+
+ProgressBar::ProgressBar(Form& form, std::string name, float min, float max)
+    : Control(form, std::move(name)), min_(min), max_(max), value_(min) {}
+
+double ProgressBar::Filled() const {
+    if (max_ <= min_) return 1.0;
+    return std::clamp((double{value_} - min_) / (double{max_} - min_), 0.0, 1.0);
+}
+
 MenuItem::MenuItem(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name)), Click(form), form_(form), caption_(std::move(caption)) {
     form.menuBar_.push_back(this);

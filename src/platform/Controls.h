@@ -145,6 +145,59 @@ public:
     using Control::Control;
 };
 
+// An outline around other controls, drawn in its fore colour.
+class Shape : public Control {
+public:
+    using Control::Control;
+};
+
+class CheckBox : public Control {
+public:
+    CheckBox(Form& form, std::string name, std::string caption, bool checked = false);
+
+    const std::string& Caption() const { return caption_; }
+    bool Checked() const { return checked_; }
+    void SetChecked(bool checked);
+
+    Event Click;  // the mark really changed
+
+private:
+    std::string caption_;
+    bool checked_;
+};
+
+class ProgressBar : public Control {
+public:
+    ProgressBar(Form& form, std::string name, float min, float max);
+
+    float Min() const { return min_; }
+    void SetMin(float min) { Assign(min_, min); }
+    float Max() const { return max_; }
+    void SetMax(float max) { Assign(max_, max); }
+    float Value() const { return value_; }
+    void SetValue(float value) { Assign(value_, value); }
+    // How much of the bar is filled, 0 to 1. Where Min and Max coincide, there is nothing left to
+    // go: it is full.
+    double Filled() const;
+
+private:
+    float min_;
+    float max_;
+    float value_;
+};
+
+// A picture from a file; nothing where that cannot be shown.
+class Image : public Control {
+public:
+    using Control::Control;
+
+    const std::string& PictureFile() const { return pictureFile_; }
+    void SetPictureFile(std::string path) { Assign(pictureFile_, std::move(path)); }
+
+private:
+    std::string pictureFile_;
+};
+
 // An entry of a menu, or a menu when it has entries of its own. In the caption an & stands before
 // the accelerator; "-" is a separator.
 class MenuItem : public Control {

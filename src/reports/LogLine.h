@@ -10,7 +10,7 @@ class RLogClass;
 // What one line of the report log tells.
 struct LogLine {
     // As the user entered them, in his own units.
-    double distance;
+    double distance = 0.0;
     double frequency;
     double hb;
     double hm;

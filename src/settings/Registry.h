@@ -10,6 +10,12 @@
 
 namespace vardel {
 
+// Where the program's own settings are, under the application's title.
+inline constexpr const char* SettingsSection = "Loss_FieldStrength";
+// Whether a start shows the introduction: unless this is stored.
+inline constexpr const char* InfoScreenKey = "InfoScreen";
+inline constexpr const char* NoInfoScreen = "NoScreen";
+
 // The program's door to the settings store, used as a cursor: set Appname, Section and Key, then
 // RegGet and read Setting, or set Setting and RegSave. It also holds the table of the parameters
 // that are shared with the host application, read from the store when it is made.

@@ -3,8 +3,11 @@
 #include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphActions.h"
 #include "graphs/GraphForm.h"
+#include "help/AboutForm.h"
 #include "help/ContextIDs.h"
+#include "help/frmInfoScreen.h"
 #include "reports/RLogClass.h"
+#include "reports/frmLogDistRange.h"
 #include "workbench/Program.h"
 #include "workbench/Units.h"
 
@@ -92,15 +95,14 @@ void MainForm::WireEvents() {
     mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
     mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(GraphComparison); };
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
+    mnuHelpInfo.Click = [this] { program_.frmInfoScreen->ShowModal(this); };
+    mnuHelpAbout.Click = [this] { program_.AboutForm->ShowModal(); };
     mnuHelpVardel.Click = [this] { OpenManual(program_); };
     lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
     mnuHideShow.Click = [this] { mnuHideShow_Click(); };
     mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
+    mnuCalculationLogDist.Click = [this] { program_.frmLogDistRange->ShowModal(this); };
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
-
-    // What these lead to is not there yet.
-    for (MenuItem* entry : {&mnuCalculationLogDist, &mnuHelpInfo, &mnuHelpAbout})
-        entry->SetEnabled(false);
 }
 
 // A form that a unit switch has made stands ready with its inputs, but with the graph of its

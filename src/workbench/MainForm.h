@@ -23,6 +23,12 @@ public:
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
     void SetDefaultInputs();
+    // What a run takes from the boxes but for the distance, as they show it and in metric units.
+    // Nothing, after a message, where a box holds no number, which can only be one that still has
+    // the focus.
+    std::optional<LogLine> ReadInputs();
+    // At the start: unless the user has said no to it or the host has made the start.
+    void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
     void EndSession();
 

@@ -40,27 +40,24 @@ void MainForm::cmdLossCalc_Click() {
     if (!program_.TempLogFile.empty()) program_.ReportLog().SaveFile(program_.TempLogFile);
 }
 
-// The inputs of a run as the boxes show them and in metric units. A box that holds no number, which
-// can only be one that still has the focus, gets a message, and there is no run.
-std::optional<LogLine> MainForm::ReadRunInputs() {
-    std::array<double, 4> numbers{};
+std::optional<LogLine> MainForm::ReadInputs() {
+    std::array<double, 3> numbers{};
     std::size_t n = 0;
-    for (const auto& [box, head] : {std::pair(&txtFreq, &Label1), std::pair(&txtDist, &Label2),
-                                    std::pair(&txthb, &Label3), std::pair(&txthm, &Label4)}) {
+    for (const auto& [box, head] :
+         {std::pair(&txtFreq, &Label1), std::pair(&txthb, &Label3), std::pair(&txthm, &Label4)}) {
         const auto number = ReadNumberBox(*box, *head, *this);
         if (!number) return std::nullopt;
         numbers[n++] = *number;
     }
-    const auto [frequency, distance, hb, hm] = numbers;
+    const auto [frequency, hb, hm] = numbers;
     const bool english = mnuUnitsEnglish.Checked();
     const double heightFactor = english ? MetresPerFoot : 1.0;
-    return LogLine{.distance = distance,
-                   .frequency = frequency,
+    return LogLine{.frequency = frequency,
                    .hb = hb,
                    .hm = hm,
                    .english = english,
                    .inputs = {.f = frequency,
-                              .d = english ? distance * KmPerMile : distance,
+                              .d = 0.0,
                               .hb = hb * heightFactor,
                               .hm = hm * heightFactor,
                               .area = cmbareatype.Text(),
@@ -68,6 +65,16 @@ std::optional<LogLine> MainForm::ReadRunInputs() {
                               .pctTime = LeadingNumber(txtPctTime.Text()),
                               .pctLoc = LeadingNumber(txtPctLoc.Text())},
                    .powerWatts = GetPowerWatts()};
+}
+
+std::optional<LogLine> MainForm::ReadRunInputs() {
+    auto line = ReadInputs();
+    if (!line) return std::nullopt;
+    const auto distance = ReadNumberBox(txtDist, Label2, *this);
+    if (!distance) return std::nullopt;
+    line->distance = *distance;
+    line->inputs.d = line->english ? *distance * KmPerMile : *distance;
+    return line;
 }
 
 // The limits of a run, in metric units. They are wider than the messages say in places.

@@ -2,6 +2,7 @@
 
 #include "graphs/MeasuredData.h"
 #include "help/ContextIDs.h"
+#include "help/frmInfoScreen.h"
 #include "models/Primitives.h"
 #include "reports/FrmReport.h"
 #include "reports/LogLine.h"
@@ -14,8 +15,6 @@
 namespace vardel {
 
 namespace {
-
-constexpr const char* SettingsSection = "Loss_FieldStrength";
 
 struct StoredBox {
     const char* key;
@@ -161,6 +160,12 @@ void MainForm::SetDefaultInputs() {
     for (Label* value : {&lblcost231, &lblFITU529, &lblFCost231}) value->SetBackColor(Black);
     // Metric is marked already, so the other forms keep their units until they are next opened.
     SetMetricUnits(program_);
+}
+
+// The host's user has come for a calculation, and has the menu entry.
+void MainForm::ShowIntroduction() {
+    if (CalledFromHost || Stored(*registry_, InfoScreenKey) == NoInfoScreen) return;
+    Run([this] { program_.frmInfoScreen->ShowModal(this); });
 }
 
 void MainForm::mnuFileExit_Click() {

@@ -2,8 +2,11 @@
 
 #include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
+#include "help/AboutForm.h"
+#include "help/frmInfoScreen.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
+#include "reports/frmLogDistRange.h"
 #include "workbench/MainForm.h"
 
 namespace vardel {
@@ -24,13 +27,21 @@ Program::Program(Platform services)
       MainForm([this] { return Make<vardel::MainForm>(*this); }),
       FrmReport([this] { return Make<vardel::FrmReport>(*this); }),
       GraphForm([this] { return Make<vardel::GraphForm>(*this); }),
-      FrmOkumFieldStrength([this] { return Make<vardel::FrmOkumFieldStrength>(*this); }) {}
+      FrmOkumFieldStrength([this] { return Make<vardel::FrmOkumFieldStrength>(*this); }),
+      frmLogDistRange([this] { return Make<vardel::frmLogDistRange>(*this); }),
+      frmInfoScreen([this] { return Make<vardel::frmInfoScreen>(*this); }),
+      AboutForm([this] { return Make<vardel::AboutForm>(*this); }) {}
 
 Program::~Program() = default;
 
 void Program::Start() { MainForm->Show(); }
 
+void Program::Introduce() {
+    if (MainForm.Loaded()) MainForm->ShowIntroduction();
+}
+
 void Program::EndSession() {
+    if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();
     if (MainForm.Loaded()) MainForm->EndSession();
 }
 

@@ -10,11 +10,14 @@
 
 namespace vardel {
 
+class AboutForm;
 class FrmOkumFieldStrength;
 class FrmReport;
 class GraphForm;
 class MainForm;
 class RLogClass;
+class frmInfoScreen;
+class frmLogDistRange;
 
 // The forms by name, each made when it is first touched, and the data that several forms share.
 class Program {
@@ -26,6 +29,8 @@ public:
 
     // Loads and shows the main form; the program runs for as long as that is loaded.
     void Start();
+    // Once the main form is up: the introduction over it, for who wants to see it.
+    void Introduce();
     // The session ends or the program is told to go: saves what an exit would that retains the log,
     // with no question asked.
     void EndSession();
@@ -48,6 +53,9 @@ public:
     FormSlot<vardel::FrmReport> FrmReport;
     FormSlot<vardel::GraphForm> GraphForm;
     FormSlot<vardel::FrmOkumFieldStrength> FrmOkumFieldStrength;
+    FormSlot<vardel::frmLogDistRange> frmLogDistRange;
+    FormSlot<vardel::frmInfoScreen> frmInfoScreen;
+    FormSlot<vardel::AboutForm> AboutForm;
 
 private:
     std::unique_ptr<RLogClass> reportLog_;

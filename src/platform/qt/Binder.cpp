@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QBitmap>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
@@ -12,7 +13,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QSignalBlocker>
+#include <QTimer>
+#include <cmath>
 
 #include "platform/qt/Convert.h"
 
@@ -168,13 +172,31 @@ void Binder::Bind(ComboBox& list, QComboBox& combo) {
                      });
 }
 
-void Binder::Bind(Label& label, QLabel& widget) {
+std::function<void()> Binder::AtPace(Pace pace, QWidget& widget, std::function<void()> show) {
+    if (pace == Pace::AtOnce) return show;
+    constexpr int ScreenPicture = 16;  // ms
+    auto* timer = new QTimer(&widget);
+    timer->setSingleShot(true);
+    timer->setInterval(ScreenPicture);
+    QObject::connect(timer, &QTimer::timeout, &widget, [show = std::move(show), alive = alive_] {
+        if (*alive) show();
+    });
+    return [timer] {
+        if (!timer->isActive()) timer->start();
+    };
+}
+
+void Binder::Bind(Label& label, QLabel& widget, Pace pace) {
     widget.setTextFormat(Qt::PlainText);
     widget.setAutoFillBackground(true);
-    Show(label, [this, &label, &widget] {
+    const auto showCaption = [&label, &widget] {
+        widget.setText(ToQt(label.Caption()).trimmed());  // the layout does the spacing
+    };
+    showCaption();
+    Show(label, [this, &label, &widget, captionChanged = AtPace(pace, widget, showCaption)] {
         BindCommon(label, widget);
         SetColors(widget, label);
-        widget.setText(ToQt(label.Caption()).trimmed());  // the layout does the spacing
+        captionChanged();
         if (!label.StateText().empty()) widget.setAccessibleDescription(ToQt(label.StateText()));
     });
     widget.installEventFilter(new MouseFilter(label, alive_, widget));
@@ -208,10 +230,49 @@ void Binder::Bind(Frame& frame, QGroupBox& group) {
     });
 }
 
-void Binder::Bind(Line& line, QFrame& widget) {
-    Show(line, [this, &line, &widget] {
-        BindCommon(line, widget);
-        SetColors(widget, line);
+void Binder::BindLine(Control& control, QFrame& widget) {
+    Show(control, [this, &control, &widget] {
+        BindCommon(control, widget);
+        SetColors(widget, control);
+    });
+}
+
+void Binder::Bind(Line& line, QFrame& widget) { BindLine(line, widget); }
+void Binder::Bind(Shape& shape, QFrame& widget) { BindLine(shape, widget); }
+
+void Binder::Bind(CheckBox& box, QCheckBox& widget) {
+    Show(box, [this, &box, &widget] {
+        const QSignalBlocker programWrites(widget);
+        BindCommon(box, widget);
+        SetColors(widget, box);
+        QPalette colors = widget.palette();
+        colors.setColor(QPalette::Base, Qt::white);  // the square, on whatever ground
+        widget.setPalette(colors);
+        widget.setText(ToQt(box.Caption()));
+        widget.setChecked(box.Checked());
+    });
+    QObject::connect(&widget, &QCheckBox::toggled, &widget, [&box, alive = alive_](bool checked) {
+        if (*alive) box.SetChecked(checked);
+    });
+}
+
+void Binder::Bind(ProgressBar& bar, QProgressBar& widget) {
+    widget.setRange(0, 10'000);
+    const auto showValue = [&bar, &widget] {
+        widget.setValue(static_cast<int>(std::lround(bar.Filled() * widget.maximum())));
+    };
+    showValue();
+    Show(bar, [this, &bar, &widget, changed = AtPace(Pace::OfTheScreen, widget, showValue)] {
+        BindCommon(bar, widget);
+        changed();
+    });
+}
+
+void Binder::Bind(Image& image, QLabel& widget) {
+    Show(image, [this, &image, &widget] {
+        BindCommon(image, widget);
+        widget.setPixmap(QPixmap(ToQt(image.PictureFile())));
+        widget.setAccessibleDescription(ToQt(image.StateText()));
     });
 }
 

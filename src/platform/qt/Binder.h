@@ -7,6 +7,7 @@
 #include "platform/Controls.h"
 
 class QAbstractButton;
+class QCheckBox;
 class QComboBox;
 class QFrame;
 class QGroupBox;
@@ -14,6 +15,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QMenuBar;
+class QProgressBar;
 class QWidget;
 
 namespace vardel {
@@ -23,6 +25,10 @@ namespace vardel {
 // Every widget gets its control's name.
 class Binder {
 public:
+    // How soon what a control shows comes to the screen: a value that changes thousands of times a
+    // second costs a painting for each of the screen's own pictures and no more.
+    enum class Pace { AtOnce, OfTheScreen };
+
     Binder();
     Binder(const Binder&) = delete;
     Binder& operator=(const Binder&) = delete;
@@ -30,10 +36,14 @@ public:
 
     void Bind(TextBox& box, QLineEdit& edit);
     void Bind(ComboBox& list, QComboBox& combo);
-    void Bind(Label& label, QLabel& widget);
+    void Bind(Label& label, QLabel& widget, Pace pace = Pace::AtOnce);
     void Bind(Button& button, QAbstractButton& widget);
     void Bind(Frame& frame, QGroupBox& group);
     void Bind(Line& line, QFrame& widget);
+    void Bind(Shape& shape, QFrame& widget);
+    void Bind(CheckBox& box, QCheckBox& widget);
+    void Bind(ProgressBar& bar, QProgressBar& widget);  // as often as the screen can show
+    void Bind(Image& image, QLabel& widget);
     void BindMenu(MenuItem& menu, QMenuBar& bar);
 
     // For a control that is tied elsewhere: runs show now and at every change of a property.
@@ -46,6 +56,9 @@ public:
 private:
     void BindCommon(Control& control, QWidget& widget);
     void BindEntry(MenuItem& entry, QMenu& menu);
+    void BindLine(Control& control, QFrame& widget);
+    // What asks for show, which then runs at the pace for as long as the controls are there.
+    std::function<void()> AtPace(Pace pace, QWidget& widget, std::function<void()> show);
 
     std::vector<Control*> controls_;
     // Outlives the binder in the lambdas and filters that look at it.

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QShortcut>
 
 #include "platform/qt/Convert.h"
 
@@ -14,6 +16,13 @@ namespace vardel {
 
 void MakeBold(QWidget& widget) {
     QFont font = widget.font();
+    font.setBold(true);
+    widget.setFont(font);
+}
+
+void MakeTitle(QWidget& widget) {
+    QFont font = widget.font();
+    font.setPointSizeF(font.pointSizeF() * 1.8);
     font.setBold(true);
     widget.setFont(font);
 }
@@ -79,6 +88,26 @@ QComboBox* FormWindow::MakeList(ComboBox& list) {
     auto* combo = new QComboBox;
     binder.Bind(list, *combo);
     return combo;
+}
+
+QPushButton* FormWindow::MakeButton(Button& button) {
+    auto* widget = new QPushButton;
+    binder.Bind(button, *widget);
+    return widget;
+}
+
+void FormWindow::OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action) {
+    for (const Qt::Key key : keys) {
+        auto* shortcut = new QShortcut(key, this);
+        shortcut->setAutoRepeat(false);
+        QObject::connect(shortcut, &QShortcut::activated, this, action);
+    }
+}
+
+void FormWindow::LeaveBy(QPushButton& button) {
+    button.setDefault(true);
+    button.setFocus();
+    OnKeys({Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}, [&button] { button.click(); });
 }
 
 void FormWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,

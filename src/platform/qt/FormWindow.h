@@ -2,15 +2,18 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <initializer_list>
 
 #include "platform/Form.h"
 #include "platform/qt/Binder.h"
 
 class QGridLayout;
+class QPushButton;
 
 namespace vardel {
 
 void MakeBold(QWidget& widget);
+void MakeTitle(QWidget& widget);  // large and bold
 // Of so many digits in the widget's font, in points of the screen.
 int WidthOf(const QWidget& widget, int characters);
 
@@ -41,6 +44,12 @@ protected:
                   int column);
     QLineEdit* MakeBox(TextBox& box, int characters);
     QComboBox* MakeList(ComboBox& list);
+    QPushButton* MakeButton(Button& button);
+
+    // Anywhere in the window. A key that is held counts once.
+    void OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action);
+    // A window that only shows something: Enter and Escape are its one button.
+    void LeaveBy(QPushButton& button);
 
     Binder binder;
 

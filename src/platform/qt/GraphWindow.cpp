@@ -49,11 +49,8 @@ QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
 }
 
 void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
-    for (Button* button : {&form.cmdUpdateGraph, &form.cmdPrintGraph, &form.ArchiveButton()}) {
-        auto* widget = new QPushButton;
-        binder.Bind(*button, *widget);
-        inputs.addWidget(widget, inputs.rowCount(), 0, 1, 3);
-    }
+    for (Button* button : {&form.cmdUpdateGraph, &form.cmdPrintGraph, &form.ArchiveButton()})
+        inputs.addWidget(MakeButton(*button), inputs.rowCount(), 0, 1, 3);
     inputs.setRowStretch(inputs.rowCount(), 1);
 }
 

@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QShowEvent>
 
 #include "platform/qt/RichTextEdit.h"
@@ -28,15 +27,11 @@ ReportWindow::ReportWindow(FrmReport& form)
     auto* row = new QHBoxLayout;
     column->addLayout(row);
     row->addStretch(1);
-    for (Button* button : {&form.cmdFile, &form.cmdPrint, &form.cmdClear, &form.cmdClose}) {
-        auto* widget = new QPushButton;
-        binder.Bind(*button, *widget);
-        row->addWidget(widget);
-    }
+    for (Button* button : {&form.cmdFile, &form.cmdPrint, &form.cmdClear, &form.cmdClose})
+        row->addWidget(MakeButton(*button));
     setCentralWidget(center);
     log_->setFocus();
-    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
-                     [this] { close(); });
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
 
     const QFontMetrics metrics(log_->font());
     const int bar = log_->verticalScrollBar()->sizeHint().width();

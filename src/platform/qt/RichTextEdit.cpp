@@ -46,7 +46,8 @@ RichTextEdit::RichTextEdit(RichTextBox& box, Binder& binder) : box_(box), binder
     setAccessibleName("Report log");
     setObjectName(ToQt(box.Name()));
     binder.Show(box, [this] {
-        setReadOnly(box_.Locked());
+        // Told of every write, of a hidden log too: what stays as it was must cost nothing.
+        if (isReadOnly() != box_.Locked()) setReadOnly(box_.Locked());
         setLineWrapMode(box_.RightMargin() > 0 ? NoWrap : WidgetWidth);
         if (editing_ && box_.Revision() != revision_) ReadBox();
     });

@@ -1,0 +1,203 @@
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+
+#include "help/frmInfoScreen.h"
+#include "platform/Files.h"
+#include "platform/Rtf.h"
+#include "platform/qt/QtPlatform.h"
+#include "reports/FrmReport.h"
+#include "reports/frmLogDistRange.h"
+#include "workbench/MainForm.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+namespace {
+
+using testing::StartsWith;
+
+class RangeWindowTest : public testing::Test {
+protected:
+    RangeWindowTest() { program.Start(); }
+
+    FormWindow& Window() { return platform.WindowOf(*program.frmLogDistRange); }
+    template <class T>
+    T& Widget(const char* name) {
+        return *Window().findChild<T*>(name);
+    }
+    void Click(const char* button) {
+        QTest::mouseClick(&Widget<QPushButton>(button), Qt::LeftButton);
+    }
+    void Type(const char* box, const char* text) {
+        auto& edit = Widget<QLineEdit>(box);
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClicks(&edit, text);
+    }
+    // Opens the window from the main form's menu and does this in it; returns when it is closed.
+    void Open(const std::function<void()>& action) {
+        FormWindow& window = Window();
+        QTimer::singleShot(0, &window, [&] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+            action();
+        });
+        program.MainForm->mnuCalculationLogDist.Pick();
+        EXPECT_FALSE(program.frmLogDistRange.Loaded());
+    }
+    // Begins a run of millions of lines and does this in the middle of it.
+    void InALongRun(const std::function<void()>& action) {
+        Open([&] {
+            Type("txtStart", "0.1");
+            Type("txtEnd", "300");
+            Type("txtStep", "0.0001");
+            QTimer::singleShot(300, &Window(), action);
+            Click("cmdLogDistRange");
+        });
+    }
+    const std::string& Log() { return program.FrmReport->rtbLog.Text(); }
+    long Lines() { return std::count(Log().begin(), Log().end(), '\n'); }
+    bool Saved() {
+        const auto file = ReadWholeFile(program.TempLogFile);
+        return file && !file->empty() && *ReadRtf(*file) == program.FrmReport->rtbLog.Content();
+    }
+
+    QtPlatform platform;
+    Program program{platform.Services()};
+};
+
+TEST_F(RangeWindowTest, ExitKeepsTheLinesOfARun) {
+    QElapsedTimer clicked;
+    InALongRun([&] {
+        EXPECT_FALSE(Widget<QLineEdit>("txtStart").isVisible());
+        EXPECT_TRUE(Widget<QPushButton>("cmdExitCalc").hasFocus());
+        EXPECT_TRUE(Widget<QLabel>("lblDist").text().endsWith(" Km"));
+        EXPECT_GT(Lines(), 100);
+        clicked.start();
+        Click("cmdExitCalc");
+    });
+    EXPECT_LT(clicked.elapsed(), 100) << "with the log's saving";
+    EXPECT_TRUE(Saved());
+    EXPECT_THAT(Log(), StartsWith("     0.1"));
+}
+
+TEST_F(RangeWindowTest, RestartsBeginAnewAndTheFrameEndsUnsaved) {
+    int restarts = 0;
+    constexpr int Restarts = 20;
+    QTimer again;
+    QObject::connect(&again, &QTimer::timeout, &again, [&] {
+        EXPECT_EQ(Log().substr(0, 8), Log().empty() ? "" : "     0.1");
+        if (++restarts <= Restarts) {
+            Click("cmdLogDistRange");
+            return;
+        }
+        again.stop();
+        Window().close();
+    });
+    long before = 0;
+    InALongRun([&] {
+        before = Lines();
+        again.start(5);
+    });
+    EXPECT_EQ(restarts, Restarts + 1);
+    EXPECT_LT(Lines(), before) << "the lines of the last restart alone";
+    EXPECT_FALSE(Saved());
+
+    Open([&] {
+        EXPECT_EQ(Widget<QLineEdit>("txtStep").text(), "1.0");
+        EXPECT_EQ(Widget<QProgressBar>("pgbDist").value(), 0);
+        Click("cmdLogDistRange");
+    });
+    EXPECT_EQ(Lines(), 101);
+    EXPECT_TRUE(Saved());
+}
+
+TEST_F(RangeWindowTest, EnterBeginsAndEscapeEnds) {
+    const long before = Lines();
+    Open([&] {
+        Widget<QCheckBox>("chkClearLog").click();
+        QTimer::singleShot(0, &Window(), [] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->text(), "StStep Value Must be Numeric");
+            box->button(QMessageBox::Ok)->click();
+        });
+        Type("txtStart", "100");
+        Type("txtEnd", "100");
+        Type("txtStep", "5 metres");
+        QTest::keyClick(&Widget<QLineEdit>("txtStep"), Qt::Key_Return);
+    });
+    EXPECT_EQ(Lines(), before + 2) << "the one line and the empty one";
+    InALongRun([&] {
+        QTest::keyClick(&Window(), Qt::Key_Return);
+        EXPECT_TRUE(program.frmLogDistRange->RunRunning);
+        QTest::keyClick(&Window(), Qt::Key_Escape);
+    });
+    EXPECT_TRUE(Saved());
+    Open([&] { QTest::keyClick(&Window(), Qt::Key_Escape); });
+}
+
+TEST_F(RangeWindowTest, TheWindowStaysAliveAndThousandsOfLinesTakeNoTime) {
+    // The log's window, once it was open, must not cost a hidden log anything.
+    QTimer::singleShot(0, &platform.WindowOf(*program.FrmReport),
+                       [&] { program.FrmReport->cmdClose.Press(); });
+    program.MainForm->mnuCalculationLog.Pick();
+    QElapsedTimer run;
+    Open([&] {
+        Type("txtEnd", "300");
+        Type("txtStart", "0.1");
+        Type("txtStep", "0.1");
+        run.start();
+        Click("cmdLogDistRange");
+    });
+    EXPECT_GE(Lines(), 3000);
+    EXPECT_LT(run.elapsed(), 1000);
+
+    qint64 longest = 0;
+    QElapsedTimer sinceTick;
+    QTimer tick;
+    QObject::connect(&tick, &QTimer::timeout, &tick, [&] {
+        if (sinceTick.isValid()) longest = std::max(longest, sinceTick.elapsed());
+        sinceTick.start();
+    });
+    tick.start(5);
+    InALongRun([&] {
+        tick.stop();
+        Click("cmdExitCalc");
+    });
+    EXPECT_LT(longest, 100);
+}
+
+TEST(InfoWindow, ShowsTheSignsAndClosesByEnterAndEscape) {
+    QtPlatform platform;
+    Program program(platform.Services());
+    program.Start();
+    FormWindow* window = nullptr;
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        window = &platform.WindowOf(*program.frmInfoScreen);
+        QTimer::singleShot(0, window, [&] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+            EXPECT_EQ(window->findChild<QLabel*>("Label3")->text(), "1500 ≤ Freq ≤ 2000");
+            auto* show = window->findChild<QCheckBox*>("chkShowNext");
+            EXPECT_TRUE(show->isChecked());
+            QTest::keyClick(show, Qt::Key_Space);
+            QTest::keyClick(show, key);
+        });
+        program.MainForm->mnuHelpInfo.Pick();
+        EXPECT_FALSE(program.frmInfoScreen.Loaded());
+    }
+    EXPECT_EQ(program.platform.settings.Read("Vardel", "Loss_FieldStrength", "InfoScreen"),
+              "NoScreen");
+    program.platform.settings.Delete("Vardel", "Loss_FieldStrength", "InfoScreen");
+}
+
+}  // namespace
+}  // namespace vardel
