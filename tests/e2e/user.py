@@ -53,15 +53,16 @@ class User:
         self.process = None
 
     def start(self):
-        self.process = subprocess.Popen([self.program], env=self.environment,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        with open(self.home / "messages", "a") as messages:
+            self.process = subprocess.Popen([self.program], env=self.environment,
+                                            stdout=messages, stderr=messages)
 
     def has_ended(self):
         return self.process.poll() is not None
 
     def wait_for_end(self):
         wait_for("the end of the program", self.has_ended)
-        assert self.process.returncode == 0, self.process.stderr.read()
+        assert self.process.returncode == 0, (self.home / "messages").read_text()
 
     def kill(self):
         if self.process and not self.has_ended():
@@ -114,6 +115,7 @@ class User:
         logs = list((self.home / ".local/state/vardel").glob("*.rtf"))
         if len(logs) != 1:
             return ""
+        # The header of fonts and colours ends at the first line end.
         body = re.sub(r"\\par\b ?", "\n", logs[0].read_text().replace("\n", ""))
         return re.sub(r"\\[a-z]+-?\d* ?|[{}]", "", body)
 
