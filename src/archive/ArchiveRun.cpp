@@ -41,8 +41,7 @@ bool ChooseArchive(Program& program) {
     Windows& windows = program.platform.windows;
     const auto file = windows.AskOpenFile({program.platform.programDirectory, "*.mdb", 1});
     if (!file || file->empty() || file->find('*') != std::string::npos) {
-        windows.ShowMessage(
-            {.text = "Cannot Open Access Database", .title = "Add To Archive"});
+        windows.ShowMessage({.text = "Cannot Open Access Database", .title = "Add To Archive"});
         program.ArchiveFile.clear();
         return false;
     }

@@ -13,10 +13,10 @@ namespace vardel {
 
 class Windows;
 
-// Writes runs into an archive: each a row of the table "ModelRun", and a row of "DataSets" for each of
-// its curves. A run is written by OpenArchive, AddModelRun, AddDataSet for each curve, CloseArchive.
-// Each of the four tells a failure of a step in a message and leaves out its steps behind that; the
-// caller goes on.
+// Writes runs into an archive: each a row of the table "ModelRun", and a row of "DataSets" for each
+// of its curves. A run is written by OpenArchive, AddModelRun, AddDataSet for each curve,
+// CloseArchive. Each of the four tells a failure of a step in a message and leaves out its steps
+// behind that; the caller goes on.
 class dbOperations {
 public:
     explicit dbOperations(Windows& windows) : windows_(windows) {}
@@ -29,8 +29,8 @@ public:
     void AddModelRun(const std::string& Model, const std::string& Parameters,
                      const std::string& Comment, const CalendarTime& DateTime,
                      std::int32_t DataSetType);
-    // DataSetType is 2 for points (x, y), 3 for points (x, y, z), which alone reads Z. With any other
-    // the row has no points.
+    // DataSetType is 2 for points (x, y), 3 for points (x, y, z), which alone reads Z. With any
+    // other the row has no points.
     void AddDataSet(std::int32_t RunId, const std::string& Legend, const std::string& Comment,
                     std::int32_t PointCount, std::int32_t DataSetType, std::span<const double> X,
                     std::span<const double> Y, std::span<const double> Z);

@@ -14,7 +14,7 @@ struct OpenTable {
     std::shared_ptr<SQLite::Database> file;
     std::string name;
     std::vector<std::string> fields;
-    std::string key;              // the field that the database numbers; empty: none
+    std::string key;             // the field that the database numbers; empty: none
     bool keyIsSequence = false;  // whether it is AUTOINCREMENT
 };
 
@@ -54,10 +54,9 @@ void FindKey(OpenTable& table) {
 
 std::int64_t NextNumber(const OpenTable& table) {
     const std::string sequence = "ifnull((SELECT seq FROM sqlite_sequence WHERE name = ?), 0)";
-    SQLite::Statement next(*table.file,
-                           "SELECT 1 + max(" + (table.keyIsSequence ? sequence : "0") +
-                               ", ifnull((SELECT max(" + Quoted(table.key) + ") FROM " +
-                               Quoted(table.name) + "), 0))");
+    SQLite::Statement next(*table.file, "SELECT 1 + max(" + (table.keyIsSequence ? sequence : "0") +
+                                            ", ifnull((SELECT max(" + Quoted(table.key) +
+                                            ") FROM " + Quoted(table.name) + "), 0))");
     if (table.keyIsSequence) next.bind(1, table.name);
     next.executeStep();
     return next.getColumn(0).getInt64();
@@ -107,7 +106,9 @@ void NewRow::GiveNumber() {
 }
 
 FieldValue* NewRow::Find(std::string_view field) {
-    const auto isField = [&](const std::string& name) { return SameName(name, std::string(field)); };
+    const auto isField = [&](const std::string& name) {
+        return SameName(name, std::string(field));
+    };
     if (std::none_of(table_->fields.begin(), table_->fields.end(), isField))
         // The database says so in its own words.
         SQLite::Statement(*table_->file, "INSERT INTO " + Quoted(table_->name) + " (" +

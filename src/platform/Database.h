@@ -13,8 +13,8 @@ class Database;
 class Transaction;
 }  // namespace SQLite
 
-// Rows that are added to the tables of a database file. Whatever fails throws std::exception with the
-// database's own text.
+// Rows that are added to the tables of a database file. Whatever fails throws std::exception with
+// the database's own text.
 
 namespace vardel {
 

@@ -82,9 +82,10 @@ TEST_F(ArchiveRunTest, AnotherReaderFindsEveryFieldAndPoint) {
     EXPECT_EQ(platform.questions[1].text, " ");
 
     std::istringstream dump = Dump();
-    EXPECT_EQ(Line(dump),
-              "run|1|'Okumura-Hata'|'hb:100.0,hm:1.5,frq:450.0,Urban,,Small/Medium,Power:1.kW e.r.p."
-              ",50%T,50%L'|'a comment, größer'|'2026-03-09 14:05:07'|2");
+    EXPECT_EQ(
+        Line(dump),
+        "run|1|'Okumura-Hata'|'hb:100.0,hm:1.5,frq:450.0,Urban,,Small/Medium,Power:1.kW e.r.p."
+        ",50%T,50%L'|'a comment, größer'|'2026-03-09 14:05:07'|2");
     EXPECT_EQ(Line(dump),
               "run|2|'Okumura-Hata'|'hb:328.084,hm:4.9213,frq:450.0,Suburban,,Power:1.kW e.r.p."
               ",10%T,50%L'|''|'2026-03-09 14:05:07'|2");
@@ -92,11 +93,10 @@ TEST_F(ArchiveRunTest, AnotherReaderFindsEveryFieldAndPoint) {
     const std::pair<const char*, Model> losses[] = {
         {"ITU 529", Itu529Loss}, {"Davidson", DavidsonLoss}, {"Cost 231", Cost231Loss}};
     for (const auto& [name, model] : losses)
-        ExpectCurve(dump,
-                    std::string("curve|1|") + name + " Urban|a comment, größer|2991|47857|0", model,
-                    urban, 300);
-    const ModelInputs suburban{450,        0,  328.084 * 0.3048, 4.9213 * 0.3048, "Suburban",
-                               "Small/Medium", 10, 50};
+        ExpectCurve(dump, std::string("curve|1|") + name + " Urban|a comment, größer|2991|47857|0",
+                    model, urban, 300);
+    const ModelInputs suburban{
+        450, 0, 328.084 * 0.3048, 4.9213 * 0.3048, "Suburban", "Small/Medium", 10, 50};
     const std::pair<const char*, Model> fields[] = {{"ITU 529", Itu529FieldStrength},
                                                     {"Davidson", DavidsonFieldStrength},
                                                     {"Cost 231", Cost231FieldStrength}};

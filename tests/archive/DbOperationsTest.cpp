@@ -229,12 +229,14 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
         archiving.StoreRun(later, "later");
         EXPECT_THAT(archiving.platform.TakeMessages(), IsEmpty());
         EXPECT_EQ(Ask(later, "PRAGMA integrity_check"), "ok");
+        EXPECT_EQ(
+            Ask(later,
+                "SELECT count(*) || ' ' || count(DISTINCT r.ID) FROM ModelRun r JOIN DataSets "
+                "d USING (ID) WHERE r.Parameters = 'later' AND d.Legend = 'later'"),
+            "3 1");
         EXPECT_EQ(Ask(later,
-                      "SELECT count(*) || ' ' || count(DISTINCT r.ID) FROM ModelRun r JOIN DataSets "
-                      "d USING (ID) WHERE r.Parameters = 'later' AND d.Legend = 'later'"),
-                  "3 1");
-        EXPECT_EQ(Ask(later, "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
-                             "WHERE r.Parameters <> d.Legend"),
+                      "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
+                      "WHERE r.Parameters <> d.Legend"),
                   "0")
             << "no curve is another run's";
     }
@@ -244,8 +246,9 @@ TEST(DbOperations, AKeyWithoutASequenceIsNumberedToo) {
     Archiving archiving;
     const std::string path = archiving.platform.folder.Path("own.mdb");
     SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
-        .exec("CREATE TABLE ModelRun (ID INTEGER PRIMARY KEY, Model, Parameters, Comment, Date_Time, "
-              "DataSetType); CREATE TABLE DataSets (ID, Legend, Comment, PointCount, DataSet)");
+        .exec(
+            "CREATE TABLE ModelRun (ID INTEGER PRIMARY KEY, Model, Parameters, Comment, Date_Time, "
+            "DataSetType); CREATE TABLE DataSets (ID, Legend, Comment, PointCount, DataSet)");
     archiving.StoreRun(path, "first");
     archiving.StoreRun(path, "second");
     EXPECT_THAT(archiving.platform.TakeMessages(), IsEmpty());
@@ -274,8 +277,9 @@ TEST(DbOperations, TwoProgramsStoreIntoOneArchive) {
         EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(Ask(path, "SELECT count(*) || ' ' || max(ID) FROM ModelRun"), "24 24");
-    EXPECT_EQ(Ask(path, "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
-                        "WHERE r.Parameters = d.Legend"),
+    EXPECT_EQ(Ask(path,
+                  "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
+                  "WHERE r.Parameters = d.Legend"),
               "72");
 }
 
@@ -294,8 +298,9 @@ TEST(DbOperations, AKillInTheMiddleOfARunHarmsNothing) {
         EXPECT_THAT(archiving.platform.TakeMessages(), IsEmpty());
     }
     EXPECT_EQ(Ask(path, "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(Ask(path, "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
-                        "WHERE r.Parameters = 'whole' AND d.Legend = 'whole'"),
+    EXPECT_EQ(Ask(path,
+                  "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
+                  "WHERE r.Parameters = 'whole' AND d.Legend = 'whole'"),
               "60");
 }
 
