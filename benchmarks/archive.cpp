@@ -1,5 +1,5 @@
-// Storing a run to 300 km in an archive, computed curves aside, beside the same four rows written by
-// the bare library, each as durable when its insert returns; and computing the curves.
+// Storing a run to 300 km in an archive, computed curves aside, beside the same four rows written
+// by the bare library, each as durable when its insert returns; and computing the curves.
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>

@@ -36,8 +36,7 @@ TEST(Dialogs, ALineOfText) {
         QTest::keyClick(&line, Qt::Key_Return);
     });
     EXPECT_EQ(platform.AskText(question), "a run");
-    WithNext<QInputDialog>(
-        [](QInputDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    WithNext<QInputDialog>([](QInputDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(platform.AskText(question), "") << "cancelled";
 }
 
