@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QTimer>
+#include <csignal>
 
 #include "platform/qt/QtPlatform.h"
 #include "platform/qt/SessionEnd.h"
@@ -8,6 +9,8 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     vardel::SetUpApplication(application);
+    // A write beyond the limit of a file's size fails then, as on a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
     vardel::QtPlatform platform;
     vardel::Program program(platform.Services());
     const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); });

@@ -1,5 +1,6 @@
 #include "graphs/FrmOkumFieldStrength.h"
 
+#include "archive/ArchiveRun.h"
 #include "graphs/GraphActions.h"
 #include "help/ContextIDs.h"
 #include "models/Primitives.h"
@@ -28,6 +29,7 @@ FrmOkumFieldStrength::FrmOkumFieldStrength(Program& program)
 
 void FrmOkumFieldStrength::WireEvents() {
     lblPower.Click = [this] { cmdAddToArchive.SetVisible(!cmdAddToArchive.Visible()); };
+    cmdAddToArchive.Click = [this] { cmdAddToArchive_Click(); };
     txtPowerUnit.LostFocus = [this] { txtPowerUnit_LostFocus(); };
     cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
 
@@ -99,6 +101,10 @@ void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }
 
 void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
     if (MaxDist != maxDist) SetMaxDist(maxDist, mnuModelDist100, mnuModelDist300);
+}
+
+void FrmOkumFieldStrength::cmdAddToArchive_Click() {
+    ArchiveRun(program_, *this, ArchivedQuantity::FieldStrength);
 }
 
 // The power goes to the main form at once, not only when the form closes.

@@ -58,6 +58,7 @@ private:
     void CheckModelMenu();
     void ReplotMode(FieldStrengthGraph graph);
     void SelectMaxDist(double maxDist);
+    void cmdAddToArchive_Click();
     void txtPowerUnit_LostFocus();
     void cmbPowerUnit_Click();
 

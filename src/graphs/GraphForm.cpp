@@ -1,5 +1,6 @@
 #include "graphs/GraphForm.h"
 
+#include "archive/ArchiveRun.h"
 #include "graphs/GraphActions.h"
 #include "help/ContextIDs.h"
 #include "workbench/MainForm.h"
@@ -21,6 +22,7 @@ GraphForm::GraphForm(Program& program)
     mnuGraph300.SetCheckable(true);
 
     lblBaseAntenna.Click = [this] { cmdArchiveData.SetVisible(!cmdArchiveData.Visible()); };
+    cmdArchiveData.Click = [this] { cmdArchiveData_Click(); };
     mnuFileCopyToReportLog.Click = [this] { CopyGraphToLog(program_, CTWX1); };
     mnuFileClose.Click = [this] { Unload(); };
     mnuGraph100.Click = [this] { SetMaxDist(100.0, mnuGraph100, mnuGraph300); };
@@ -47,5 +49,7 @@ void GraphForm::Form_Unload() {
     main.mnuUnitsMetric.SetChecked(mnuUnitsMetric.Checked());
     main.mnuUnitsEnglish.SetChecked(mnuUnitsEnglish.Checked());
 }
+
+void GraphForm::cmdArchiveData_Click() { ArchiveRun(program_, *this, ArchivedQuantity::Loss); }
 
 }  // namespace vardel

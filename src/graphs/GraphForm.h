@@ -27,6 +27,7 @@ public:
 private:
     void Form_Load() override;
     void Form_Unload() override;
+    void cmdArchiveData_Click();
     bool Replot() override { return PlotLossGraph(true); }
     void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) override;
     void SetTitles();

@@ -78,9 +78,8 @@ void PlotForm::WireEvents() {
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
 
-    // What these lead to is not there yet.
+    // What this leads to is not there yet.
     cmdPrintGraph.SetEnabled(false);
-    archive_.SetEnabled(false);
 }
 
 void PlotForm::LoadInputs(const MainForm& main) {

@@ -65,6 +65,10 @@ public:
     Label& BaseAntennaLabel() { return baseAntenna_; }
     Button& ArchiveButton() { return archive_; }
 
+    // The boxes in metric units, for a distance of 0. Nothing, after a message, where a box holds
+    // no number.
+    std::optional<ModelInputs> ReadInputs();
+
 protected:
     PlotForm(Program& program, const Names& names);
 
@@ -92,7 +96,6 @@ protected:
 private:
     void SetAppearance();
     void WireEvents();
-    std::optional<ModelInputs> ReadInputs();
     void cmbareatype_Click();
     void cmdUpdateGraph_Click();
 };

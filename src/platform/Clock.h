@@ -9,6 +9,7 @@ struct CalendarTime {
     int day = 1;    // 1 to 31
     int hour = 0;   // 0 to 23
     int minute = 0;
+    int second = 0;
 };
 
 class Clock {

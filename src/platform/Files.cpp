@@ -79,16 +79,17 @@ void FlushFolder(const fs::path& folder) {
     if (fd.Valid()) ::fsync(fd.Get());
 }
 
-// The superuser may write everything, so for him the permissions speak.
-bool MayReplace(const fs::path& target, const struct stat& status) {
-    return (status.st_mode & 0222) != 0 && ::access(target.c_str(), W_OK) == 0;
-}
-
 }  // namespace
 
 bool FileExists(const std::string& path) {
     std::error_code ignored;
     return fs::exists(path, ignored);
+}
+
+bool MayWriteFile(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && (status.st_mode & 0222) != 0 &&
+           ::access(path.c_str(), W_OK) == 0;
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {
@@ -127,7 +128,7 @@ void ReplaceFile(const std::string& path, std::string_view content, Access acces
     struct stat status {};
     const bool replaces = ::stat(target.c_str(), &status) == 0;
     if (replaces && !S_ISREG(status.st_mode)) Fail(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-    if (replaces && !MayReplace(target, status)) Fail(path, EACCES);
+    if (replaces && !MayWriteFile(target.string())) Fail(path, EACCES);
 
     PartFile part = OpenPart(target, access == Access::OwnerOnly ? 0600 : 0666);
     try {

@@ -10,6 +10,10 @@ enum class Access { AsUsual, OwnerOnly };
 
 bool FileExists(const std::string& path);
 
+// Whether the user may write the file. The superuser may write everything, so for him the
+// permissions speak.
+bool MayWriteFile(const std::string& path);
+
 // The whole content; nothing when the file cannot be read.
 std::optional<std::string> ReadWholeFile(const std::string& path);
 

@@ -27,9 +27,9 @@ struct Message {
 
 enum class Answer { Ok, Cancel, Yes, No };
 
-// A file dialog for saving. The filters are pairs of a description and a pattern, parted by "|",
-// and count from 1. The dialog does not ask before it names a file that exists.
-struct SaveDialog {
+// A file dialog. The filters are pairs of a description and a pattern, parted by "|", or one
+// pattern, and count from 1.
+struct FileDialog {
     std::string folder;
     std::string filters;
     int filterIndex = 1;
@@ -38,6 +38,13 @@ struct SaveDialog {
 struct SaveChoice {
     std::string path;
     int filterIndex = 1;
+};
+
+// A box that asks for a line of text.
+struct TextQuestion {
+    std::string prompt;
+    std::string title;
+    std::string text;  // the answer proposed
 };
 
 class Windows {
@@ -51,8 +58,12 @@ public:
     virtual void Forget(Form& form) = 0;
 
     virtual Answer ShowMessage(const Message& message) = 0;
-    // Nothing when the user names no file.
-    virtual std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) = 0;
+    // Nothing when the user names no file. There is no question before a file that exists.
+    virtual std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) = 0;
+    // The path of a file that exists; nothing when the user names none.
+    virtual std::optional<std::string> AskOpenFile(const FileDialog& dialog) = 0;
+    // An empty text when the user cancels.
+    virtual std::string AskText(const TextQuestion& question) = 0;
     // Lets the window system handle what has come in meanwhile. Any event routine may run.
     virtual void Yield() = 0;
     virtual void EndProgram() = 0;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "archive/dbOperations.h"
 #include "graphs/MeasuredData.h"
 #include "platform/Color.h"
 #include "platform/FormSlot.h"
@@ -42,6 +43,7 @@ public:
 
     std::string TempLogFile;  // the log's file; empty: the log has none
     std::string ArchiveFile;  // chosen since the start; empty: none yet
+    vardel::dbOperations dbOperations{platform.windows};
     vardel::MeasuredTable MeasuredTable;
     int GraphMode = 0;                     // of the field strength graphs, see FieldStrengthGraph
     bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves

@@ -10,6 +10,7 @@
 
 #include "platform/Files.h"
 #include "support/FakePlatform.h"
+#include "support/Shell.h"
 
 namespace vardel {
 namespace {
@@ -225,17 +226,6 @@ TEST(Rtf, ReadsAnyBytes) {
         const auto again = ReadRtf(WriteRtf(*read));
         ASSERT_TRUE(again.has_value() && *again == *read) << "seed " << seed << ": " << rtf;
     }
-}
-
-std::string Output(const std::string& command) {
-    std::FILE* pipe = ::popen(command.c_str(), "r");
-    if (pipe == nullptr) return {};
-    std::string output;
-    std::array<char, 4096> buffer;
-    for (std::size_t got; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        output.append(buffer.data(), got);
-    EXPECT_EQ(::pclose(pipe), 0) << command;
-    return output;
 }
 
 TEST(Rtf, AnotherReaderFindsTextAndStyles) {

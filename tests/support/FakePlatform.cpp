@@ -33,9 +33,19 @@ Answer FakePlatform::ShowMessage(const Message& message) {
     return message.buttons == Message::Buttons::YesNo ? Answer::Yes : Answer::Ok;
 }
 
-std::optional<SaveChoice> FakePlatform::AskSaveFile(const SaveDialog& dialog) {
+std::optional<SaveChoice> FakePlatform::AskSaveFile(const FileDialog& dialog) {
     saveDialogs.push_back(dialog);
     return saveChoice;
+}
+
+std::optional<std::string> FakePlatform::AskOpenFile(const FileDialog& dialog) {
+    openDialogs.push_back(dialog);
+    return openChoice;
+}
+
+std::string FakePlatform::AskText(const TextQuestion& question) {
+    questions.push_back(question);
+    return onQuestion ? onQuestion() : std::string();
 }
 
 void FakePlatform::Yield() {

@@ -41,7 +41,9 @@ public:
     void ShowModal(Form& form, Form*) override;
     void Forget(Form&) override {}
     Answer ShowMessage(const Message& message) override;
-    std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) override;
+    std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
+    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+    std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void EndProgram() override { ended = true; }
     std::string Read(const std::string& application, const std::string& section,
@@ -77,8 +79,12 @@ public:
     std::queue<Answer> answers;                               // first what a box has a button for
     std::map<std::string, std::function<void()>> whileShown;  // by a modal form's name
     std::function<void()> onYield;
-    std::vector<SaveDialog> saveDialogs;
+    std::vector<FileDialog> saveDialogs;
     std::optional<SaveChoice> saveChoice;
+    std::vector<FileDialog> openDialogs;
+    std::optional<std::string> openChoice;
+    std::vector<TextQuestion> questions;
+    std::function<std::string()> onQuestion;   // what is answered; none: the user cancels
     std::map<std::string, std::string> store;  // by application/section/key
     std::vector<std::string> writes;           // the keys, in order
     std::string helpFile;                      // empty: none, or closed

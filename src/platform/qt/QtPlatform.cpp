@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QStyle>
@@ -44,6 +45,15 @@ Answer AnswerOf(int button, Message::Buttons buttons) {
             break;
     }
     return Answer::Ok;
+}
+
+void SetUpFileDialog(QFileDialog& dialog, const FileDialog& request) {
+    const QStringList parts = ToQt(request.filters).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i < parts.size(); i += 2) filters << parts[i];
+    dialog.setDirectory(ToQt(request.folder));
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
 }
 
 QString StateDirectory() {
@@ -139,20 +149,16 @@ Answer QtPlatform::ShowMessage(const Message& message) {
     return AnswerOf(box.Exec(), message.buttons);
 }
 
-std::optional<SaveChoice> QtPlatform::AskSaveFile(const SaveDialog& request) {
-    const QStringList parts = ToQt(request.filters).split('|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i];
-
+std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     DialogOver<QFileDialog> dialog;
+    SetUpFileDialog(*dialog, request);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
-    dialog->setDirectory(ToQt(request.folder));
-    dialog->setNameFilters(filters);
-    dialog->selectNameFilter(filters.value(request.filterIndex - 1));
+    const QStringList filters = dialog->nameFilters();
     // A name without an extension gets that of the filter.
     const auto setSuffix = [&](const QString& filter) {
+        const QStringList parts = ToQt(request.filters).split('|');
         dialog->setDefaultSuffix(parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1));
     };
     setSuffix(dialog->selectedNameFilter());
@@ -161,6 +167,25 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const SaveDialog& request) {
         return std::nullopt;
     const auto filter = static_cast<int>(filters.indexOf(dialog->selectedNameFilter()));
     return SaveChoice{FromQt(dialog->selectedFiles().constFirst()), filter + 1};
+}
+
+std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
+    DialogOver<QFileDialog> dialog;
+    SetUpFileDialog(*dialog, request);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    return FromQt(dialog->selectedFiles().constFirst());
+}
+
+std::string QtPlatform::AskText(const TextQuestion& question) {
+    DialogOver<QInputDialog> dialog;
+    dialog->setWindowTitle(ToQt(question.title));
+    dialog->setLabelText(ToQt(question.prompt));
+    dialog->setTextValue(ToQt(question.text));
+    if (dialog.Exec() != QDialog::Accepted) return {};
+    return FromQt(dialog->textValue());
 }
 
 void QtPlatform::Yield() { QApplication::processEvents(); }
@@ -189,8 +214,8 @@ std::string QtPlatform::MetafileOf(const Chart& chart) {
 
 CalendarTime QtPlatform::Now() {
     const QDateTime now = QDateTime::currentDateTime();
-    return {now.date().year(), now.date().month(), now.date().day(), now.time().hour(),
-            now.time().minute()};
+    return {now.date().year(), now.date().month(),  now.date().day(),
+            now.time().hour(), now.time().minute(), now.time().second()};
 }
 
 }  // namespace vardel

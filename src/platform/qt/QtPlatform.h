@@ -28,7 +28,9 @@ public:
     void ShowModal(Form& form, Form* owner) override;
     void Forget(Form& form) override;
     Answer ShowMessage(const Message& message) override;
-    std::optional<SaveChoice> AskSaveFile(const SaveDialog& dialog) override;
+    std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
+    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+    std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void EndProgram() override;
     std::optional<Picture> GetPicture() override;

@@ -1,0 +1,98 @@
+#include "archive/ArchiveRun.h"
+
+#include <array>
+
+#include "archive/dbOperations.h"
+#include "graphs/CurveData.h"
+#include "graphs/PlotForm.h"
+#include "models/ModCalculations.h"
+#include "platform/Platform.h"
+#include "workbench/NumberText.h"
+#include "workbench/Program.h"
+
+namespace vardel {
+
+namespace {
+
+struct ArchivedCurve {
+    const char* legend;  // the area follows
+    ModelFunction function;
+};
+
+using ArchivedCurves = std::array<ArchivedCurve, 3>;
+
+constexpr ArchivedCurves LossCurves = {{
+    {"ITU 529 ", Itu529Loss},
+    {"Davidson ", DavidsonLoss},
+    {"Cost 231 ", Cost231Loss},
+}};
+
+constexpr ArchivedCurves FieldStrengthCurves = {{
+    {"ITU 529 - ", Itu529FieldStrength},
+    {"Davidson - ", DavidsonFieldStrength},
+    {"Cost 231 - ", Cost231FieldStrength},
+}};
+
+constexpr std::int32_t PointsOfTwoValues = 2;
+constexpr double NearestPoint = 1.0;  // km
+
+// False, after a message, when the user chooses none.
+bool ChooseArchive(Program& program) {
+    Windows& windows = program.platform.windows;
+    const auto file = windows.AskOpenFile({program.platform.programDirectory, "*.mdb", 1});
+    if (!file || file->empty() || file->find('*') != std::string::npos) {
+        windows.ShowMessage({.text = "Cannot Open Access Database", .title = "Add To Archive"});
+        program.ArchiveFile.clear();
+        return false;
+    }
+    program.ArchiveFile = *file;
+    return true;
+}
+
+// The boxes as they stand, without units of the heights. The doubled comma before the city size is
+// part of the format.
+std::string ParameterLine(const PlotForm& form) {
+    const auto text = [](const TextBox& box) { return std::string(Trimmed(box.Text())); };
+    const std::string& area = form.cmbareatype.Text();
+    std::string line = "hb:" + text(form.txthb) + ",hm:" + text(form.txthm) +
+                       ",frq:" + form.txtFreq.Text() + ',' + area + ',';
+    if (area == "Urban") line += ',' + form.cmbcitysize.Text();
+    line += ",Power:" + FormatNumber(GetPowerWatts() / 1000.0, "###.##") + "kW e.r.p.,";
+    return line + text(form.txtPctTime) + "%T," + text(form.txtPctLoc) + "%L";
+}
+
+void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,
+              const ArchivedCurves& curves) {
+    dbOperations& archive = program.dbOperations;
+    archive.OpenArchive(program.ArchiveFile);
+    const std::string parameters = ParameterLine(form);
+    const std::string comment =
+        program.platform.windows.AskText({"Comments:", "Store Data Run", " "});
+    archive.AddModelRun("Okumura-Hata", parameters, comment, program.platform.clock.Now(),
+                        PointsOfTwoValues);
+    for (const ArchivedCurve& curve : curves) {
+        const auto valueAt = [&](double d) {
+            inputs.d = d;
+            return curve.function(inputs);
+        };
+        const CurveData points = ComputeFreeCurve(valueAt, NearestPoint, form.MaxDist);
+        archive.AddDataSet(archive.CurrentRunId, curve.legend + std::string(Trimmed(inputs.area)),
+                           comment, points.LastPoint + 1, PointsOfTwoValues, points.Distances,
+                           points.Values, {});
+    }
+    archive.CloseArchive();
+}
+
+}  // namespace
+
+void ArchiveRun(Program& program, PlotForm& form, ArchivedQuantity quantity) {
+    form.SetMousePointer(Form::Pointer::Hourglass);
+    program.platform.windows.Yield();
+    if (const auto inputs = form.ReadInputs())
+        if (!program.ArchiveFile.empty() || ChooseArchive(program))
+            StoreRun(program, form, *inputs,
+                     quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves);
+    form.SetMousePointer(Form::Pointer::Normal);
+}
+
+}  // namespace vardel

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace SQLite {
+class Database;
+class Transaction;
+}  // namespace SQLite
+
+// Rows that are added to the tables of a database file. Whatever fails throws std::exception with
+// the database's own text.
+
+namespace vardel {
+
+using Bytes = std::vector<unsigned char>;
+using FieldValue = std::variant<std::int64_t, std::string, Bytes>;
+
+struct OpenTable;
+
+// A row that was begun. It reaches the table by Update, and not at all without.
+class NewRow {
+public:
+    NewRow(NewRow&& other) noexcept;
+    ~NewRow();
+
+    void Set(std::string_view field, FieldValue value);
+    // Puts the bytes behind those that the field has.
+    void AppendChunk(std::string_view field, const Bytes& bytes);
+    // The number in a field: as it was set, or as the database gave it.
+    std::int64_t Number(std::string_view field);
+    void Update();
+
+private:
+    friend class Recordset;
+    explicit NewRow(std::shared_ptr<const OpenTable> table);
+
+    // Null where the field has no value yet. Throws where the table has no such field.
+    FieldValue* Find(std::string_view field);
+    void GiveNumber();
+
+    std::shared_ptr<const OpenTable> table_;
+    std::vector<std::pair<std::string, FieldValue>> fields_;
+    std::unique_ptr<SQLite::Transaction> numbering_;  // keeps others from taking the row's number
+};
+
+// A table of an open database; closed at first. Every operation on a closed one throws.
+class Recordset {
+public:
+    Recordset() = default;
+
+    // A key that the database numbers has its value from here on. Where the key is AUTOINCREMENT
+    // nobody gets that number again, whatever becomes of the row.
+    NewRow AddNew();
+    // Makes the last row the current one.
+    void MoveLast();
+    std::int64_t CurrentRow() const { return current_; }  // by its rowid; 0: none
+    void Close();
+
+private:
+    friend class Database;
+    explicit Recordset(std::shared_ptr<const OpenTable> table) : table_(std::move(table)) {}
+    const std::shared_ptr<const OpenTable>& Opened() const;
+
+    std::shared_ptr<const OpenTable> table_;
+    std::int64_t current_ = 0;
+};
+
+// An open file. It holds no lock but while a row is written.
+class Database {
+public:
+    // The file must be there. Another program that is writing to it is waited for, here and in
+    // everything that follows, but not longer than two seconds. A file without permission to write
+    // is opened for reading.
+    static Database OpenDatabase(const std::string& path);
+
+    Recordset OpenRecordset(const std::string& table) const;
+
+private:
+    explicit Database(std::shared_ptr<SQLite::Database> file) : file_(std::move(file)) {}
+
+    std::shared_ptr<SQLite::Database> file_;
+};
+
+}  // namespace vardel
