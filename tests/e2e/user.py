@@ -115,8 +115,8 @@ class User:
         logs = list((self.home / ".local/state/vardel").glob("*.rtf"))
         if len(logs) != 1:
             return ""
-        # The header of fonts and colours ends at the first line end.
-        body = re.sub(r"\\par\b ?", "\n", logs[0].read_text().replace("\n", ""))
+        body = re.sub(r"\{\\fonttbl.*?\}\}", "", logs[0].read_text().replace("\n", ""))
+        body = re.sub(r"\\par\b ?", "\n", body)
         return re.sub(r"\\[a-z]+-?\d* ?|[{}]", "", body)
 
     def log_lines(self):
