@@ -24,16 +24,16 @@ void FillIn(frmLogDistRange& form, long lines) {
     form.txtEnd.SetText("299.99");
 }
 
-void RangeRun(benchmark::State& state) {
+void RangeReport(benchmark::State& state) {
     RunningProgram running;
     for (auto _ : state) {
         FillIn(*running.program.frmLogDistRange, state.range(0));
         running.program.frmLogDistRange->cmdLogDistRange.Press();
     }
 }
-BENCHMARK(RangeRun)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(RangeReport)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void RangeRunOnWidgets(benchmark::State& state) {
+void RangeReportOnWidgets(benchmark::State& state) {
     QtPlatform platform;
     Platform services = platform.Services();
     // A start without measured data waits for an answer.
@@ -50,7 +50,7 @@ void RangeRunOnWidgets(benchmark::State& state) {
         form.cmdLogDistRange.Press();
     }
 }
-BENCHMARK(RangeRunOnWidgets)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(RangeReportOnWidgets)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void RangeLine(benchmark::State& state) {
     RunningProgram running;

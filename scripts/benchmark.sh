@@ -1,10 +1,17 @@
 #!/usr/bin/env bash
-# Builds the benchmarks and runs them, or those whose name fits the pattern that is given.
+# Builds the benchmarks and runs them, or those of the file that is named (such as range), or those
+# whose name fits the pattern that is given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 scripts/build.sh benchmark
-for program in build/benchmark/benchmarks/*_benchmark; do
-  "$program" --benchmark_filter="${1:-.}" --benchmark_min_time=0.2
+programs=(build/benchmark/benchmarks/*_benchmark)
+filter=${1:-.}
+if [[ -x build/benchmark/benchmarks/${1:-}_benchmark ]]; then
+  programs=("build/benchmark/benchmarks/${1}_benchmark")
+  filter=.
+fi
+for program in "${programs[@]}"; do
+  "$program" --benchmark_filter="$filter" --benchmark_min_time=0.2
 done

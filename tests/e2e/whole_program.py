@@ -91,7 +91,7 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(line[6:12], DEFAULT_RESULTS)
         user.keys("alt+u", "e")
         line = self.calculate()
-        self.assertEqual([line[0], line[2], line[14]], ["6.2139", "328.084", "Enlish"])
+        self.assertEqual([line[0], line[2], line[14]], ["6.21", "328.08", "Enlish"])
         self.assertEqual(line[6:12], DEFAULT_RESULTS)
         user.keys("alt+u", "m")
 
