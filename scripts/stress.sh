@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# The long form of the stress tests, under AddressSanitizer and UndefinedBehaviorSanitizer: 10,000
+# random user actions, 1,000 starts with random settings, a log of 100,000 lines, 200 rounds of killing
+# a program that saves. Another seed than 1 can be given.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+scripts/build.sh sanitize
+stress=build/sanitize/tests/stress/vardel_stress
+seed=${1:-1}
+"$stress" user 10000 "$seed"
+"$stress" starts 1000 "$seed"
+"$stress" log 100000
+python3 -B tests/stress/kill_rounds.py "$stress" 200
