@@ -15,7 +15,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils python3 gnuplot-nox
   clang clang-format libclang-rt-14-dev
   # the package
-  desktop-file-utils appstream man-db dpkg-dev file
+  librsvg2-bin desktop-file-utils appstream man-db dpkg-dev file
 )
 
 missing=()
