@@ -1,13 +1,9 @@
 #include <cstdint>
-#include <cstdlib>
 
+#include "Check.h"
 #include "graphs/MeasuredData.h"
 
 namespace {
-
-void Check(bool good) {
-    if (!good) std::abort();
-}
 
 // A table that came from a text is whole: each of its columns ends in the row in which its
 // distances do.

@@ -1,6 +1,6 @@
 #include <cstdint>
-#include <cstdlib>
 
+#include "Check.h"
 #include "platform/Rtf.h"
 
 // Whatever is read must come back the same when it is written and read again.
@@ -8,6 +8,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto text = vardel::ReadRtf({reinterpret_cast<const char*>(data), size});
     if (!text) return 0;
     const auto again = vardel::ReadRtf(vardel::WriteRtf(*text));
-    if (!again || !(*again == *text)) std::abort();
+    Check(again && *again == *text);
     return 0;
 }

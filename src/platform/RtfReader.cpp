@@ -6,16 +6,11 @@
 
 #include "platform/Rtf.h"
 #include "platform/Utf8.h"
+#include "platform/Windows1252.h"
 
 namespace vardel {
 
 namespace {
-
-// Windows code page 1252 from 0x80 to 0x9F; the rest is Latin-1. Its five holes stay what they are.
-constexpr std::array<char16_t, 32> Cp1252 = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 // Groups nested deeper are read as part of the last one that is remembered.
 constexpr std::size_t DeepestGroup = 256;
@@ -238,9 +233,7 @@ private:
         }
     }
 
-    void AnsiCharacter(unsigned char byte) {
-        TextCharacter(byte >= 0x80 && byte < 0xA0 ? Cp1252[byte - 0x80U] : byte);
-    }
+    void AnsiCharacter(unsigned char byte) { TextCharacter(FromWindows1252(byte)); }
 
     void UnicodeUnit(int parameter) {
         skip_ = 0;

@@ -98,7 +98,7 @@ void MainForm::Form_Load() {
 void MainForm::FillFromHost() {
     for (const HostBox& host : HostBoxes) {
         const double value = std::get<double>(registry_->QuorneGlobalValue(host.parameter));
-        (this->*host.box).SetText(ShortestText(value * host.boxPerParameter));
+        (this->*host.box).SetText(ShortestText(Finite(value * host.boxPerParameter)));
     }
     registry_->SetQuorneActive(false);
     registry_->SaveQuorneGlobals();

@@ -165,9 +165,9 @@ std::string ShortestText(double x) {
 
 std::string FormatNumber(double x, std::string_view pattern) {
     const NumberPattern places(pattern);
-    if (places.percent) x = x * 100.0;
     if (!std::isfinite(x)) return NotFiniteText(x);
     Decimal decimal(x);
+    if (places.percent) decimal.exponent += 2;
     decimal.RoundToPlaces(places.places);
     std::string text = decimal.negative && !decimal.digits.empty() ? "-" : "";
     const std::string whole = decimal.WholePart();
@@ -209,6 +209,11 @@ double LeadingNumber(std::string_view text) {
     const std::string packed = WithoutBlanks(text);
     const std::size_t length = NumberLength(packed);
     return length == 0 ? 0.0 : NumberOf(std::string_view(packed).substr(0, length));
+}
+
+double Finite(double x) {
+    constexpr double Largest = std::numeric_limits<double>::max();
+    return std::clamp(x, -Largest, Largest);
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -33,6 +33,9 @@ std::string FormatDateTime(const CalendarTime& time);
 // width.
 std::string FixedWidthNumber(std::string_view text);
 
+// The number, or the largest there is in place of an infinite one, so that its text is a number.
+double Finite(double x);
+
 // The text without the blanks around it.
 std::string_view Trimmed(std::string_view text);
 

@@ -78,7 +78,7 @@ std::optional<Lengths> ReadLengths(MainForm& main) {
 void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const Lengths& from,
                   bool toEnglish) {
     const auto write = [toEnglish](TextBox& box, double x, double factor) {
-        box.SetText(FormatNumber(toEnglish ? x / factor : x * factor, InputPattern));
+        box.SetText(FormatNumber(Finite(toEnglish ? x / factor : x * factor), InputPattern));
     };
     const auto writeHeights = [&](const UnitControls& form) {
         write(form.hb, from.hb, MetresPerFoot);

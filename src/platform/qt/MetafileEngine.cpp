@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Windows1252.h"
 #include "platform/qt/MetafileLines.h"
 
 namespace vardel {

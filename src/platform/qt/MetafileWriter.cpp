@@ -140,20 +140,6 @@ std::string DibBytes(const MetafileImage& image) {
 
 }  // namespace
 
-char ToWindows1252(char32_t c) {
-    // From 0x80 to 0x9F; its five holes stay what they are.
-    static constexpr std::u32string_view Middle =
-        U"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D"
-        U"\x8F"
-        U"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E"
-        U"\u0178";
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
-    if (c == U'\u03BC') return static_cast<char>(0xB5);  // the Greek letter looks like the prefix
-    if (c == U'\u2212') return '-';
-    const std::size_t at = Middle.find(c);
-    return at == std::u32string_view::npos ? '?' : static_cast<char>(0x80 + at);
-}
-
 MetafileWriter::MetafileWriter(int width, int height, int unitsPerInch)
     : width_(width), height_(height), unitsPerInch_(unitsPerInch) {
     Append(SetWindowOrg, {0, 0});

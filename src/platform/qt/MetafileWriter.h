@@ -68,9 +68,6 @@ struct MetafileClip {
     friend bool operator==(const MetafileClip&, const MetafileClip&) = default;
 };
 
-// Windows-1252; a question mark for each character that it lacks.
-char ToWindows1252(char32_t c);
-
 // Records a placeable Windows metafile. The graphics objects that a drawing needs are created at
 // their first use and kept for the next.
 class MetafileWriter {

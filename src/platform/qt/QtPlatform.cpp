@@ -4,10 +4,14 @@
 #include <QDateTime>
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <QStandardPaths>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QWindow>
@@ -47,11 +51,18 @@ Answer AnswerOf(int button, Message::Buttons buttons) {
     return Answer::Ok;
 }
 
+// An installed program's own folder is not the user's to save to.
+QString WorkFolder(const std::string& folder) {
+    if (const QFileInfo asked(ToQt(folder)); asked.isWritable()) return asked.filePath();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo::exists(documents) ? documents : QDir::homePath();
+}
+
 void SetUpFileDialog(QFileDialog& dialog, const FileDialog& request) {
     const QStringList parts = ToQt(request.filters).split('|');
     QStringList filters;
     for (qsizetype i = 0; i < parts.size(); i += 2) filters << parts[i];
-    dialog.setDirectory(ToQt(request.folder));
+    dialog.setDirectory(WorkFolder(request.folder));
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(request.filterIndex - 1));
 }
@@ -67,7 +78,11 @@ QString StateDirectory() {
 void SetUpApplication(QApplication& application) {
     QApplication::setApplicationName("Vardel");
     QApplication::setApplicationDisplayName("Vardel");
+    QApplication::setApplicationVersion(VARDEL_VERSION);
     QApplication::setDesktopFileName("vardel");
+    if (const QString icon = QApplication::applicationDirPath() + "/vardel.svg";
+        QFile::exists(icon))
+        QApplication::setWindowIcon(QIcon(icon));
     // Nothing here is the desktop's own look: the forms' colours are told one by one.
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(QApplication::style()->standardPalette());

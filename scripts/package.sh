@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Installs what is missing and makes the Debian packages in build/packages.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+scripts/build.sh release
+rm -rf build/packages
+cpack --config build/release/CPackConfig.cmake -B build/packages
+rm -rf build/packages/_CPack_Packages
