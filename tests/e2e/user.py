@@ -49,6 +49,7 @@ class User:
         self.environment = {
             "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": display.name,
             "XDG_RUNTIME_DIR": str(self.home), "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8",
+            "LSAN_OPTIONS": f"print_suppressions=0:suppressions={Path(__file__).parent}/leaks.supp",
         }
         self.process = None
 

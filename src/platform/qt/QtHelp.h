@@ -13,6 +13,7 @@ namespace vardel {
 class QtHelp : public QObject, public Help {
 public:
     QtHelp();
+    ~QtHelp() override { delete window_; }
 
     void SetFile(const std::string& path) override;
     void Quit() override;
