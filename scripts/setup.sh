@@ -7,7 +7,7 @@ packages=(
   # building
   g++ cmake ninja-build git pkg-config
   # the program
-  qt6-base-dev qt6-svg-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
+  qt6-base-dev qt6-svg-dev libcups2-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
   libsqlitecpp-dev libsqlite3-dev sqlite3
   # the compiled manual
   cmark-gfm fp-utils

@@ -17,9 +17,11 @@
 #include "help/frmInfoScreen.h"
 #include "platform/Files.h"
 #include "platform/qt/QtPlatform.h"
+#include "reports/FrmPrintOut.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
 #include "reports/frmLogDistRange.h"
+#include "reports/frmPrinterSelect.h"
 #include "workbench/MainForm.h"
 #include "workbench/Program.h"
 
@@ -114,6 +116,32 @@ bool TakeRunningRange(vardel::QtPlatform& platform, vardel::Program& program, co
     return good;
 }
 
+// The windows of printing, and what they print to PDF files.
+bool TakePrinting(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
+    bool good = TakeModalPicture(platform, *program.FrmPrintOut, pictures, "print-graph");
+    good &= TakeModalPicture(platform, *program.frmPrinterSelect, pictures, "printer-selection");
+    vardel::QtPrinters& printers = platform.GetPrinters();
+    QTimer::singleShot(0, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        good &= TakePicture(*dialog, pictures, "printer-setup");
+        dialog->close();
+    });
+    printers.ShowPrinterSetup();
+    printers.SetCurrentPrinter(vardel::QtPrinters::PdfPrinter);
+    const auto file = [&](const char* name) { return pictures.filePath(name).toStdString(); };
+    const vardel::Chart& chart = program.GraphForm->CTWX1;
+    printers.SetOrientation(vardel::Printers::Portrait);
+    printers.PrintChart(chart, file("loss-graph-portrait.pdf"));
+    printers.SetOrientation(vardel::Printers::Landscape);
+    printers.PrintChart(chart, file("loss-graph-landscape.pdf"));
+    vardel::RichTextBox& log = program.FrmReport->rtbLog;
+    printers.SetFont(log.Font());
+    printers.PrintText({});
+    printers.PrintText(log.Content().PlainText());
+    printers.EndDocument("Calculation Log", file("report-log.pdf"));
+    return good;
+}
+
 // scratch stands for the folder of the program, with measured data for the graphs.
 int Tour(const QDir& pictures, const std::string& scratch) {
     vardel::ReplaceFile(scratch + "/measured.csv", "0,450,0.5,Urban,1.5,1,100\n10,49.9\n20,38.2\n");
@@ -143,6 +171,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeModalPicture(platform, *program.AboutForm, pictures, "about");
     good &= TakeLossGraphs(platform, program, pictures);
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
+    good &= TakePrinting(platform, program, pictures);
     platform.GetHelp().ShowTopic(vardel::TopicInputs);
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;

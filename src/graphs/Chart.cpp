@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/Printing.h"
 
 namespace vardel {
 
@@ -35,5 +36,13 @@ void Chart::CopyToClipboard() {
 void Chart::SaveMetafile(int /*format*/, const std::string& path) {
     ReplaceFile(path, form_.GetPlatform().charts.MetafileOf(*this));
 }
+
+void Chart::PrintChart() {
+    PrintOnCurrentPrinter(form_, Title[0].Text, [this](const std::string& file) {
+        form_.GetPlatform().printers.PrintChart(*this, file);
+    });
+}
+
+void Chart::PrinterSetup() { form_.GetPlatform().printers.ShowPrinterSetup(); }
 
 }  // namespace vardel

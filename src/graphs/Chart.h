@@ -73,6 +73,11 @@ public:
     // that stood there does so still.
     void SaveMetafile(int format, const std::string& path);
 
+    // On the current printer; that there is none, or that it fails, is told.
+    void PrintChart();
+    // The user chooses what a later PrintChart prints on.
+    void PrinterSetup();
+
     std::array<ChartAxis, 2> Axis;
     std::array<ChartTitle, 3> Title;
     ChartLegend Legend;

@@ -45,10 +45,8 @@ void FrmOkumFieldStrength::WireEvents() {
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
     mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
     mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
-
-    // What these lead to is not there yet.
-    mnuFilePrint.SetEnabled(false);
-    mnuFilePrinterSetup.SetEnabled(false);
+    mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
+    mnuFilePrinterSetup.Click = [this] { CTWXfs.PrinterSetup(); };
 }
 
 void FrmOkumFieldStrength::Form_Load() {

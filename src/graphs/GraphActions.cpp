@@ -4,6 +4,7 @@
 
 #include "platform/Platform.h"
 #include "platform/SaveWithDialog.h"
+#include "reports/FrmPrintOut.h"
 #include "reports/RLogClass.h"
 #include "workbench/Program.h"
 
@@ -19,6 +20,11 @@ void CopyGraphToLog(Program& program, Chart& chart) {
     chart.CopyToClipboard();
     program.ReportLog().PasteClipboard();
     program.ReportLog().AddLine("[Clip Board Image]");
+}
+
+void PrintGraph(Program& program, Form& form, Chart& chart) {
+    program.ChartToPrint = &chart;
+    program.FrmPrintOut->ShowModal(&form);
 }
 
 const char* MeasuredCaption(bool shown) {

@@ -15,6 +15,9 @@ void SaveGraph(Form& form, Chart& chart);
 // Puts a picture of the chart into the report log, by way of the clipboard.
 void CopyGraphToLog(Program& program, Chart& chart);
 
+// Shows the form that prints the chart, over the form that the chart is on.
+void PrintGraph(Program& program, Form& form, Chart& chart);
+
 // Whether graphs show measured data is told by the caption of a menu entry, which a pick turns
 // over. Takes effect with the next plot.
 const char* MeasuredCaption(bool shown);

@@ -27,10 +27,8 @@ GraphForm::GraphForm(Program& program)
     mnuFileClose.Click = [this] { Unload(); };
     mnuGraph100.Click = [this] { SetMaxDist(100.0, mnuGraph100, mnuGraph300); };
     mnuGraph300.Click = [this] { SetMaxDist(300.0, mnuGraph100, mnuGraph300); };
-
-    // What these lead to is not there yet.
-    mnuFilePrint.SetEnabled(false);
-    mnuFilePrintSetup.SetEnabled(false);
+    mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
+    mnuFilePrintSetup.Click = [this] { CTWX1.PrinterSetup(); };
 }
 
 void GraphForm::Form_Load() {

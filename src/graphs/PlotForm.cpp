@@ -44,6 +44,10 @@ PlotForm::PlotForm(Program& program, const Names& names)
     WireEvents();
 }
 
+PlotForm::~PlotForm() {
+    if (program_.ChartToPrint == &chart_) program_.ChartToPrint = nullptr;
+}
+
 void PlotForm::SetAppearance() {
     txtPctLoc.SetToolTipText("Range: 1 - 99");
     txtPctTime.SetToolTipText("Range: 1 - 99");
@@ -73,13 +77,11 @@ void PlotForm::WireEvents() {
     }
     cmbareatype.Click = [this] { cmbareatype_Click(); };
     cmbcitysize.Click = [this] { MarkStale(); };
+    cmdPrintGraph.Click = [this] { cmdPrintGraph_Click(); };
     cmdUpdateGraph.Click = [this] { cmdUpdateGraph_Click(); };
     mnuFileSave.Click = [this] { SaveGraph(*this, chart_); };
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
-
-    // What this leads to is not there yet.
-    cmdPrintGraph.SetEnabled(false);
 }
 
 void PlotForm::LoadInputs(const MainForm& main) {
@@ -108,6 +110,8 @@ void PlotForm::HandBackInputs(MainForm& main) const {
     main.txtPctTime.SetText(txtPctTime.Text());
     main.txtPctLoc.SetText(txtPctLoc.Text());
 }
+
+void PlotForm::cmdPrintGraph_Click() { PrintGraph(program_, *this, chart_); }
 
 void PlotForm::MarkGood() {
     cmdUpdateGraph.SetPictureFile(GoodPicture);

@@ -17,6 +17,8 @@ class Program;
 // inputs go back to the main form when the form closes.
 class PlotForm : public Form {
 public:
+    ~PlotForm() override;
+
     // What the graph forms name or caption each in its own way.
     struct Names {
         const char* form;
@@ -83,6 +85,7 @@ protected:
     void LoadInputs(const MainForm& main);
     // Each of these writes is an edit of the main form's control.
     void HandBackInputs(MainForm& main) const;
+    void cmdPrintGraph_Click();
     void MarkGood();
     void MarkStale();
     // Takes effect with the next plot.

@@ -38,6 +38,17 @@ void ComboBox::SetText(std::string_view text) {
     if (it != items_.end()) SetListIndex(static_cast<int>(it - items_.begin()));
 }
 
+void TextComboBox::AddItem(std::string item) {
+    std::vector<std::string> items = items_;
+    items.push_back(std::move(item));
+    Assign(items_, std::move(items));
+}
+
+void TextComboBox::Clear() {
+    SetText({});
+    Assign(items_, {});
+}
+
 Label::Label(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name)),
       Click(form),

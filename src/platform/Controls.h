@@ -95,6 +95,22 @@ private:
     int listIndex_;
 };
 
+// A list of texts with a box for its text, which need be none of them.
+class TextComboBox : public Control {
+public:
+    using Control::Control;
+
+    const std::vector<std::string>& Items() const { return items_; }
+    void AddItem(std::string item);
+    void Clear();  // the text with the items
+    const std::string& Text() const { return text_; }
+    void SetText(std::string text) { Assign(text_, std::move(text)); }
+
+private:
+    std::vector<std::string> items_;
+    std::string text_;
+};
+
 class Label : public Control {
 public:
     Label(Form& form, std::string name, std::string caption = {});

@@ -2,10 +2,13 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/Clock.h"
 #include "platform/RichText.h"
 #include "platform/SettingsStore.h"
+#include "platform/TextFont.h"
 
 // What the program asks of the outside.
 
@@ -33,6 +36,7 @@ struct FileDialog {
     std::string folder;
     std::string filters;
     int filterIndex = 1;
+    std::string name = {};  // that the dialog suggests; empty: none
 };
 
 struct SaveChoice {
@@ -88,6 +92,34 @@ public:
     virtual std::string MetafileOf(const Chart& chart) = 0;
 };
 
+// The printers of the system, and one more that prints to a PDF file. What is not said of a certain
+// printer is asked of the current one; each printer has an orientation of its own.
+class Printers {
+public:
+    static constexpr int Portrait = 1;
+    static constexpr int Landscape = 2;
+
+    virtual ~Printers() = default;
+
+    virtual std::vector<std::string> PrinterNames() = 0;
+    virtual std::string CurrentPrinter() = 0;  // empty: there is none
+    virtual void SetCurrentPrinter(const std::string& name) = 0;
+    // Printing then needs the path of a file, which is written whole or not at all.
+    virtual bool PrintsToFile() = 0;
+    virtual int Orientation() = 0;
+    virtual void SetOrientation(int orientation) = 0;
+    virtual void SetFont(const TextFont& font) = 0;
+
+    // Adds a line to the document, or several that are parted by line ends.
+    virtual void PrintText(std::string_view text) = 0;
+    // Sends what was added to the printer; the next document begins empty. Throws where that fails,
+    // as does the next.
+    virtual void EndDocument(const std::string& title, const std::string& file) = 0;
+    virtual void PrintChart(const Chart& chart, const std::string& file) = 0;
+    // The user chooses printer, paper and orientation in a dialog.
+    virtual void ShowPrinterSetup() = 0;
+};
+
 // The viewer of the help, and of documents that belong to other programs.
 class Help {
 public:
@@ -105,6 +137,7 @@ struct Platform {
     Help& help;
     Clipboard& clipboard;
     ChartDrawing& charts;
+    Printers& printers;
     Clock& clock;
     std::string applicationTitle;
     std::string programDirectory;  // without a separator at its end, as is the next

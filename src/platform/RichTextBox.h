@@ -5,6 +5,7 @@
 
 #include "platform/Controls.h"
 #include "platform/RichText.h"
+#include "platform/TextFont.h"
 
 namespace vardel {
 
@@ -47,6 +48,9 @@ public:
     void InsertPicture(Picture picture);
     void Clear() { SetContent({}); }
 
+    // Of all the text; of a fixed pitch, so that columns stay columns.
+    const TextFont& Font() const { return font_; }
+
     bool Locked() const { return locked_; }
     void SetLocked(bool locked) { Assign(locked_, locked); }
     // Where lines are folded, in twips; 0 folds them at the window's edge.
@@ -69,6 +73,7 @@ private:
     RichText content_;
     Selection selection_;
     TextStyle style_;
+    TextFont font_{"Courier New", 8.25};
     bool locked_ = false;
     int rightMargin_ = 0;
     unsigned long revision_ = 0;

@@ -8,10 +8,10 @@
 namespace vardel {
 
 void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
-                    const std::function<void(const SaveChoice&)>& save) {
+                    const std::function<void(const SaveChoice&)>& save, const std::string& name) {
     Platform& platform = form.GetPlatform();
     const auto choice =
-        platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex});
+        platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex, name});
     if (!choice || choice->path.empty()) return;
     if (FileExists(choice->path) &&
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",

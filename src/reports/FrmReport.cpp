@@ -1,8 +1,10 @@
 #include "reports/FrmReport.h"
 
 #include "platform/Files.h"
+#include "platform/Printing.h"
 #include "platform/Rtf.h"
 #include "platform/SaveWithDialog.h"
+#include "reports/frmPrinterSelect.h"
 #include "workbench/Program.h"
 
 namespace vardel {
@@ -11,6 +13,8 @@ namespace {
 
 constexpr int TextFilter = 2;
 constexpr int RichTextFilter = 3;
+// The caption is the header line once a log was begun.
+constexpr const char* PrintedTitle = "Calculation Log";
 
 }  // namespace
 
@@ -21,11 +25,9 @@ FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Ca
     mnuFileClearLog.Click = [this] { cmdClear_Click(); };
     mnuFileClose.Click = [this] { cmdClose_Click(); };
     mnuFileSaveAs.Click = [this] { cmdFile_Click(); };
-
-    // Printing is not there yet.
-    cmdPrint.SetEnabled(false);
-    mnuFilePrint.SetEnabled(false);
-    mnuFilePrinterSetup.SetEnabled(false);
+    cmdPrint.Click = [this] { cmdPrint_Click(); };
+    mnuFilePrint.Click = [this] { cmdPrint_Click(); };
+    mnuFilePrinterSetup.Click = [this, &program] { program.frmPrinterSelect->ShowModal(this); };
 }
 
 // Unlike RLogClass::Clear, this leaves the header line.
@@ -42,6 +44,18 @@ void FrmReport::cmdClose_Click() { Hide(); }
 void FrmReport::cmdFile_Click() {
     SaveWithDialog(*this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf",
                    TextFilter, [this](const SaveChoice& choice) { SaveTo(choice); });
+}
+
+// As plain text. The printer keeps the orientation.
+void FrmReport::cmdPrint_Click() {
+    PrintOnCurrentPrinter(*this, PrintedTitle, [this](const std::string& file) {
+        Printers& printers = GetPlatform().printers;
+        printers.SetFont(rtbLog.Font());
+        printers.SetOrientation(Printers::Landscape);
+        printers.PrintText({});
+        printers.PrintText(rtbLog.Content().PlainText());
+        printers.EndDocument(PrintedTitle, file);
+    });
 }
 
 void FrmReport::SaveTo(const SaveChoice& choice) {

@@ -32,6 +32,7 @@ private:
     void cmdClear_Click();
     void cmdClose_Click();
     void cmdFile_Click();
+    void cmdPrint_Click();
 
     void SaveTo(const SaveChoice& choice);
 };

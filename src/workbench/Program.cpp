@@ -4,9 +4,11 @@
 #include "graphs/GraphForm.h"
 #include "help/AboutForm.h"
 #include "help/frmInfoScreen.h"
+#include "reports/FrmPrintOut.h"
 #include "reports/FrmReport.h"
 #include "reports/RLogClass.h"
 #include "reports/frmLogDistRange.h"
+#include "reports/frmPrinterSelect.h"
 #include "workbench/MainForm.h"
 
 namespace vardel {
@@ -30,7 +32,9 @@ Program::Program(Platform services)
       FrmOkumFieldStrength([this] { return Make<vardel::FrmOkumFieldStrength>(*this); }),
       frmLogDistRange([this] { return Make<vardel::frmLogDistRange>(*this); }),
       frmInfoScreen([this] { return Make<vardel::frmInfoScreen>(*this); }),
-      AboutForm([this] { return Make<vardel::AboutForm>(*this); }) {}
+      AboutForm([this] { return Make<vardel::AboutForm>(*this); }),
+      FrmPrintOut([this] { return Make<vardel::FrmPrintOut>(*this); }),
+      frmPrinterSelect([this] { return Make<vardel::frmPrinterSelect>(*this); }) {}
 
 Program::~Program() = default;
 

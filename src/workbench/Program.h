@@ -13,12 +13,15 @@ namespace vardel {
 
 class AboutForm;
 class FrmOkumFieldStrength;
+class Chart;
+class FrmPrintOut;
 class FrmReport;
 class GraphForm;
 class MainForm;
 class RLogClass;
 class frmInfoScreen;
 class frmLogDistRange;
+class frmPrinterSelect;
 
 // The forms by name, each made when it is first touched, and the data that several forms share.
 class Program {
@@ -48,6 +51,7 @@ public:
     int GraphMode = 0;                     // of the field strength graphs, see FieldStrengthGraph
     bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
     Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
+    Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on
     Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
     int PowerUnit = 1;                     // of the power box, see PowerUnits.h
 
@@ -58,6 +62,8 @@ public:
     FormSlot<vardel::frmLogDistRange> frmLogDistRange;
     FormSlot<vardel::frmInfoScreen> frmInfoScreen;
     FormSlot<vardel::AboutForm> AboutForm;
+    FormSlot<vardel::FrmPrintOut> FrmPrintOut;
+    FormSlot<vardel::frmPrinterSelect> frmPrinterSelect;
 
 private:
     std::unique_ptr<RLogClass> reportLog_;

@@ -56,8 +56,8 @@ ini.write(open('Ostrel_Quorne.ini', 'w'), space_around_delimiters=False))");
     QtSettings settings;
     Platform services = fake.Services();
     Program program({services.windows, settings, services.help, services.clipboard, services.charts,
-                     services.clock, services.applicationTitle, services.programDirectory,
-                     services.stateDirectory});
+                     services.printers, services.clock, services.applicationTitle,
+                     services.programDirectory, services.stateDirectory});
     program.Start();
     EXPECT_EQ(program.MainForm->txtFreq.Text(), "900");
     EXPECT_EQ(program.MainForm->txtPctTime.Text(), "10");

@@ -1,6 +1,10 @@
 #include "support/FakePlatform.h"
 
 #include <cstdlib>
+#include <stdexcept>
+#include <utility>
+
+#include "graphs/Chart.h"
 
 namespace vardel {
 
@@ -52,6 +56,19 @@ void FakePlatform::Yield() {
     ++yields;
     if (onYield) onYield();
 }
+
+void FakePlatform::EndDocument(const std::string& title, const std::string& file) {
+    const std::string text = std::exchange(document, {});
+    if (printerFails) throw std::runtime_error("out of paper");
+    printed.push_back(printer + ' ' + std::to_string(Orientation()) + ' ' + file + ": " + title +
+                      '\n' + text);
+}
+
+void FakePlatform::PrintChart(const Chart& chart, const std::string& file) {
+    EndDocument(chart.Name(), file);
+}
+
+void FakePlatform::ShowPrinterSetup() { setupsAt.push_back(Orientation()); }
 
 std::vector<std::string> FakePlatform::TakeMessages() {
     std::vector<std::string> texts;

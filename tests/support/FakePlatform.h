@@ -29,12 +29,12 @@ class FakePlatform : public Windows,
                      public Help,
                      public Clipboard,
                      public ChartDrawing,
+                     public Printers,
                      public Clock {
 public:
     Platform Services() {
-        return {*this,    *this,         *this,
-                *this,    *this,         *this,
-                "Vardel", folder.Path(), folder.Path("state")};
+        return {*this, *this, *this,    *this,         *this,
+                *this, *this, "Vardel", folder.Path(), folder.Path("state")};
     }
 
     void Show(Form& form) override { shown.push_back(form.Name()); }
@@ -68,6 +68,17 @@ public:
     void Clear() override { picture.reset(); }
     Picture PictureOf(const Chart&) override { return {"a chart", 900, 600}; }
     std::string MetafileOf(const Chart&) override { return "a metafile"; }
+    std::vector<std::string> PrinterNames() override { return printerNames; }
+    std::string CurrentPrinter() override { return printer; }
+    void SetCurrentPrinter(const std::string& name) override { printer = name; }
+    bool PrintsToFile() override { return printer == "File"; }
+    int Orientation() override { return orientations[printer]; }
+    void SetOrientation(int orientation) override { orientations[printer] = orientation; }
+    void SetFont(const TextFont& font) override { printFont = font; }
+    void PrintText(std::string_view text) override { document += std::string(text) + '\n'; }
+    void EndDocument(const std::string& title, const std::string& file) override;
+    void PrintChart(const Chart& chart, const std::string& file) override;
+    void ShowPrinterSetup() override;
     CalendarTime Now() override { return now; }
 
     // The texts of the message boxes shown since the last call.
@@ -91,6 +102,14 @@ public:
     std::vector<std::string> opened;
     std::optional<Picture> picture;
     std::string clipboardText;
+    std::vector<std::string> printerNames{"Laser", "Plotter", "File"};
+    std::string printer = "Laser";
+    std::map<std::string, int> orientations{{"Laser", 1}, {"Plotter", 1}, {"File", 1}};
+    TextFont printFont;
+    std::string document;              // what was not sent yet
+    std::vector<std::string> printed;  // "printer orientation file: title or text"
+    std::vector<int> setupsAt;         // the orientation that each printer setup found
+    bool printerFails = false;
     CalendarTime now{2026, 3, 9, 14, 5};
     int yields = 0;
     bool ended = false;

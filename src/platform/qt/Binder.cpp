@@ -186,6 +186,29 @@ std::function<void()> Binder::AtPace(Pace pace, QWidget& widget, std::function<v
     };
 }
 
+void Binder::Bind(TextComboBox& list, QComboBox& combo) {
+    combo.setEditable(true);
+    combo.setInsertPolicy(QComboBox::NoInsert);
+    Show(list, [this, &list, &combo] {
+        const QSignalBlocker programWrites(combo);
+        BindCommon(list, combo);
+        SetColors(combo, list);
+        QStringList items;
+        for (const std::string& item : list.Items()) items << ToQt(item);
+        QStringList shown;
+        for (int i = 0; i < combo.count(); ++i) shown << combo.itemText(i);
+        if (shown != items) {
+            combo.clear();
+            combo.addItems(items);
+        }
+        if (combo.currentText() != ToQt(list.Text())) combo.setCurrentText(ToQt(list.Text()));
+    });
+    QObject::connect(&combo, &QComboBox::editTextChanged, &combo,
+                     [&list, alive = alive_](const QString& text) {
+                         if (*alive) list.SetText(FromQt(text));
+                     });
+}
+
 void Binder::Bind(Label& label, QLabel& widget, Pace pace) {
     widget.setTextFormat(Qt::PlainText);
     widget.setAutoFillBackground(true);

@@ -36,6 +36,8 @@ public:
 
     void Bind(TextBox& box, QLineEdit& edit);
     void Bind(ComboBox& list, QComboBox& combo);
+    // The list becomes one that can be typed into.
+    void Bind(TextComboBox& list, QComboBox& combo);
     void Bind(Label& label, QLabel& widget, Pace pace = Pace::AtOnce);
     void Bind(Button& button, QAbstractButton& widget);
     void Bind(Frame& frame, QGroupBox& group);

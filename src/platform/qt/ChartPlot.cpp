@@ -3,9 +3,13 @@
 #include <qcustomplot.h>
 
 #include <QBuffer>
+#include <QGuiApplication>
+#include <QPagedPaintDevice>
 #include <QPdfWriter>
+#include <QScreen>
 #include <QSvgGenerator>
 #include <algorithm>
+#include <stdexcept>
 
 #include "platform/qt/Convert.h"
 #include "platform/qt/MetafileDevice.h"
@@ -148,13 +152,17 @@ void FillPlot(QCustomPlot& plot, const Chart& chart) {
 
 namespace {
 
-void DrawOn(QPaintDevice& device, const Chart& chart, QSize size) {
+// False where the device cannot be drawn on.
+bool DrawOn(QPaintDevice& device, const Chart& chart, QSize size, double scale = 1.0) {
     QCustomPlot plot;
     FillPlot(plot, chart);
-    QCPPainter painter(&device);
+    QCPPainter painter;
+    if (!painter.begin(&device)) return false;
+    painter.scale(scale, scale);
     painter.setMode(QCPPainter::pmVectorized);
     painter.setMode(QCPPainter::pmNoCaching);
     plot.toPainter(&painter, size.width(), size.height());
+    return painter.end();
 }
 
 }  // namespace
@@ -163,6 +171,15 @@ QImage DrawChart(const Chart& chart) {
     QCustomPlot plot;
     FillPlot(plot, chart);
     return plot.toPixmap(PictureSize.width(), PictureSize.height()).toImage();
+}
+
+int ChartPageResolution() { return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInch()); }
+
+void DrawChartOnPage(QPagedPaintDevice& page, const Chart& chart) {
+    const QSizeF paper(page.width(), page.height());
+    const double scale = std::max(paper.width(), paper.height()) / PictureSize.width();
+    if (!DrawOn(page, chart, (paper / scale).toSize(), scale))
+        throw std::runtime_error("the graph cannot be printed");
 }
 
 QByteArray ChartAsMetafile(const Chart& chart) {

@@ -5,6 +5,7 @@
 #include "graphs/Chart.h"
 
 class QCustomPlot;
+class QPagedPaintDevice;
 
 namespace vardel {
 
@@ -15,6 +16,12 @@ void FillPlot(QCustomPlot& plot, const Chart& chart);
 
 // Without a window, in a size that suits a page or a log.
 QImage DrawChart(const Chart& chart);
+
+// Fills the page within its margins, its longer side as long as that of a picture, so that texts
+// grow with the paper. The page is to have the resolution, in which the fonts have their sizes.
+// Throws std::runtime_error where it cannot be drawn on.
+void DrawChartOnPage(QPagedPaintDevice& page, const Chart& chart);
+int ChartPageResolution();
 
 // The chart as a file of a kind.
 QByteArray ChartAsMetafile(const Chart& chart);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QString>
 #include <string>
 #include <string_view>
 
 #include "platform/Color.h"
+#include "platform/TextFont.h"
 
 namespace vardel {
 
@@ -14,5 +16,11 @@ inline QString ToQt(std::string_view text) {
 }
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
 inline QColor ToQt(Color color) { return {color.red, color.green, color.blue}; }
+inline QFont ToQt(const TextFont& text) {
+    QFont font(ToQt(text.name));
+    font.setPointSizeF(text.points);
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
 
 }  // namespace vardel

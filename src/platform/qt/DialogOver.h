@@ -37,6 +37,9 @@ private:
 template <class Dialog>
 class DialogOver {
 public:
+    // With what the dialog is made of, before its parent.
+    template <class... Parts>
+    explicit DialogOver(Parts&... parts) : dialog_(new Dialog(parts..., before_.Get())) {}
     ~DialogOver() { delete dialog_; }
     Dialog* operator->() const { return dialog_; }
     Dialog& operator*() const { return *dialog_; }
@@ -48,7 +51,7 @@ public:
 
 private:
     ActiveWindow before_;
-    QPointer<Dialog> dialog_{new Dialog(before_.Get())};
+    QPointer<Dialog> dialog_;
 };
 
 }  // namespace vardel

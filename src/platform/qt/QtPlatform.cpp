@@ -109,6 +109,7 @@ Platform QtPlatform::Services() {
             help_,
             *this,
             *this,
+            printers_,
             *this,
             FromQt(QApplication::applicationName()),
             FromQt(QApplication::applicationDirPath()),
@@ -170,6 +171,7 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
+    if (!request.name.empty()) dialog->selectFile(ToQt(request.name));
     const QStringList filters = dialog->nameFilters();
     // A name without an extension gets that of the filter.
     const auto setSuffix = [&](const QString& filter) {

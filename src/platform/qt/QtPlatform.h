@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/QtHelp.h"
+#include "platform/qt/QtPrinters.h"
 #include "platform/qt/QtSettings.h"
 
 namespace vardel {
@@ -42,10 +43,12 @@ public:
     CalendarTime Now() override;
 
     QtHelp& GetHelp() { return help_; }
+    QtPrinters& GetPrinters() { return printers_; }
 
 private:
     QtSettings settings_;
     QtHelp help_;
+    QtPrinters printers_;
     // An event of a window may still be on the stack when its form goes.
     struct DeleteLater {
         void operator()(FormWindow* window) const { window->deleteLater(); }

@@ -14,7 +14,6 @@ namespace vardel {
 
 namespace {
 
-constexpr double PointSize = 8.25;
 constexpr int Margin = 8;
 
 QTextCharFormat FormatOf(TextStyle style) {
@@ -38,10 +37,7 @@ QString DocumentText(const RichText& content) {
 }  // namespace
 
 RichTextEdit::RichTextEdit(RichTextBox& box, Binder& binder) : box_(box), binder_(binder) {
-    QFont font("Courier New");
-    font.setPointSizeF(PointSize);
-    font.setStyleHint(QFont::Monospace);
-    setFont(font);
+    setFont(ToQt(box.Font()));
     setTabChangesFocus(false);
     setAccessibleName("Report log");
     setObjectName(ToQt(box.Name()));

@@ -10,10 +10,13 @@
 #include "platform/qt/GraphWindow.h"
 #include "platform/qt/InfoWindow.h"
 #include "platform/qt/MainWindow.h"
+#include "platform/qt/PrintWindows.h"
 #include "platform/qt/RangeWindow.h"
 #include "platform/qt/ReportWindow.h"
+#include "reports/FrmPrintOut.h"
 #include "reports/FrmReport.h"
 #include "reports/frmLogDistRange.h"
+#include "reports/frmPrinterSelect.h"
 #include "workbench/MainForm.h"
 
 namespace vardel {
@@ -31,6 +34,10 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
     if (auto* info = dynamic_cast<frmInfoScreen*>(&form))
         return std::make_unique<InfoWindow>(*info);
     if (auto* about = dynamic_cast<AboutForm*>(&form)) return std::make_unique<AboutWindow>(*about);
+    if (auto* printOut = dynamic_cast<FrmPrintOut*>(&form))
+        return std::make_unique<PrintOutWindow>(*printOut);
+    if (auto* select = dynamic_cast<frmPrinterSelect*>(&form))
+        return std::make_unique<PrinterSelectWindow>(*select);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace vardel {
+
+struct TextFont {
+    std::string name;
+    double points = 0.0;
+};
+
+}  // namespace vardel
