@@ -27,7 +27,9 @@ class Display:
     def __enter__(self):
         read, write = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x900x24", "-nolisten", "tcp"],
+            # Not reset when a program ends, at which the next might be starting.
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x900x24", "-nolisten", "tcp",
+             "-noreset"],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as number:
@@ -84,7 +86,10 @@ class User:
         def focused():
             named = self.xdotool("getwindowfocus", "getwindowname").strip()
             return title in named and self.windows(title)
-        return wait_for("the window " + title, focused)[-1]
+        try:
+            return wait_for("the window " + title, focused)[-1]
+        except AssertionError as vain:
+            raise AssertionError(f"{vain}, and heard {(self.home / 'messages').read_text()}")
 
     def wait_until_gone(self, title):
         wait_for(title + " to close", lambda: not self.windows(title))
