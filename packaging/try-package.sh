@@ -12,9 +12,8 @@ cleanup() {
   mountpoint -q "$root/proc" || rm -rf --one-file-system "$root"
 }
 trap cleanup EXIT
-mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
 
-debootstrap --variant=minbase bookworm "$root" "$mirror" > build/packages/debootstrap.log
+debootstrap --variant=minbase bookworm "$root" ${DEBIAN_MIRROR:+"$DEBIAN_MIRROR"} > build/packages/debootstrap.log
 mount -t proc proc "$root/proc"
 cp /etc/resolv.conf "$root/etc/"
 printf 'exit 101\n' > "$root/usr/sbin/policy-rc.d" && chmod +x "$root/usr/sbin/policy-rc.d"

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 namespace vardel {
 
@@ -142,12 +144,12 @@ double NumberOf(std::string_view text) {
     double x = 0.0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), x);
     if (result.ec != std::errc::result_out_of_range) return x;
-    const std::size_t e = text.find_first_of("eE");
-    const bool tiny = e != std::string_view::npos
-                          ? text.substr(e + 1, 1) == "-"
-                          : text.find_first_of("123456789") > text.find('.');
-    const double size = tiny ? 0.0 : std::numeric_limits<double>::max();
-    return text.front() == '-' ? -size : size;
+    // A long row of zeros may outweigh the exponent, which from_chars does not see. The stream gives
+    // the largest number for what is too large.
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
+    stream >> x;
+    return x;
 }
 
 }  // namespace
