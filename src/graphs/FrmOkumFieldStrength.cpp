@@ -95,6 +95,17 @@ void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
     });
 }
 
+// The unit's change rewrites the power's text, which is put back.
+void FrmOkumFieldStrength::BringUpToDate() {
+    MainForm& main = *program_.MainForm;
+    const std::string power = main.txtPowerUnit.Text();
+    cmbPowerUnit.SetText(main.cmbPowerUnit.Text());
+    main.txtPowerUnit.SetText(power);
+    txtPowerUnit.SetText(power);
+    mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+    SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
+}
+
 void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }
 
 void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {

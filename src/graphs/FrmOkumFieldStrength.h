@@ -27,6 +27,9 @@ public:
     void SelectUsPlot();
     // Another graph with the inputs as they stand in the boxes.
     void SelectPlot(FieldStrengthGraph graph);
+    // Takes what goes across at once while the form is open, and plots what GraphMode says: for a
+    // form that was made hidden.
+    void BringUpToDate();
 
     Chart& CTWXfs = chart_;
     Label& Label8 = baseAntenna_;

@@ -141,9 +141,9 @@ void PlotForm::SetMaxDist(double maxDist, MenuItem& at100, MenuItem& at300) {
 }
 
 std::optional<ModelInputs> PlotForm::ReadInputs() {
-    const auto f = ReadNumberBox(txtFreq, Label3, *this);
-    const auto hb = f ? ReadNumberBox(txthb, baseAntenna_, *this) : f;
-    const auto hm = hb ? ReadNumberBox(txthm, Label9, *this) : hb;
+    const auto f = ReadPositiveBox(txtFreq, Label3, *this);
+    const auto hb = f ? ReadPositiveBox(txthb, baseAntenna_, *this) : f;
+    const auto hm = hb ? ReadPositiveBox(txthm, Label9, *this) : hb;
     if (!hm) return std::nullopt;
     const double height = mnuUnitsEnglish.Checked() ? MetresPerFoot : 1.0;
     return ModelInputs{.f = *f,

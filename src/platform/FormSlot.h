@@ -35,6 +35,8 @@ public:
     }
     T* operator->() { return &**this; }
     bool Loaded() const { return made_.form != nullptr; }
+    // At a yield of its loading, when there is no window of it as yet.
+    bool Loading() const { return loading_ > 0; }
 
 private:
     void Load() {
@@ -52,7 +54,9 @@ private:
             retired_.erase(it);
             Drop(last);
         };
+        ++loading_;
         form.Run([&form] { form.Form_Load(); });
+        --loading_;
     }
 
     static void Drop(std::unique_ptr<Form>& form) {
@@ -62,6 +66,7 @@ private:
 
     std::function<Made()> make_;
     Made made_{};
+    int loading_ = 0;
     std::vector<std::unique_ptr<Form>> retired_;  // unloaded while a routine of theirs is running
 };
 

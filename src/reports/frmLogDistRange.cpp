@@ -2,6 +2,7 @@
 
 #include "reports/LogLine.h"
 #include "reports/RLogClass.h"
+#include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
@@ -133,7 +134,7 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
         return Outcome::Refused;
     }
     const Range range = ReadRange();
-    auto line = program_.MainForm->ReadInputs();
+    auto line = program_.MainForm->ReadInputs(ReadPositiveBox);
     if (!line) return Outcome::Refused;
 
     const bool descending = range.end <= range.start;

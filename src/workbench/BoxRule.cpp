@@ -20,12 +20,25 @@ void ApplyAreaRule(const ComboBox& area, ComboBox& city) {
     if (!urban) city.SetText("Small/Medium");
 }
 
+namespace {
+
+std::nullopt_t Refuse(const TextBox& box, const Label& caption, const char* demand, Form& form) {
+    form.GetPlatform().windows.ShowMessage(
+        {.text = caption.Caption() + demand + ", not \"" + box.Text() + "\""});
+    return std::nullopt;
+}
+
+}  // namespace
+
 std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form) {
-    const auto number = WholeTextNumber(box.Text());
-    if (!number)
-        form.GetPlatform().windows.ShowMessage(
-            {.text = caption.Caption() + " must be a number, not \"" + box.Text() + "\""});
-    return number;
+    if (const auto number = WholeTextNumber(box.Text())) return number;
+    return Refuse(box, caption, " must be a number", form);
+}
+
+std::optional<double> ReadPositiveBox(const TextBox& box, const Label& caption, Form& form) {
+    const auto number = ReadNumberBox(box, caption, form);
+    if (!number || *number > 0.0) return number;
+    return Refuse(box, caption, " must be above zero", form);
 }
 
 }  // namespace vardel

@@ -29,5 +29,8 @@ void ApplyAreaRule(const ComboBox& area, ComboBox& city);
 // The whole text of the box as a number. Nothing, with a message that names the box by the caption
 // of its label, when it is none.
 std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form);
+// As ReadNumberBox, and the number is above zero, as the models want it.
+std::optional<double> ReadPositiveBox(const TextBox& box, const Label& caption, Form& form);
+using BoxReader = decltype(&ReadNumberBox);
 
 }  // namespace vardel

@@ -89,7 +89,7 @@ void MainForm::WireEvents() {
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
     mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
-    mnuGraphdBloss.Click = [this] { program_.GraphForm->ShowModal(); };
+    mnuGraphdBloss.Click = [this] { ShowLossGraph(); };
     mnuOkumGraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphDavidson); };
     mnuOkum529GraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphItu529); };
     mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
@@ -105,13 +105,22 @@ void MainForm::WireEvents() {
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 }
 
+// A first plot yields, when an impatient second pick or the end of the program may come.
+void MainForm::ShowLossGraph() {
+    if (program_.GraphForm.Loading()) return;
+    GraphForm& form = *program_.GraphForm;
+    if (program_.MainForm.Loaded()) form.ShowModal();
+}
+
 // A form that a unit switch has made stands ready with its inputs, but with the graph of its
 // making.
 void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
+    if (program_.FrmOkumFieldStrength.Loading()) return;
     const bool made = program_.FrmOkumFieldStrength.Loaded();
     program_.GraphMode = graph;
-    if (made) program_.FrmOkumFieldStrength->SelectPlot(graph);
-    program_.FrmOkumFieldStrength->ShowModal();
+    if (made) program_.FrmOkumFieldStrength->BringUpToDate();
+    FrmOkumFieldStrength& form = *program_.FrmOkumFieldStrength;
+    if (program_.MainForm.Loaded()) form.ShowModal();
 }
 
 }  // namespace vardel

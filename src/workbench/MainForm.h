@@ -6,6 +6,7 @@
 #include "platform/Controls.h"
 #include "reports/TempLog.h"
 #include "settings/Registry.h"
+#include "workbench/BoxRule.h"
 #include "workbench/PowerUnits.h"
 
 namespace vardel {
@@ -24,9 +25,9 @@ public:
     void MarkValuesStale();
     void SetDefaultInputs();
     // What a run takes from the boxes but for the distance, as they show it and in metric units.
-    // Nothing, after a message, where a box holds no number, which can only be one that still has
-    // the focus.
-    std::optional<LogLine> ReadInputs();
+    // Nothing, after a message, where a box holds no number that read takes, which can only be one
+    // that still has the focus.
+    std::optional<LogLine> ReadInputs(BoxReader read);
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
@@ -118,6 +119,7 @@ private:
     void SetAppearance();
     void SetHelpTopics();
     void WireEvents();
+    void ShowLossGraph();
     void ShowFieldStrengthGraph(FieldStrengthGraph graph);
 
     // MainFormCalculation.cpp

@@ -40,12 +40,12 @@ void MainForm::cmdLossCalc_Click() {
     if (!program_.TempLogFile.empty()) program_.ReportLog().SaveFile(program_.TempLogFile);
 }
 
-std::optional<LogLine> MainForm::ReadInputs() {
+std::optional<LogLine> MainForm::ReadInputs(BoxReader read) {
     std::array<double, 3> numbers{};
     std::size_t n = 0;
     for (const auto& [box, head] :
          {std::pair(&txtFreq, &Label1), std::pair(&txthb, &Label3), std::pair(&txthm, &Label4)}) {
-        const auto number = ReadNumberBox(*box, *head, *this);
+        const auto number = read(*box, *head, *this);
         if (!number) return std::nullopt;
         numbers[n++] = *number;
     }
@@ -68,7 +68,7 @@ std::optional<LogLine> MainForm::ReadInputs() {
 }
 
 std::optional<LogLine> MainForm::ReadRunInputs() {
-    auto line = ReadInputs();
+    auto line = ReadInputs(ReadNumberBox);
     if (!line) return std::nullopt;
     const auto distance = ReadNumberBox(txtDist, Label2, *this);
     if (!distance) return std::nullopt;

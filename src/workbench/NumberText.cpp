@@ -144,8 +144,8 @@ double NumberOf(std::string_view text) {
     double x = 0.0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), x);
     if (result.ec != std::errc::result_out_of_range) return x;
-    // A long row of zeros may outweigh the exponent, which from_chars does not see. The stream gives
-    // the largest number for what is too large.
+    // A long row of zeros may outweigh the exponent, which from_chars does not see. The stream
+    // gives the largest number for what is too large.
     std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());
     stream >> x;

@@ -241,7 +241,11 @@ TEST_F(FieldStrengthGraphs, UnitsOfAFormMadeHidden) {
     EXPECT_EQ(Graph().txthb.Text(), "328.084");
     EXPECT_EQ(Graph().Label10.Caption(), "ft");
     Main().txthb.SetText("500.0");
+    Main().cmbPowerUnit.SetText("dBm");
+    Main().mnuGraphMeasured.Pick();
     WhileOpen(Main().mnuGraphCompare, [&] {
+        EXPECT_EQ(Graph().cmbPowerUnit.Text() + Graph().txtPowerUnit.Text(), "dBm60");
+        EXPECT_EQ(Graph().mnuGraphMeasured.Caption(), "&Hide Measured Data");
         EXPECT_EQ(Graph().txthb.Text(), "328.084") << "as the switch has left it";
         EXPECT_TRUE(Graph().mnuModelCompare.Checked());
         EXPECT_THAT(TheChart().Title[1].Text, StartsWith("Field Strength Model Comparison"));

@@ -162,8 +162,11 @@ TEST_F(LossGraph, ATextThatIsNoNumberLeavesTheGraphAsItWas) {
     const auto before = Shown();
     Graph().txthb.SetText("high");
     Graph().cmdUpdateGraph.Press();
+    Graph().txthb.SetText("-5");
+    Graph().cmdUpdateGraph.Press();
     EXPECT_THAT(platform.TakeMessages(),
-                ElementsAre("Base Antenna must be a number, not \"high\""));
+                ElementsAre("Base Antenna must be a number, not \"high\"",
+                            "Base Antenna must be above zero, not \"-5\""));
     EXPECT_EQ(Shown(), before);
     EXPECT_FALSE(IsGood());
     EXPECT_EQ(Graph().MousePointer(), Form::Pointer::Normal);

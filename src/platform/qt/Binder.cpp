@@ -72,18 +72,22 @@ public:
     MouseFilter(Label& label, Alive alive, QObject& parent)
         : QObject(&parent), label_(label), alive_(std::move(alive)) {}
 
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
         if (!*alive_ || !AnswersTheMouse()) return false;
         // A widget that takes the press has the mouse until the release, wherever that comes.
         switch (event->type()) {
             case QEvent::MouseButtonPress:
+                doubleClicked_ = false;
                 label_.MouseDown.Raise();
                 return true;
-            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonRelease: {
+                const bool click = !doubleClicked_ && IsOn(watched, *event);
                 label_.MouseUp.Raise();
-                if (*alive_) label_.Click.Raise();
+                if (*alive_ && click) label_.Click.Raise();
                 return true;
+            }
             case QEvent::MouseButtonDblClick:
+                doubleClicked_ = true;  // its release is no click of its own
                 label_.MouseDown.Raise();
                 if (*alive_) label_.DblClick.Raise();
                 return true;
@@ -98,8 +102,15 @@ private:
                label_.DblClick.Handled();
     }
 
+    static bool IsOn(QObject* widget, const QEvent& release) {
+        const auto& mouse = static_cast<const QMouseEvent&>(release);
+        return mouse.button() == Qt::LeftButton &&
+               static_cast<QWidget*>(widget)->rect().contains(mouse.position().toPoint());
+    }
+
     Label& label_;
     Alive alive_;
+    bool doubleClicked_ = false;
 };
 
 void SetColors(QWidget& widget, const Control& control) {

@@ -184,7 +184,8 @@ void DrawChartOnPage(QPagedPaintDevice& page, const Chart& chart) {
 
 QByteArray ChartAsMetafile(const Chart& chart) {
     MetafileDevice device(PictureSize);
-    DrawOn(device, chart, PictureSize);
+    if (!DrawOn(device, chart, PictureSize))
+        throw std::runtime_error("The chart cannot be drawn as a metafile");
     return device.Metafile();
 }
 

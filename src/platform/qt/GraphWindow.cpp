@@ -43,8 +43,8 @@ QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
     add(form.Label9, MakeBox(form.txthm, BoxWidth), &form.Label11);
     add(form.Label6, MakeList(form.cmbareatype), nullptr);
     add(form.Label13, MakeList(form.cmbcitysize), nullptr);
-    add(form.Label1, MakeBox(form.txtPctTime, BoxWidth), &form.Label5);
-    add(form.Label7, MakeBox(form.txtPctLoc, BoxWidth), &form.Label2);
+    add(form.Label1, MakeBox(form.txtPctTime, BoxWidth), &form.Label2);
+    add(form.Label7, MakeBox(form.txtPctLoc, BoxWidth), &form.Label5);
     return grid;
 }
 

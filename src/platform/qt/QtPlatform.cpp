@@ -173,10 +173,11 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
     if (!request.name.empty()) dialog->selectFile(ToQt(request.name));
     const QStringList filters = dialog->nameFilters();
-    // A name without an extension gets that of the filter.
+    // A name without an extension gets that of the filter, unless that is for all files.
     const auto setSuffix = [&](const QString& filter) {
         const QStringList parts = ToQt(request.filters).split('|');
-        dialog->setDefaultSuffix(parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1));
+        const QString suffix = parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1);
+        dialog->setDefaultSuffix(suffix == "*" ? QString() : suffix);
     };
     setSuffix(dialog->selectedNameFilter());
     QObject::connect(&*dialog, &QFileDialog::filterSelected, &*dialog, setSuffix);
