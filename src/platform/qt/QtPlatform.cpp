@@ -134,7 +134,8 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
     QWidget* parent = before.Get();
     window.winId();  // makes the window of the desktop, which can then be told whose it is
-    if (parent != nullptr && parent != &window)
+    if (parent != nullptr && parent != &window &&
+        !window.windowHandle()->isAncestorOf(parent->windowHandle()))
         window.windowHandle()->setTransientParent(parent->windowHandle());
     const QPointer<FormWindow> stillThere(&window);
     QEventLoop loop;
@@ -142,7 +143,9 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     window.show();
     window.activateWindow();
     loop.exec();
-    if (stillThere) stillThere->SetOnHidden({});
+    if (!stillThere) return;
+    stillThere->SetOnHidden({});
+    stillThere->windowHandle()->setTransientParent(nullptr);  // it may be the other way round next
 }
 
 void QtPlatform::Forget(Form& form) {
