@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -118,8 +119,15 @@ TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
     EXPECT_FALSE(plot.graph(4)->scatterStyle().isNone());
     EXPECT_EQ(plot.graph(4)->data()->constBegin()->key, 10.25);
     plot.ShowReadout(19.0);
-    EXPECT_TRUE(plot.ReadoutText().contains("Measured at 10.25: 60.00 dB (uv/m)"))
+    EXPECT_TRUE(plot.ReadoutText().contains("Measured at 10.25 km: 60.00 dB (uv/m)"))
         << plot.ReadoutText().toStdString();
+    auto* at300 = platform.WindowOf(form).menuBar()->findChild<QAction*>("mnuModelDist300");
+    ASSERT_NE(at300, nullptr);
+    EXPECT_EQ(at300->associatedObjects().value(0)->objectName(), "mnuModelDist")
+        << "in a menu of the menu";
+    at300->trigger();
+    form.cmdUpdateGraph.Press();
+    EXPECT_EQ(plot.xAxis->range(), QCPRange(0, 300));
     form.Unload();
 }
 

@@ -310,8 +310,10 @@ void Binder::Bind(Image& image, QLabel& widget) {
     });
 }
 
-void Binder::BindMenu(MenuItem& menu, QMenuBar& bar) {
-    QMenu* widget = bar.addMenu(ToQt(menu.Caption()));
+void Binder::BindMenu(MenuItem& menu, QMenuBar& bar) { BindEntries(menu, *bar.addMenu(QString())); }
+
+void Binder::BindEntries(MenuItem& menu, QMenu& shown) {
+    QMenu* widget = &shown;
     Show(menu, [&menu, widget] {
         widget->setObjectName(ToQt(menu.Name()));
         widget->setTitle(ToQt(menu.Caption()));
@@ -319,7 +321,12 @@ void Binder::BindMenu(MenuItem& menu, QMenuBar& bar) {
         widget->menuAction()->setVisible(menu.Visible());
         widget->setEnabled(menu.Enabled());
     });
-    for (MenuItem* entry : menu.Entries()) BindEntry(*entry, *widget);
+    for (MenuItem* entry : menu.Entries()) {
+        if (entry->Entries().empty())
+            BindEntry(*entry, shown);
+        else
+            BindEntries(*entry, *shown.addMenu(QString()));
+    }
 }
 
 void Binder::BindEntry(MenuItem& entry, QMenu& menu) {

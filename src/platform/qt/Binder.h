@@ -57,6 +57,7 @@ public:
 
 private:
     void BindCommon(Control& control, QWidget& widget);
+    void BindEntries(MenuItem& menu, QMenu& shown);
     void BindEntry(MenuItem& entry, QMenu& menu);
     void BindLine(Control& control, QFrame& widget);
     // What asks for show, which then runs at the pace for as long as the controls are there.

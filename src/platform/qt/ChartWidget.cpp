@@ -66,7 +66,7 @@ QString ReadoutLine(const ChartSeries& series, const QString& curve, double dist
             series.X.begin(), series.X.end(),
             [&](double a, double b) { return std::abs(a - distance) < std::abs(b - distance); });
         const double value = series.Y[static_cast<std::size_t>(nearest - series.X.begin())];
-        return curve + " at " + number(*nearest, "0.0#") + ": " + number(value, "0.00") + ' ' +
+        return curve + " at " + number(*nearest, "0.0#") + " km: " + number(value, "0.00") + ' ' +
                unit;
     }
     const auto value = ValueAt(series, distance);
