@@ -1,7 +1,5 @@
 #include "graphs/CurveData.h"
 
-#include "models/ModelRanges.h"
-
 namespace vardel {
 
 namespace {
@@ -90,6 +88,13 @@ void CurveDrawing::DrawModelCurve(const CurveData& curve, std::string_view legen
         AddSeries(curve, from, to - from + 1, color, pattern());
         AddLegendLine("(cont.)");
     }
+}
+
+void CurveDrawing::DrawModelCurves(std::span<const ModelCurve> curves, const ModelInputs& inputs,
+                                   double from, double to) {
+    for (const ModelCurve& curve : curves)
+        DrawModelCurve(ComputeModelCurve(curve.model, curve.function, inputs, from, to),
+                       curve.legend, curve.color);
 }
 
 void CurveDrawing::DrawWholeCurve(const CurveData& curve, std::string_view legend, Color color,

@@ -2,12 +2,14 @@
 
 #include <array>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "graphs/Chart.h"
 #include "models/ModelInputs.h"
+#include "models/ModelRanges.h"
 
 // What the loss graph and the field strength graphs have in common: a curve is computed point by
 // point, breaks where its model's range ends, and goes to the chart as one series for each stretch.
@@ -34,6 +36,14 @@ CurveData ComputeModelCurve(int model, ModelFunction function, ModelInputs input
 // A curve that knows no range.
 CurveData ComputeFreeCurve(const std::function<double(double)>& valueAt, double from, double to);
 
+// A model's curve among others in a graph.
+struct ModelCurve {
+    ModelNumber model;
+    ModelFunction function;
+    const char* legend;
+    Color color;
+};
+
 // Puts curves into a chart, each in series of its own behind those before, and writes the legend
 // along with them.
 class CurveDrawing {
@@ -42,6 +52,9 @@ public:
 
     // Each stretch is a series, in the pattern of its range state.
     void DrawModelCurve(const CurveData& curve, std::string_view legend, Color color);
+    // Each computed from one distance to the other, in km.
+    void DrawModelCurves(std::span<const ModelCurve> curves, const ModelInputs& inputs, double from,
+                         double to);
     void DrawWholeCurve(const CurveData& curve, std::string_view legend, Color color,
                         LinePattern pattern);
     // Values that were measured, each to be told from the curves. Without any, nothing is drawn.

@@ -42,14 +42,7 @@ constexpr std::array<HeightCurve, 6> HeightCurves = {{
 }};
 constexpr Color FamilyFreeSpaceColor{200, 200, 200};
 
-struct ComparedCurve {
-    ModelNumber model;
-    ModelFunction function;
-    const char* legend;
-    Color color;
-};
-
-constexpr std::array<ComparedCurve, 3> ComparedCurves = {{
+constexpr std::array<ModelCurve, 3> ComparedCurves = {{
     {ModelItu529, Itu529FieldStrength, "ITU 529", {0, 128, 0}},
     {ModelDavidson, DavidsonFieldStrength, "OkHat Dav", {255, 0, 0}},
     {ModelCost231, Cost231FieldStrength, "Cost 231", {0, 0, 180}},
@@ -104,10 +97,7 @@ void FrmOkumFieldStrength::DrawHeightFamily(CurveDrawing& drawing, const ModelIn
 }
 
 void FrmOkumFieldStrength::DrawComparison(CurveDrawing& drawing, const ModelInputs& inputs) {
-    for (const ComparedCurve& curve : ComparedCurves)
-        drawing.DrawModelCurve(
-            ComputeModelCurve(curve.model, curve.function, inputs, NearestModelPoint, MaxDist),
-            curve.legend, curve.color);
+    drawing.DrawModelCurves(ComparedCurves, inputs, NearestModelPoint, MaxDist);
     DrawFreeSpace(drawing, MaxDist, ComparisonFreeSpaceColor);
 
     const MeasuredMatch match = FindMeasuredSegment(inputs.f, inputs.hb, inputs.hm, inputs.area,

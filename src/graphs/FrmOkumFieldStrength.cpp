@@ -57,10 +57,7 @@ void FrmOkumFieldStrength::Form_Load() {
     LoadInputs(main);
     txtPowerUnit.SetText(main.txtPowerUnit.Text());
     CheckModelMenu();
-    if (PlotFieldStrength(false))
-        MarkGood();
-    else
-        MarkStale();
+    if (PlotFieldStrength(false)) MarkGood();
 }
 
 void FrmOkumFieldStrength::Form_Unload() {

@@ -1,7 +1,5 @@
 #include "graphs/GraphActions.h"
 
-#include <exception>
-
 #include "platform/Platform.h"
 #include "platform/SaveWithDialog.h"
 #include "reports/FrmPrintOut.h"

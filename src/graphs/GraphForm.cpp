@@ -34,10 +34,7 @@ GraphForm::GraphForm(Program& program)
 void GraphForm::Form_Load() {
     SetMaxDist(100.0, mnuGraph100, mnuGraph300);
     LoadInputs(*program_.MainForm);
-    if (PlotLossGraph(false))
-        MarkGood();
-    else
-        MarkStale();
+    if (PlotLossGraph(false)) MarkGood();
 }
 
 void GraphForm::Form_Unload() {

@@ -10,14 +10,7 @@ namespace vardel {
 
 namespace {
 
-struct LossCurve {
-    ModelNumber model;
-    ModelFunction function;
-    const char* legend;
-    Color color;
-};
-
-constexpr std::array<LossCurve, 3> LossCurves = {{
+constexpr std::array<ModelCurve, 3> LossCurves = {{
     {ModelItu529, Itu529Loss, "ITU 529", {0, 128, 0}},
     {ModelDavidson, DavidsonLoss, "Davidson", {255, 0, 0}},
     {ModelCost231, Cost231Loss, "Cost 231", {0, 0, 180}},
@@ -36,9 +29,7 @@ bool GraphForm::PlotLossGraph(bool redrawChart) {
 }
 
 void GraphForm::DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) {
-    for (const LossCurve& curve : LossCurves)
-        drawing.DrawModelCurve(ComputeModelCurve(curve.model, curve.function, inputs, 1.0, MaxDist),
-                               curve.legend, curve.color);
+    drawing.DrawModelCurves(LossCurves, inputs, 1.0, MaxDist);
     const auto freeSpace = [f = inputs.f](double d) { return FreeSpaceLoss(f, d); };
     drawing.DrawWholeCurve(ComputeFreeCurve(freeSpace, CurveStep, MaxDist), "Free Space",
                            FreeSpaceColor, PatternFreeSpace);

@@ -99,6 +99,7 @@ void PlotForm::LoadInputs(const MainForm& main) {
     mnuUnitsEnglish.SetChecked(main.mnuUnitsEnglish.Checked());
     for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
     cmbcitysize.SetEnabled(cmbareatype.Text() == "Urban");
+    MarkStale();  // until the first plot is drawn
 }
 
 void PlotForm::HandBackInputs(MainForm& main) const {
