@@ -6,6 +6,7 @@
 #include "graphs/CurveData.h"
 #include "graphs/PlotForm.h"
 #include "models/ModCalculations.h"
+#include "platform/Hourglass.h"
 #include "platform/Platform.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
@@ -86,13 +87,13 @@ void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,
 }  // namespace
 
 void ArchiveRun(Program& program, PlotForm& form, ArchivedQuantity quantity) {
-    form.SetMousePointer(Form::Pointer::Hourglass);
+    const Hourglass hourglass(form);
     program.platform.windows.Yield();
+    if (form.Unloaded()) return;
     if (const auto inputs = form.ReadInputs())
         if (!program.ArchiveFile.empty() || ChooseArchive(program))
             StoreRun(program, form, *inputs,
                      quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves);
-    form.SetMousePointer(Form::Pointer::Normal);
 }
 
 }  // namespace vardel

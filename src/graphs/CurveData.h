@@ -28,8 +28,6 @@ struct CurveData {
     int LastPoint = -1;
 };
 
-using ModelFunction = double (*)(const ModelInputs&) noexcept;
-
 // The model from one distance to the other, in km, with the rest of the inputs as given.
 CurveData ComputeModelCurve(int model, ModelFunction function, ModelInputs inputs, double from,
                             double to);

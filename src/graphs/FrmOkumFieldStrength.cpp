@@ -4,6 +4,7 @@
 #include "graphs/GraphActions.h"
 #include "help/ContextIDs.h"
 #include "models/Primitives.h"
+#include "platform/Hourglass.h"
 #include "workbench/MainForm.h"
 #include "workbench/Program.h"
 
@@ -33,11 +34,7 @@ void FrmOkumFieldStrength::WireEvents() {
     txtPowerUnit.LostFocus = [this] { txtPowerUnit_LostFocus(); };
     cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
 
-    // The inputs go back here and again as the form unloads, which any way of closing it does.
-    mnuFileExit.Click = [this] {
-        HandBackInputs(*program_.MainForm);
-        Unload();
-    };
+    mnuFileExit.Click = [this] { Unload(); };
     mnuModelPalvernFS.Click = [this] { SelectPlot(GraphDavidson); };
     mnuModelOkum529FS.Click = [this] { SelectPlot(GraphItu529); };
     mnuModelCost231.Click = [this] { SelectPlot(GraphCost231); };
@@ -77,11 +74,10 @@ void FrmOkumFieldStrength::CheckModelMenu() {
 
 // A graph that was marked stale stays so, though this takes in all the inputs.
 void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
-    SetMousePointer(Pointer::Hourglass);
+    const Hourglass hourglass(*this);
     program_.GraphMode = graph;
     CheckModelMenu();
     if (!PlotFieldStrength(true)) MarkStale();
-    SetMousePointer(Pointer::Normal);
 }
 
 // Called from the main form, too, while the form may be closed at the plot's yield.

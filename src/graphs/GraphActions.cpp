@@ -9,8 +9,10 @@
 namespace vardel {
 
 void SaveGraph(Form& form, Chart& chart) {
-    SaveWithDialog(form, "Windows Meta File (*.wmf)|*.wmf", 1,
-                   [&chart](const SaveChoice& choice) { chart.SaveMetafile(2, choice.path); });
+    SaveWithDialog(
+        form, "Windows Meta File (*.wmf)|*.wmf", 1,
+        [&chart](const SaveChoice& choice) { chart.SaveMetafile(2, choice.path); },
+        chart.Title[0].Text);
 }
 
 void CopyGraphToLog(Program& program, Chart& chart) {

@@ -5,6 +5,7 @@
 #include "graphs/CurveData.h"
 #include "graphs/GraphActions.h"
 #include "help/ContextIDs.h"
+#include "platform/Hourglass.h"
 #include "platform/Platform.h"
 #include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
@@ -158,19 +159,17 @@ std::optional<ModelInputs> PlotForm::ReadInputs() {
 }
 
 bool PlotForm::Plot(bool redrawChart, int first, int last) {
-    SetMousePointer(Pointer::Hourglass);
+    const Hourglass hourglass(*this);
     GetPlatform().windows.Yield();
     const auto inputs = ReadInputs();
-    if (inputs) {
-        if (redrawChart)
-            for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
-        CurveDrawing drawing(chart_);
-        DrawPlot(drawing, *inputs);
-        SetChartLegend(chart_, drawing.Legend());
-        if (redrawChart) chart_.Redraw();
-    }
-    SetMousePointer(Pointer::Normal);
-    return inputs.has_value();
+    if (!inputs) return false;
+    if (redrawChart)
+        for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
+    CurveDrawing drawing(chart_);
+    DrawPlot(drawing, *inputs);
+    SetChartLegend(chart_, drawing.Legend());
+    if (redrawChart) chart_.Redraw();
+    return true;
 }
 
 }  // namespace vardel

@@ -17,4 +17,7 @@ struct ModelInputs {
     double pctLoc = 50;   // percent of locations
 };
 
+// A loss in dB, or a field strength in dB(µV/m).
+using ModelFunction = double (*)(const ModelInputs&) noexcept;
+
 }  // namespace vardel

@@ -37,6 +37,7 @@ public:
     void ShowModal(Form* owner = nullptr);
     void Hide() { SetVisible(false); }
     void Unload();
+    bool Unloaded() const { return unloaded_; }
     // The user closes the window by its frame.
     virtual void CloseByFrame() { Unload(); }
 

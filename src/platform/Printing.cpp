@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "platform/Form.h"
+#include "platform/Hourglass.h"
 #include "platform/Platform.h"
 #include "platform/SaveWithDialog.h"
 
@@ -33,14 +34,13 @@ void PrintOnCurrentPrinter(Form& form, const std::string& title,
         return SaveWithDialog(
             form, "PDF Files (*.pdf)|*.pdf", 1,
             [&print](const SaveChoice& choice) { print(choice.path); }, FileNameOf(title));
-    form.SetMousePointer(Form::Pointer::Hourglass);
     std::string failure;
     try {
+        const Hourglass hourglass(form);
         print({});
     } catch (const std::exception& error) {
         failure = "Error in printing on " + printer + ": " + error.what();
     }
-    form.SetMousePointer(Form::Pointer::Normal);
     if (!failure.empty()) TellFailure(form, failure);
 }
 

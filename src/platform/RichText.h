@@ -66,8 +66,8 @@ public:
 private:
     void Erase(std::size_t at, std::size_t length);
     void Insert(std::size_t at, std::string_view text, TextStyle style);
-    std::size_t StretchAt(
-        std::size_t position) const;  // index of the first that begins there or later
+    // Index of the first that begins there or later.
+    std::size_t StretchAt(std::size_t position) const;
     void JoinAround(std::size_t index);
 
     std::string text_;

@@ -14,7 +14,10 @@ void RichTextBox::SetEditor(std::function<Edit()> editor) {
 void RichTextBox::FetchEdit() {
     if (!editor_) return;
     Edit edit = editor_();
-    if (edit.content) content_ = std::move(*edit.content);
+    if (edit.content) {
+        content_ = std::move(*edit.content);
+        ++usersEdits_;
+    }
     selection_ = Within(edit.selection);
 }
 
@@ -56,7 +59,13 @@ void RichTextBox::InsertPicture(Picture picture) {
     Changed(start + content_.ReplaceByPicture(start, length, std::move(picture), style_));
 }
 
+unsigned long RichTextBox::Changes() {
+    FetchEdit();
+    return textWrites_ + usersEdits_;
+}
+
 void RichTextBox::Changed(std::size_t caret) {
+    ++textWrites_;
     selection_ = Within({caret, 0});
     Assign(revision_, revision_ + 1);
 }

@@ -64,6 +64,11 @@ public:
     Selection HeldSelection() const { return selection_; }
     // Grows with every write of the program, so that the view knows when to read again.
     unsigned long Revision() const { return revision_; }
+    // Grows with those of them that are not of the selection alone.
+    unsigned long TextWrites() const { return textWrites_; }
+
+    // Grows with every change of the text, by the program or the user.
+    unsigned long Changes();
 
 private:
     void FetchEdit();
@@ -77,6 +82,8 @@ private:
     bool locked_ = false;
     int rightMargin_ = 0;
     unsigned long revision_ = 0;
+    unsigned long textWrites_ = 0;
+    unsigned long usersEdits_ = 0;
     std::function<Edit()> editor_;
 };
 

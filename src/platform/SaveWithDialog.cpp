@@ -4,6 +4,7 @@
 
 #include "platform/Files.h"
 #include "platform/Form.h"
+#include "platform/Hourglass.h"
 
 namespace vardel {
 
@@ -17,14 +18,13 @@ void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",
                                       .buttons = Message::Buttons::YesNo}) == Answer::No)
         return;
-    form.SetMousePointer(Form::Pointer::Hourglass);
     bool saved = true;
     try {
+        const Hourglass hourglass(form);
         save(*choice);
     } catch (const std::exception&) {
         saved = false;
     }
-    form.SetMousePointer(Form::Pointer::Normal);
     if (!saved)
         platform.windows.ShowMessage({.text = "Error in saving file " + choice->path,
                                       .title = "File Save",

@@ -14,7 +14,7 @@ namespace {
 constexpr int TextFilter = 2;
 constexpr int RichTextFilter = 3;
 // The caption is the header line once a log was begun.
-constexpr const char* PrintedTitle = "Calculation Log";
+constexpr const char* LogName = "Calculation Log";
 
 }  // namespace
 
@@ -30,11 +30,12 @@ FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Ca
     mnuFilePrinterSetup.Click = [this, &program] { program.frmPrinterSelect->ShowModal(this); };
 }
 
-// Unlike RLogClass::Clear, this leaves the header line.
+// Unlike RLogClass::Clear, this leaves the header line. One change, so that the user undoes it as
+// one.
 void FrmReport::cmdClear_Click() {
-    rtbLog.Clear();
-    rtbLog.SetInsertStyle({.bold = true, .underline = true});
-    rtbLog.Insert(Caption() + "\r\n");
+    RichText header;
+    header.Replace(0, 0, Caption() + "\r\n", {.bold = true, .underline = true});
+    rtbLog.SetContent(std::move(header));
     rtbLog.CaretToEnd();
     rtbLog.SetInsertStyle({});
 }
@@ -42,19 +43,20 @@ void FrmReport::cmdClear_Click() {
 void FrmReport::cmdClose_Click() { Hide(); }
 
 void FrmReport::cmdFile_Click() {
-    SaveWithDialog(*this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf",
-                   TextFilter, [this](const SaveChoice& choice) { SaveTo(choice); });
+    SaveWithDialog(
+        *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", TextFilter,
+        [this](const SaveChoice& choice) { SaveTo(choice); }, LogName);
 }
 
 // As plain text. The printer keeps the orientation.
 void FrmReport::cmdPrint_Click() {
-    PrintOnCurrentPrinter(*this, PrintedTitle, [this](const std::string& file) {
+    PrintOnCurrentPrinter(*this, LogName, [this](const std::string& file) {
         Printers& printers = GetPlatform().printers;
         printers.SetFont(rtbLog.Font());
         printers.SetOrientation(Printers::Landscape);
         printers.PrintText({});
         printers.PrintText(rtbLog.Content().PlainText());
-        printers.EndDocument(PrintedTitle, file);
+        printers.EndDocument(LogName, file);
     });
 }
 

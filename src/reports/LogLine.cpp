@@ -13,7 +13,7 @@ namespace {
 
 struct ResultColumn {
     ModelNumber model;
-    double (*function)(const ModelInputs&) noexcept;
+    ModelFunction function;
 };
 
 constexpr std::array<ResultColumn, 6> ResultColumns = {{

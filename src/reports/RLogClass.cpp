@@ -22,17 +22,25 @@ bool RLogClass::ReadFile(const std::string& path) {
     if (!content) return false;
     program_.FrmReport->rtbLog.SetContent(std::move(*content));
     Add();
+    CountAsSaved();
     return true;
 }
 
 bool RLogClass::SaveFile(const std::string& path) {
     try {
         ReplaceFile(path, WriteRtf(program_.FrmReport->rtbLog.Content()), Access::OwnerOnly);
+        CountAsSaved();
         return true;
     } catch (const std::system_error&) {
         return false;
     }
 }
+
+bool RLogClass::HasUnsavedChanges() {
+    return program_.FrmReport->rtbLog.Changes() != savedChanges_;
+}
+
+void RLogClass::CountAsSaved() { savedChanges_ = program_.FrmReport->rtbLog.Changes(); }
 
 void RLogClass::SetStyle(bool TextStyle::*which, bool on) {
     RichTextBox& box = program_.FrmReport->rtbLog;

@@ -28,6 +28,9 @@ public:
     bool ReadFile(const std::string& path);
     // Rich text, readable by the user alone. False when it cannot be written.
     bool SaveFile(const std::string& path);
+    // Whether the log was changed since it was last read, saved, or said to need no saving.
+    bool HasUnsavedChanges();
+    void CountAsSaved();
 
     // The style of what is added from now on.
     void SetUnderline(bool on);
@@ -52,6 +55,7 @@ private:
     void SetStyle(bool TextStyle::*which, bool on);
 
     Program& program_;
+    unsigned long savedChanges_ = 0;  // how many changes the log's file has
 };
 
 }  // namespace vardel

@@ -151,6 +151,8 @@ private:
     void ReadMeasuredTables();
     void SaveUnitsAndHostBoxes();
     void HandBackToHost();
+    bool SaveLogChanges();
+    void SaveLogElsewhere();
     void SaveSettings(bool retainLog);
 
     Program& program_;

@@ -16,7 +16,7 @@ namespace {
 struct Result {
     Label MainForm::*label;
     ModelNumber model;
-    double (*function)(const ModelInputs&) noexcept;
+    ModelFunction function;
 };
 
 constexpr std::array<Result, 6> Results = {{

@@ -130,6 +130,7 @@ void MainForm::BeginLog() {
     if (!holdsLog) {
         tempLog_.Begin();
         program_.ReportLog().AddTitle();
+        program_.ReportLog().CountAsSaved();  // a header alone is no work to be lost
     }
     program_.TempLogFile = tempLog_.Path();
 }
@@ -181,14 +182,34 @@ void MainForm::Form_Unload() {
     SaveUnitsAndHostBoxes();
     const Answer answer = GetPlatform().windows.ShowMessage(
         {.text = "Retain Output Log?", .title = "Output Log", .buttons = Message::Buttons::YesNo});
-    SaveSettings(answer == Answer::Yes);
+    const bool retainLog = answer == Answer::Yes;
+    if (retainLog && !SaveLogChanges()) SaveLogElsewhere();
+    SaveSettings(retainLog);
     GetPlatform().windows.EndProgram();
 }
 
 void MainForm::EndSession() {
     if (!registry_) return;  // the start has not come that far
     SaveUnitsAndHostBoxes();
+    SaveLogChanges();
     SaveSettings(true);
+}
+
+// What came into the log behind its last run: notes, graphs, listings. False where that cannot be
+// written, or the log has no file.
+bool MainForm::SaveLogChanges() {
+    RLogClass& log = program_.ReportLog();
+    return !log.HasUnsavedChanges() ||
+           (!program_.TempLogFile.empty() && log.SaveFile(program_.TempLogFile));
+}
+
+void MainForm::SaveLogElsewhere() {
+    GetPlatform().windows.ShowMessage({.text = "The output log cannot be kept in " +
+                                               GetPlatform().stateDirectory +
+                                               ". Please save it to another file.",
+                                       .title = "Output Log",
+                                       .icon = Message::Icon::Critical});
+    program_.FrmReport->cmdFile.Press();
 }
 
 void MainForm::SaveUnitsAndHostBoxes() {

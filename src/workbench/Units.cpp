@@ -5,6 +5,7 @@
 
 #include "graphs/FrmOkumFieldStrength.h"
 #include "graphs/GraphForm.h"
+#include "platform/Hourglass.h"
 #include "workbench/BoxRule.h"
 #include "workbench/MainForm.h"
 #include "workbench/NumberText.h"
@@ -89,28 +90,30 @@ void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const 
     write(main.txtDist, from.distance, KmPerMile);
 }
 
-void Switch(Program& program, bool toEnglish) {
-    MainForm& main = *program.MainForm;
-    const MenuItem& mark = toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric;
-    if (mark.Checked()) return;
-    main.SetMousePointer(Form::Pointer::Hourglass);
+// Two yields, at which the program may be closed, or the entry be picked and handled once more.
+void Switch(Program& program, MainForm& main, const MenuItem& mark, bool toEnglish) {
+    const Hourglass hourglass(main);
     program.platform.windows.Yield();
     if (program.MainForm.Loaded()) MakeGraphForms(program);
-    if (!program.MainForm.Loaded()) return;
-    // A second pick of the entry may have been handled meanwhile.
-    const auto lengths = mark.Checked() ? std::nullopt : ReadLengths(main);
-    if (lengths) {
-        const auto forms = FormsWithUnits(program);
-        ShowUnits(forms, main, toEnglish);
-        ConvertBoxes(forms, main, *lengths, toEnglish);
-    }
-    main.SetMousePointer(Form::Pointer::Normal);
+    if (!program.MainForm.Loaded() || mark.Checked()) return;
+    const auto lengths = ReadLengths(main);
+    if (!lengths) return;
+    const auto forms = FormsWithUnits(program);
+    ShowUnits(forms, main, toEnglish);
+    ConvertBoxes(forms, main, *lengths, toEnglish);
+}
+
+void SwitchUnlessOn(Program& program, bool toEnglish) {
+    MainForm& main = *program.MainForm;
+    const MenuItem& mark = toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric;
+    // As a routine of the main form's, which lives until it ends.
+    if (!mark.Checked()) main.Run([&] { Switch(program, main, mark, toEnglish); });
 }
 
 }  // namespace
 
-void SetMetricUnits(Program& program) { Switch(program, false); }
-void SetEnglishUnits(Program& program) { Switch(program, true); }
+void SetMetricUnits(Program& program) { SwitchUnlessOn(program, false); }
+void SetEnglishUnits(Program& program) { SwitchUnlessOn(program, true); }
 void ShowEnglishUnits(Program& program) {
     ShowUnits(FormsWithUnits(program), *program.MainForm, true);
 }

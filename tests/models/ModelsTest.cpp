@@ -11,8 +11,6 @@ namespace vardel {
 
 namespace {
 
-using ModelFunction = double (*)(const ModelInputs&);
-
 struct Model {
     const char* name;
     ModelFunction loss, fieldStrength;

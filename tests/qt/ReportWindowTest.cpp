@@ -95,8 +95,12 @@ TEST_F(ReportWindowTest, TheButtonsWorkOnWhatTheUserSees) {
         EXPECT_EQ(Edit().document()->toPlainText().toStdString(),
                   program.ReportLog().Title() + "\n");
         QTest::keyClicks(&Edit(), "after");
+        EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nafter");
+        EXPECT_EQ(Log().Content().Stretches().back().style, TextStyle{}) << "below the header";
+        Edit().undo();
+        Edit().undo();
     });
-    EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nafter");
+    EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nabc") << "a clearing is undone";
 }
 
 TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {

@@ -96,6 +96,26 @@ TEST_F(StartAndExit, ALogRetainedWithoutARunComesBackEmpty) {
     EXPECT_EQ(Log(), "");
 }
 
+TEST_F(StartAndExit, WhatCameIntoTheLogBehindItsLastRunIsRetainedToo) {
+    Start();
+    Main().cmdLossCalc.Press();
+    program->ReportLog().AddLine("a note");
+    const std::string log = Log();
+    Exit(Answer::Yes);
+    Start();
+    EXPECT_EQ(Log(), log);
+
+    program->ReportLog().AddLine("a second");
+    const std::string longer = Log();
+    std::filesystem::remove(program->TempLogFile);
+    std::filesystem::create_directory(program->TempLogFile);  // cannot be written any more
+    platform.TakeMessages();
+    platform.saveChoice = {platform.folder.Path("elsewhere.txt"), 2};
+    Exit(Answer::Yes);
+    EXPECT_THAT(platform.TakeMessages(), Contains(HasSubstr("cannot be kept")));
+    EXPECT_EQ(ReadWholeFile(platform.folder.Path("elsewhere.txt")), longer + "\r\n");
+}
+
 TEST_F(StartAndExit, EnglishUnitsComeBackWithTheirNumbers) {
     Start();
     Main().mnuUnitsEnglish.Pick();

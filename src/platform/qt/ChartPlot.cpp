@@ -167,10 +167,10 @@ bool DrawOn(QPaintDevice& device, const Chart& chart, QSize size, double scale =
 
 }  // namespace
 
-QImage DrawChart(const Chart& chart) {
+QImage DrawChart(const Chart& chart, int scale) {
     QCustomPlot plot;
     FillPlot(plot, chart);
-    return plot.toPixmap(PictureSize.width(), PictureSize.height()).toImage();
+    return plot.toPixmap(PictureSize.width(), PictureSize.height(), scale).toImage();
 }
 
 int ChartPageResolution() { return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInch()); }
@@ -190,10 +190,15 @@ QByteArray ChartAsMetafile(const Chart& chart) {
 }
 
 QByteArray ChartAsPng(const Chart& chart) {
+    constexpr int FinerForPaper = 3;
+    constexpr double PointsPerMetre = PointsPerInch / 0.0254;
+    QImage image = DrawChart(chart, FinerForPaper);
+    image.setDotsPerMeterX(qRound(FinerForPaper * PointsPerMetre));
+    image.setDotsPerMeterY(qRound(FinerForPaper * PointsPerMetre));
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    DrawChart(chart).save(&buffer, "PNG");
+    image.save(&buffer, "PNG");
     return bytes;
 }
 

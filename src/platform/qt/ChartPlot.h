@@ -14,8 +14,8 @@ namespace vardel {
 // Makes the plot show the chart, with the scales that the chart gives.
 void FillPlot(QCustomPlot& plot, const Chart& chart);
 
-// Without a window, in a size that suits a page or a log.
-QImage DrawChart(const Chart& chart);
+// Without a window, in a size that suits a page or a log; scaled, in so many times finer points.
+QImage DrawChart(const Chart& chart, int scale = 1);
 
 // Fills the page within its margins, its longer side as long as that of a picture, so that texts
 // grow with the paper. The page is to have the resolution, in which the fonts have their sizes.

@@ -31,9 +31,13 @@ void ForEachShownSeries(const Chart& chart, Visit visit) {
     }
 }
 
-// A line for each point: the curve, the distance, the value, and whether the model covers it.
+// The titles, which tell the inputs, as comments; then a line for each point: the curve, the
+// distance, the value, and whether the model covers it.
 QByteArray ChartAsCsv(const Chart& chart) {
-    QByteArray csv = "curve,distance_km,value,in_range\n";
+    QByteArray csv;
+    for (const ChartTitle& title : chart.Title) csv += ("# " + title.Text + '\n').c_str();
+    csv += ("# value: " + chart.Axis[1].Title + '\n').c_str();
+    csv += "curve,distance_km,value,in_range\n";
     ForEachShownSeries(chart, [&csv](const ChartSeries& series, const QString& curve) {
         const char* inRange = series.LineStyle == PatternOutOfRange ? "no" : "yes";
         for (std::size_t i = 0; i < series.X.size(); ++i)
@@ -91,7 +95,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     layer(ReadoutLayer)->setMode(QCPLayer::lmBuffered);
     cursor_ = new QCPItemStraightLine(this);
     cursor_->setLayer(ReadoutLayer);
-    cursor_->setPen(QPen(QColor(90, 90, 90), 1, Qt::DotLine));
+    cursor_->setPen(QPen(QColor(60, 60, 60), 1, Qt::DashLine));
     readout_ = new QCPItemText(this);
     readout_->setLayer(ReadoutLayer);
     readout_->position->setType(QCPItemPosition::ptAxisRectRatio);
@@ -229,6 +233,7 @@ void ChartWidget::SaveAs(const QString& suffix, const QByteArray& bytes) {
     dialog->setNameFilter(suffix.toUpper() + " (*." + suffix + ')');
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(suffix);
+    dialog->selectFile(ToQt(chart_.Title[0].Text) + '.' + suffix);
     if (dialog.Exec() != QDialog::Accepted) return;
     const std::string path = FromQt(dialog->selectedFiles().constFirst());
     try {

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 
 #include "platform/qt/Convert.h"
@@ -94,6 +95,10 @@ QPushButton* FormWindow::MakeButton(Button& button) {
     auto* widget = new QPushButton;
     binder.Bind(button, *widget);
     return widget;
+}
+
+void FormWindow::ResizeWithinScreen(QSize wanted) {
+    resize(wanted.boundedTo(screen()->availableSize() * 0.95));
 }
 
 void FormWindow::OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action) {

@@ -46,6 +46,9 @@ protected:
     QComboBox* MakeList(ComboBox& list);
     QPushButton* MakeButton(Button& button);
 
+    // As large as that, where the screen has the room.
+    void ResizeWithinScreen(QSize wanted);
+
     // Anywhere in the window. A key that is held counts once.
     void OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action);
     // A window that only shows something: Enter and Escape are its one button.

@@ -61,7 +61,7 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     row->addLayout(&inputs);
     row->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
     setCentralWidget(center);
-    resize(1120, 640);
+    ResizeWithinScreen({1120, 640});
     findChild<QLineEdit*>("txtFreq")->setFocus();
 }
 

@@ -3,7 +3,6 @@
 #include <QBoxLayout>
 #include <QHideEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QShowEvent>
 
@@ -37,7 +36,7 @@ ReportWindow::ReportWindow(FrmReport& form)
     const int bar = log_->verticalScrollBar()->sizeHint().width();
     const QSize wanted(metrics.horizontalAdvance(QString(LineWidth + 2, '0')) + bar + 50,
                        metrics.lineSpacing() * LinesShown + 120);
-    resize(wanted.boundedTo(screen()->availableSize() * 0.95));
+    ResizeWithinScreen(wanted);
 }
 
 void ReportWindow::showEvent(QShowEvent* event) {

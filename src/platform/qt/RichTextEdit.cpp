@@ -15,6 +15,7 @@ namespace vardel {
 namespace {
 
 constexpr int Margin = 8;
+constexpr std::string_view LineEnd = "\r\n";
 
 QTextCharFormat FormatOf(TextStyle style) {
     QTextCharFormat format;
@@ -60,13 +61,16 @@ void RichTextEdit::Leave() {
     if (!editing_ || !binder_.IsAlive()) return;
     box_.SetEditor({});
     editing_ = false;
-    ShowText({});
+    ShowAfresh({});
 }
 
 void RichTextEdit::ReadBox() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const RichText& content = box_.HeldContent();
-    ShowText(content);
+    if (!editing_)
+        ShowAfresh(content);
+    else if (box_.TextWrites() != textWrites_)
+        ShowAsEdit(content);
     const auto [start, length] = box_.HeldSelection();
     const TextPosition from = AdvanceToBytes(content.Text(), {}, start);
     QTextCursor caret(document());
@@ -76,12 +80,12 @@ void RichTextEdit::ReadBox() {
     setTextCursor(caret);
     document()->setModified(false);
     revision_ = box_.Revision();
+    textWrites_ = box_.TextWrites();
     QApplication::restoreOverrideCursor();
 }
 
-// The whole text in one piece, and then only the stretches that are not plain, into a document that
-// nobody shows yet: so it is laid out once, and not at every step.
-void RichTextEdit::ShowText(const RichText& content) {
+// Into a document that nobody shows yet: so it is laid out once, and not at every step.
+void RichTextEdit::ShowAfresh(const RichText& content) {
     auto* filled = new QTextDocument(this);
     filled->setDefaultFont(font());
     filled->setDocumentMargin(Margin);
@@ -90,26 +94,46 @@ void RichTextEdit::ShowText(const RichText& content) {
     pictures_.clear();
     QTextCursor cursor(filled);
     cursor.beginEditBlock();
-    TextPosition at;
-    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
-        const auto& [begin, style] = content.Stretches()[i];
-        if (style == TextStyle{}) continue;
-        at = AdvanceToBytes(content.Text(), at, begin);
-        cursor.setPosition(at.units);
-        at = AdvanceToBytes(content.Text(), at, content.StretchEnd(i));
-        cursor.setPosition(at.units, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(FormatOf(style));
-    }
-    at = {};
-    for (const auto& [position, picture] : content.Pictures()) {
-        at = AdvanceToBytes(content.Text(), at, position);
-        ShowPicture(*filled, at.units, picture);
-    }
+    ShowStyles(*filled, content);
     cursor.endEditBlock();
     filled->setUndoRedoEnabled(true);
     const QPointer<QTextDocument> before(document());
     setDocument(filled);
     delete before;  // where the editor has not done so itself
+}
+
+// What the program writes while the user has the text, such as a cleared log, can be undone like
+// the user's own edits.
+void RichTextEdit::ShowAsEdit(const RichText& content) {
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(DocumentText(content), FormatOf({}));
+    ShowStyles(*document(), content);
+    cursor.endEditBlock();
+}
+
+// Upon the bare text. A line's end stays plain, so that what is typed below a header is.
+void RichTextEdit::ShowStyles(QTextDocument& document, const RichText& content) {
+    QTextCursor cursor(&document);
+    const std::string_view text = content.Text();
+    TextPosition at;
+    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
+        const auto& [begin, style] = content.Stretches()[i];
+        if (style == TextStyle{}) continue;
+        std::size_t end = content.StretchEnd(i);
+        if (text.substr(begin, end - begin).ends_with(LineEnd)) end -= LineEnd.size();
+        at = AdvanceToBytes(text, at, begin);
+        cursor.setPosition(at.units);
+        at = AdvanceToBytes(text, at, end);
+        cursor.setPosition(at.units, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(FormatOf(style));
+    }
+    at = {};
+    for (const auto& [position, picture] : content.Pictures()) {
+        at = AdvanceToBytes(text, at, position);
+        ShowPicture(document, at.units, picture);
+    }
 }
 
 // In the place of the picture's mark, which is one unit long as the picture is.
@@ -150,8 +174,11 @@ RichTextBox::Edit RichTextEdit::UsersEdit() {
 RichText RichTextEdit::Edited() const {
     RichText content;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        // A line's end, which has no looks of its own, goes on in the style of its line.
         if (block != document()->begin())
-            content.Replace(content.Length(), 0, "\n", StyleOf(block.charFormat()));
+            content.Replace(
+                content.Length(), 0, LineEnd,
+                content.Stretches().empty() ? TextStyle{} : content.Stretches().back().style);
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment fragment = it.fragment();
             const TextStyle style = StyleOf(fragment.charFormat());

@@ -26,7 +26,9 @@ protected:
 
 private:
     void ReadBox();
-    void ShowText(const RichText& content);
+    void ShowAfresh(const RichText& content);
+    void ShowAsEdit(const RichText& content);
+    void ShowStyles(QTextDocument& document, const RichText& content);
     void ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture);
     RichTextBox::Edit UsersEdit();
     RichText Edited() const;
@@ -34,7 +36,8 @@ private:
     RichTextBox& box_;
     Binder& binder_;
     bool editing_ = false;
-    unsigned long revision_ = 0;  // of the box when it was last read
+    unsigned long revision_ = 0;  // of the box when it was last read, as is the next
+    unsigned long textWrites_ = 0;
     std::map<QString, std::shared_ptr<const Picture>> pictures_;
 };
 
