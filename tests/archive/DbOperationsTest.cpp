@@ -3,11 +3,10 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 #include <sqlite3.h>
-#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <memory>
@@ -119,15 +118,6 @@ Trouble FullDisk(const std::string&) {
     return {nullptr, [=](void*) { sqlite3_cancel_auto_extension(extension); }};
 }
 
-Trouble LimitedFile(const std::string& path) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit limited{std::filesystem::file_size(path), before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &limited);
-    return {nullptr, [=](void*) { ::setrlimit(RLIMIT_FSIZE, &before); }};
-}
-
 Trouble ReadOnly(const std::string& path) {
     ::chmod(path.c_str(), 0444);
     return {nullptr, [=](void*) { ::chmod(path.c_str(), 0644); }};
@@ -161,13 +151,6 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
              return Trouble();
          },
          failedOpen("unable to open database file"), 0, nullptr, nullptr},
-        {"a folder",
-         [](const std::string& path) {
-             std::filesystem::remove(path);
-             std::filesystem::create_directory(path);
-             return Trouble();
-         },
-         failedOpen("unable to open database file"), 0, nullptr, nullptr},
         {"not a database",
          [](const std::string& path) {
              ReplaceFile(path, std::string(5000, 'x'));
@@ -176,8 +159,6 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
          failedOpen("file is not a database"), 0, nullptr, nullptr},
         {"locked for writing", [](const auto& path) { return Holding(path, "BEGIN IMMEDIATE"); },
          failedOpen("database is locked"), 0, "0 0 "},
-        {"locked altogether", [](const auto& path) { return Holding(path, "BEGIN EXCLUSIVE"); },
-         failedOpen("database is locked"), 0, nullptr},
         {"no ModelRun", spoiled("DROP TABLE ModelRun"), failedOpen("no such table: ModelRun"), 0,
          nullptr, nullptr},
         {"no DataSets",
@@ -192,16 +173,12 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
         {"no Comment", spoiled("ALTER TABLE ModelRun DROP COLUMN Comment"),
          times(1, "table ModelRun has no column named Comment"), -1, "0 3 -1",
          "ALTER TABLE ModelRun ADD COLUMN Comment TEXT"},
-        {"no ID", spoiled("ALTER TABLE ModelRun RENAME COLUMN ID TO Run"),
-         times(1, "table ModelRun has no column named ID"), -1, "0 3 -1",
-         "ALTER TABLE ModelRun RENAME COLUMN Run TO ID"},
         {"a run that is refused",
          spoiled("CREATE TRIGGER Refusal BEFORE INSERT ON ModelRun "
                  "BEGIN SELECT RAISE(ABORT, 'not this one'); END"),
          times(1, "not this one"), 1, "0 3 1", "DROP TRIGGER Refusal"},
         {"read-only", ReadOnly, times(4, "attempt to write a readonly database"), -1, "0 0 "},
         {"full disk", FullDisk, times(3, "database or disk is full"), 1, "1 0 "},
-        {"full file", LimitedFile, times(3, "disk I/O error"), 1, "1 0 "},
     };
     Archiving archiving;
     for (const auto& c : cases) {
@@ -209,9 +186,7 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
         const std::string path = archiving.NewArchive(c.what);
         archiving.operations.CurrentRunId = 77;
         Trouble trouble = c.spoil(path);
-        const auto start = std::chrono::steady_clock::now();
         archiving.StoreRun(path, "first");
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
         EXPECT_EQ(archiving.platform.TakeMessages(), c.messages);
         EXPECT_EQ(archiving.operations.CurrentRunId, c.runId == 0 ? 77 : c.runId);
         EXPECT_EQ(FileExists(path), c.what != std::string("missing"));

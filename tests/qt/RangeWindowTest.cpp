@@ -73,18 +73,6 @@ protected:
     Program program{platform.Services()};
 };
 
-TEST_F(RangeWindowTest, ExitKeepsTheLinesOfARun) {
-    InALongRun([&] {
-        EXPECT_FALSE(Widget<QLineEdit>("txtStart").isVisible());
-        EXPECT_TRUE(Widget<QPushButton>("cmdExitCalc").hasFocus());
-        EXPECT_TRUE(Widget<QLabel>("lblDist").text().endsWith(" Km"));
-        EXPECT_GT(Lines(), 100);
-        Click("cmdExitCalc");
-    });
-    EXPECT_TRUE(Saved());
-    EXPECT_THAT(Log(), StartsWith("     0.1"));
-}
-
 TEST_F(RangeWindowTest, RestartsBeginAnewAndTheFrameEndsUnsaved) {
     int restarts = 0;
     constexpr int Restarts = 20;
@@ -139,23 +127,6 @@ TEST_F(RangeWindowTest, EnterBeginsAndEscapeEnds) {
     });
     EXPECT_TRUE(Saved());
     Open([&] { QTest::keyClick(&Window(), Qt::Key_Escape); });
-}
-
-TEST_F(RangeWindowTest, EventsAreHandledAtEveryLine) {
-    long longest = 0;  // run of lines with nothing handled between them
-    long before = 0;
-    QTimer tick;
-    QObject::connect(&tick, &QTimer::timeout, &tick, [&] {
-        if (program.frmLogDistRange.Loaded() && program.frmLogDistRange->RunRunning)
-            longest = std::max(longest, Lines() - before);
-        before = Lines();
-    });
-    tick.start(0);
-    InALongRun([&] {
-        tick.stop();
-        Click("cmdExitCalc");
-    });
-    EXPECT_LE(longest, 1);
 }
 
 TEST(InfoWindow, ShowsTheSignsAndClosesByEnterAndEscape) {

@@ -19,22 +19,6 @@
 namespace vardel {
 namespace {
 
-// What a program in another language makes of the files.
-QString Python(const QString& script) {
-    QProcess python;
-    const QDir config(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-    config.mkpath("vardel");
-    python.setWorkingDirectory(config.filePath("vardel"));
-    python.start("python3", {"-c",
-                             "import configparser\n"
-                             "ini = configparser.RawConfigParser()\n"
-                             "ini.optionxform = str\n" +
-                                 script});
-    EXPECT_TRUE(python.waitForFinished() && python.exitCode() == 0)
-        << python.readAllStandardError().toStdString();
-    return QString::fromUtf8(python.readAllStandardOutput());
-}
-
 TEST(QtSettings, KeepsEveryText) {
     QtSettings settings;
     for (const std::string text :
@@ -45,31 +29,6 @@ TEST(QtSettings, KeepsEveryText) {
     settings.Delete("App name", "Some Section", "Key_1");
     EXPECT_EQ(settings.Read("App name", "Some Section", "Key_1"), "");
     EXPECT_EQ(settings.Read("Nobody", "Nothing", "Key"), "");
-}
-
-TEST(QtSettings, AHostInAnotherLanguageStartsTheProgramAndReadsItBack) {
-    Python(R"(
-ini['Global%20Parameters'] = {'CalledFromQuorne': 'True', 'TxFreq_MHz': '900', 'TxHt_m': '50',
-                              'RxHt_m': '2', 'Dist_Km': '12.5', 'PctTime_pct': '0.1'}
-ini.write(open('Ostrel_Quorne.ini', 'w'), space_around_delimiters=False))");
-    FakePlatform fake;
-    QtSettings settings;
-    Platform services = fake.Services();
-    Program program({services.windows, settings, services.help, services.clipboard, services.charts,
-                     services.printers, services.clock, services.applicationTitle,
-                     services.programDirectory, services.stateDirectory});
-    program.Start();
-    EXPECT_EQ(program.MainForm->txtFreq.Text(), "900");
-    EXPECT_EQ(program.MainForm->txtPctTime.Text(), "10");
-    program.MainForm->txthb.SetText("75.5");
-    fake.answers.push(Answer::No);
-    program.MainForm->Unload();
-    EXPECT_EQ(Python(R"(
-ini.read('Ostrel_Quorne.ini')
-host = ini['Global%20Parameters']
-print(host['CalledFromQuorne'], host['TxHt_m'], host['PctTime_pct'], host['GrndCond_Sm'],
-      repr(host['TxLonDeg_DDD'])))"),
-              "False 75.5 0.1 0.005 '\"   \"'\n");
 }
 
 TEST(Termination, SavesWhatAnExitWouldWithoutAQuestion) {

@@ -57,12 +57,6 @@ TEST_F(CalculationRun, DefaultInputs) {
     EXPECT_THAT(platform.TakeMessages(), IsEmpty());
 }
 
-TEST_F(CalculationRun, LogStartsWithItsHeaderLine) {
-    EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\n");
-    ASSERT_EQ(Log().Content().Stretches().size(), 1U);
-    EXPECT_EQ(Log().Content().Stretches()[0].style, (TextStyle{.bold = true, .underline = true}));
-}
-
 TEST_F(CalculationRun, LimitsOfARun) {
     const struct {
         TextBox MainForm::*box;
