@@ -1,6 +1,7 @@
 // The distance range report: runs of 300 and 3,000 lines with their yields and their saving,
-// without a window and on real widgets; a line beside the calls that it is made of; and a line
-// appended to a log of 100,000 lines whose window was open before.
+// without a window and on real widgets; a line beside the calls that it is made of; the log window
+// on a long log, up to its first painting; and a line appended to such a log whose window was open
+// before.
 
 #include <benchmark/benchmark.h>
 
@@ -89,6 +90,21 @@ void RangeLine_floor(benchmark::State& state) {
     }
 }
 BENCHMARK(RangeLine_floor);
+
+void OpenLogWindow(benchmark::State& state) {
+    QtPlatform platform;
+    Program program(platform.Services());
+    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), SampleLine, platform);
+    FormWindow& window = platform.WindowOf(*program.FrmReport);
+    for (auto _ : state) {
+        window.show();
+        window.grab();
+        state.PauseTiming();
+        window.hide();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void RangeLineBehindAnOpenedWindow(benchmark::State& state) {
     QtPlatform platform;

@@ -78,15 +78,19 @@ void MainWindow::EndHeldHint() {
     if (binder.IsAlive()) heads_[0]->MouseUp.Raise();
 }
 
-QWidget* MainWindow::MakeInputs(MainForm& form) {
+std::pair<QGroupBox*, QGridLayout*> MainWindow::MakeGroup(Frame& frame) {
     auto* group = new QGroupBox;
     MakeBold(*group);
-    binder.Bind(form.Frame1, *group);
+    binder.Bind(frame, *group);
     auto* grid = new QGridLayout(group);
     grid->setContentsMargins(Margin, Margin, Margin, Margin);
     grid->setHorizontalSpacing(Gap);
     grid->setVerticalSpacing(Gap);
+    return {group, grid};
+}
 
+QWidget* MainWindow::MakeInputs(MainForm& form) {
+    const auto [group, grid] = MakeGroup(form.Frame1);
     constexpr int First = 0, Second = 4, Third = 8;
     constexpr int BoxWidth = 12;
     AddInput(form.Label1, *MakeBox(form.txtFreq, BoxWidth), &form.Label9, *grid, 0, First);
@@ -140,14 +144,7 @@ void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int ro
 }
 
 QWidget* MainWindow::MakeResults(MainForm& form) {
-    auto* group = new QGroupBox;
-    MakeBold(*group);
-    binder.Bind(form.Frame2, *group);
-    auto* grid = new QGridLayout(group);
-    grid->setContentsMargins(Margin, Margin, Margin, Margin);
-    grid->setHorizontalSpacing(Gap);
-    grid->setVerticalSpacing(Gap);
-
+    const auto [group, grid] = MakeGroup(form.Frame2);
     AddResultRow({form.Label28,
                   {&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
                   {&form.lblOH529dBLoss, &form.lblDavidson, &form.lblcost231},

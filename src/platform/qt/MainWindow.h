@@ -1,10 +1,12 @@
 #pragma once
 
 #include <array>
+#include <utility>
 
 #include "platform/qt/FormWindow.h"
 
 class QGridLayout;
+class QGroupBox;
 
 namespace vardel {
 
@@ -26,6 +28,7 @@ protected:
 private:
     void EndHeldHint();
 
+    std::pair<QGroupBox*, QGridLayout*> MakeGroup(Frame& frame);
     QWidget* MakeInputs(MainForm& form);
     QWidget* MakeResults(MainForm& form);
     QWidget* MakePower(MainForm& form);
