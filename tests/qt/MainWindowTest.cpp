@@ -114,6 +114,20 @@ TEST_F(MainWindowTest, AMessageWhenABoxIsLeftDoesNotSwallowTheClick) {
     EXPECT_EQ(shownText, "Out of limits");
 }
 
+TEST_F(MainWindowTest, EnterLeavesTheBoxCalculatesAndComesBack) {
+    std::vector<std::string> events;
+    Main().txtFreq.LostFocus = [&] { events.push_back("LostFocus"); };
+    Main().cmdLossCalc.Click = [&] { events.push_back("Click"); };
+    auto& box = Widget<QLineEdit>("txtFreq");
+    for (int i = 0; i < 2; ++i) {
+        QTest::keyClicks(&box, "900");
+        QTest::keyClick(&box, Qt::Key_Return);
+        EXPECT_TRUE(box.hasFocus());
+    }
+    EXPECT_THAT(events, ElementsAre("LostFocus", "Click", "LostFocus", "Click"));
+    EXPECT_EQ(box.text(), "900") << "typed over what was there";
+}
+
 TEST_F(MainWindowTest, MenusListsAndOtherWindowsOnlyBorrowTheFocus) {
     int left = 0;
     Main().txtFreq.LostFocus = [&] { ++left; };

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -101,12 +102,31 @@ void FormWindow::ResizeWithinScreen(QSize wanted) {
     resize(wanted.boundedTo(screen()->availableSize() * 0.95));
 }
 
-void FormWindow::OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action) {
-    for (const Qt::Key key : keys) {
+void FormWindow::FocusFirst(const TextBox& box) {
+    auto* edit = findChild<QLineEdit*>(ToQt(box.Name()));
+    edit->setFocus();
+    edit->selectAll();
+}
+
+void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action) {
+    for (const QKeySequence& key : keys) {
         auto* shortcut = new QShortcut(key, this);
         shortcut->setAutoRepeat(false);
         QObject::connect(shortcut, &QShortcut::activated, this, action);
     }
+}
+
+void FormWindow::PressByEnter(QPushButton& button) {
+    OnKeys({Qt::Key_Return, Qt::Key_Enter}, [this, &button] {
+        const QPointer<QWidget> control(focusWidget());
+        if (auto* other = qobject_cast<QPushButton*>(control.data())) return other->click();
+        const QPointer<QPushButton> pressed(&button);
+        pressed->setFocus();
+        if (pressed) pressed->click();
+        if (!control) return;
+        control->setFocus();
+        if (auto* edit = qobject_cast<QLineEdit*>(control.data())) edit->selectAll();
+    });
 }
 
 void FormWindow::LeaveBy(QPushButton& button) {

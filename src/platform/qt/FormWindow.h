@@ -49,8 +49,14 @@ protected:
     // As large as that, where the screen has the room.
     void ResizeWithinScreen(QSize wanted);
 
+    // Where a user begins: the box has the focus, and typing replaces its text.
+    void FocusFirst(const TextBox& box);
+
     // Anywhere in the window. A key that is held counts once.
-    void OnKeys(std::initializer_list<Qt::Key> keys, std::function<void()> action);
+    void OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action);
+    // Enter leaves the control that has the focus, which has it checked, presses the button, and
+    // comes back to the control; on another button, it presses that one.
+    void PressByEnter(QPushButton& button);
     // A window that only shows something: Enter and Escape are its one button.
     void LeaveBy(QPushButton& button);
 

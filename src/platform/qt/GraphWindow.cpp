@@ -20,6 +20,7 @@ constexpr int BoxWidth = 10;
 GraphWindow::GraphWindow(GraphForm& form) : FormWindow(form) {
     QGridLayout* inputs = AddInputs(form);
     LayOut(form, *inputs);
+    UncoverByKeys(form.lblBaseAntenna);
 }
 
 GraphWindow::GraphWindow(FrmOkumFieldStrength& form) : FormWindow(form) {
@@ -30,6 +31,14 @@ GraphWindow::GraphWindow(FrmOkumFieldStrength& form) : FormWindow(form) {
     unit->setAccessibleName(tr("Power unit"));
     inputs->addWidget(unit, inputs->rowCount(), 1);
     LayOut(form, *inputs);
+    UncoverByKeys(form.lblPower);
+}
+
+// What a click on the label does.
+void GraphWindow::UncoverByKeys(Label& label) {
+    OnKeys({Qt::CTRL | Qt::SHIFT | Qt::Key_A}, [this, &label] {
+        if (binder.IsAlive()) label.Click.Raise();
+    });
 }
 
 QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
@@ -49,8 +58,14 @@ QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
 }
 
 void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
-    for (Button* button : {&form.cmdUpdateGraph, &form.cmdPrintGraph, &form.ArchiveButton()})
-        inputs.addWidget(MakeButton(*button), inputs.rowCount(), 0, 1, 3);
+    const auto add = [&](Button& button) {
+        QPushButton* widget = MakeButton(button);
+        inputs.addWidget(widget, inputs.rowCount(), 0, 1, 3);
+        return widget;
+    };
+    PressByEnter(*add(form.cmdUpdateGraph));
+    add(form.cmdPrintGraph);
+    add(form.ArchiveButton());
     inputs.setRowStretch(inputs.rowCount(), 1);
 }
 
@@ -62,7 +77,7 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     row->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});
-    findChild<QLineEdit*>("txtFreq")->setFocus();
+    FocusFirst(form.txtFreq);
 }
 
 }  // namespace vardel

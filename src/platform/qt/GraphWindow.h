@@ -18,6 +18,7 @@ private:
     void LayOut(PlotForm& form, QGridLayout& inputs);
     QGridLayout* AddInputs(PlotForm& form);
     void AddButtons(PlotForm& form, QGridLayout& inputs);
+    void UncoverByKeys(Label& label);
 };
 
 }  // namespace vardel

@@ -36,7 +36,7 @@ MainWindow::MainWindow(MainForm& form)
     column->addStretch(1);
     setCentralWidget(center);
     SetTabOrder();
-    findChild<QLineEdit*>(ToQt(form.txtFreq.Name()))->setFocus();
+    FocusFirst(form.txtFreq);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
@@ -107,6 +107,7 @@ QWidget* MainWindow::MakeInputs(MainForm& form) {
     binder.Bind(form.cmdLossCalc, *calculate);
     calculate->setAccessibleName(ToQt(form.cmdLossCalc.Caption()));
     grid->addWidget(calculate, 2, Third, 1, 2);
+    PressByEnter(*calculate);
 
     auto* range = AddLabel(form.lblHelpRange, *grid, 3, 0, {});
     grid->removeWidget(range);

@@ -57,9 +57,7 @@ RangeWindow::RangeWindow(frmLogDistRange& form)
     setCentralWidget(center);
     setFixedSize(sizeHint());
     SetKeys();
-    auto* start = findChild<QLineEdit*>(ToQt(form.txtStart.Name()));
-    start->setFocus();
-    start->selectAll();
+    FocusFirst(form.txtStart);
 }
 
 QWidget* RangeWindow::MakeInputs(frmLogDistRange& form) {
