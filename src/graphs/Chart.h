@@ -55,6 +55,8 @@ class Chart : public Control {
 public:
     Chart(Form& form, std::string name, std::string title, std::string xTitle, std::string yTitle);
 
+    Form& Owner() const { return form_; }
+
     // Series count from 0 and come to be when they are first touched. One without data is not
     // shown.
     ChartSeries& Series(int index);

@@ -96,7 +96,9 @@ void FrmOkumFieldStrength::BringUpToDate() {
     main.txtPowerUnit.SetText(power);
     txtPowerUnit.SetText(power);
     mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+    const bool anew = TakeUnitsAfresh();
     SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
+    if (anew) cmdUpdateGraph.Press();
 }
 
 void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }

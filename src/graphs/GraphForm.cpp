@@ -37,6 +37,10 @@ void GraphForm::Form_Load() {
     if (PlotLossGraph(false)) MarkGood();
 }
 
+void GraphForm::BringUpToDate() {
+    if (TakeUnitsAfresh()) cmdUpdateGraph.Press();
+}
+
 void GraphForm::Form_Unload() {
     if (!program_.MainForm.Loaded()) return;
     MainForm& main = *program_.MainForm;

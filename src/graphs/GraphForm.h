@@ -11,6 +11,8 @@ public:
 
     // False, after a message, where a box holds no number: the chart is as it was then.
     bool PlotLossGraph(bool redrawChart);
+    // Before it is shown where it was made earlier, hidden.
+    void BringUpToDate();
 
     Chart& CTWX1 = chart_;
     Label& lblBaseAntenna = baseAntenna_;

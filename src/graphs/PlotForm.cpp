@@ -103,6 +103,13 @@ void PlotForm::LoadInputs(const MainForm& main) {
     MarkStale();  // until the first plot is drawn
 }
 
+bool PlotForm::TakeUnitsAfresh() {
+    const MainForm& main = *program_.MainForm;
+    if (mnuUnitsEnglish.Checked() == main.mnuUnitsEnglish.Checked()) return false;
+    LoadInputs(main);
+    return true;
+}
+
 void PlotForm::HandBackInputs(MainForm& main) const {
     main.txthm.SetText(txthm.Text());
     main.txthb.SetText(txthb.Text());

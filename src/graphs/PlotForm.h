@@ -83,6 +83,10 @@ protected:
     virtual bool Replot() = 0;
 
     void LoadInputs(const MainForm& main);
+    // A form that a unit switch has made, hidden, keeps the inputs of then until it has been open;
+    // but where the main form has gone back to metric units by itself since, these inputs would be
+    // handed back in the wrong units, and the main form's are taken. True when they were.
+    bool TakeUnitsAfresh();
     // Each of these writes is an edit of the main form's control.
     void HandBackInputs(MainForm& main) const;
     void cmdPrintGraph_Click();

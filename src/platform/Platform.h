@@ -17,6 +17,8 @@ namespace vardel {
 class Chart;
 class Form;
 
+enum class Answer { Ok, Cancel, Yes, No };
+
 // A message box. An empty title stands for the application's.
 struct Message {
     enum class Buttons { Ok, OkCancel, YesNo };
@@ -26,9 +28,8 @@ struct Message {
     std::string title = {};
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
+    Answer closed = Answer::No;  // what closing a question of yes and no by its frame answers
 };
-
-enum class Answer { Ok, Cancel, Yes, No };
 
 // A file dialog. The filters are pairs of a description and a pattern, parted by "|", or one
 // pattern, and count from 1.

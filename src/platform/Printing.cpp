@@ -30,10 +30,12 @@ void PrintOnCurrentPrinter(Form& form, const std::string& title,
     const std::string printer = printers.CurrentPrinter();
     if (printer.empty())
         return TellFailure(form, "There is no printer to print on. Choose one by Printer Setup.");
-    if (printers.PrintsToFile())
-        return SaveWithDialog(
+    if (printers.PrintsToFile()) {
+        SaveWithDialog(
             form, "PDF Files (*.pdf)|*.pdf", 1,
             [&print](const SaveChoice& choice) { print(choice.path); }, FileNameOf(title));
+        return;
+    }
     std::string failure;
     try {
         const Hourglass hourglass(form);

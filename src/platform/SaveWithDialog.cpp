@@ -8,16 +8,16 @@
 
 namespace vardel {
 
-void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
+bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
                     const std::function<void(const SaveChoice&)>& save, const std::string& name) {
     Platform& platform = form.GetPlatform();
     const auto choice =
         platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex, name});
-    if (!choice || choice->path.empty()) return;
+    if (!choice || choice->path.empty()) return false;
     if (FileExists(choice->path) &&
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",
                                       .buttons = Message::Buttons::YesNo}) == Answer::No)
-        return;
+        return false;
     bool saved = true;
     try {
         const Hourglass hourglass(form);
@@ -29,6 +29,7 @@ void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
         platform.windows.ShowMessage({.text = "Error in saving file " + choice->path,
                                       .title = "File Save",
                                       .icon = Message::Icon::Critical});
+    return saved;
 }
 
 }  // namespace vardel

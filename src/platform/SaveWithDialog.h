@@ -11,8 +11,8 @@ class Form;
 
 // Asks in the program's folder for a file to save to, suggesting the name, and before a file that
 // exists is overwritten; then saves under the hourglass. An exception of save is told as an error
-// in saving.
-void SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
+// in saving. True when it has saved.
+bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
                     const std::function<void(const SaveChoice&)>& save,
                     const std::string& name = {});
 

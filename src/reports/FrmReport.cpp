@@ -42,9 +42,13 @@ void FrmReport::cmdClear_Click() {
 
 void FrmReport::cmdClose_Click() { Hide(); }
 
-void FrmReport::cmdFile_Click() {
-    SaveWithDialog(
-        *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", TextFilter,
+void FrmReport::cmdFile_Click() { SaveAs(TextFilter); }
+
+bool FrmReport::SaveAsRichText() { return SaveAs(RichTextFilter); }
+
+bool FrmReport::SaveAs(int filterIndex) {
+    return SaveWithDialog(
+        *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", filterIndex,
         [this](const SaveChoice& choice) { SaveTo(choice); }, LogName);
 }
 

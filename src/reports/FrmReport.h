@@ -14,6 +14,8 @@ public:
     explicit FrmReport(Program& program);
 
     void CloseByFrame() override { Hide(); }
+    // Asks for a file, proposing rich text, and saves the log there. True when it has.
+    bool SaveAsRichText();
 
     RichTextBox rtbLog{*this, "rtbLog"};
     Button cmdClose{*this, "cmdClose", "Close"};
@@ -34,6 +36,7 @@ private:
     void cmdFile_Click();
     void cmdPrint_Click();
 
+    bool SaveAs(int filterIndex);
     void SaveTo(const SaveChoice& choice);
 };
 

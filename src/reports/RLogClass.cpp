@@ -61,6 +61,8 @@ void RLogClass::Clear() {
     program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
 }
 
+void RLogClass::CaretToEnd() { program_.FrmReport->rtbLog.CaretToEnd(); }
+
 void RLogClass::Add(std::string_view text) {
     RichTextBox& box = program_.FrmReport->rtbLog;
     box.Insert(text);

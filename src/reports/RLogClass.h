@@ -42,6 +42,7 @@ public:
 
     // Leaves no header line.
     void Clear();
+    void CaretToEnd();
     // Goes in at the caret in place of what is selected, and leaves the caret at the end of the
     // text.
     void Add(std::string_view text = {});

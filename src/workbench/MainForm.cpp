@@ -108,6 +108,7 @@ void MainForm::WireEvents() {
 // A first plot yields, when an impatient second pick or the end of the program may come.
 void MainForm::ShowLossGraph() {
     if (program_.GraphForm.Loading()) return;
+    if (program_.GraphForm.Loaded()) program_.GraphForm->BringUpToDate();
     GraphForm& form = *program_.GraphForm;
     if (program_.MainForm.Loaded()) form.ShowModal();
 }

@@ -151,6 +151,7 @@ private:
     void ReadMeasuredTables();
     void SaveUnitsAndHostBoxes();
     void HandBackToHost();
+    void TellOfLog(const std::string& text);
     bool SaveLogChanges();
     void SaveLogElsewhere();
     void SaveSettings(bool retainLog);
@@ -159,6 +160,8 @@ private:
     std::optional<Registry> registry_;  // from Form_Load on
     TempLog tempLog_;
     bool CalledFromHost = false;
+    bool started_ = false;       // all is as an exit may save it
+    bool sessionEnded_ = false;  // since the exit's question came up
 };
 
 }  // namespace vardel

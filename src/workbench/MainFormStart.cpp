@@ -86,11 +86,12 @@ void MainForm::Form_Load() {
     registry_->SetAppname(GetPlatform().applicationTitle);
     registry_->SetSection(SettingsSection);
     if (!CalledFromHost) FillFromSettings();
-    RestoreUnits();
-    BeginLog();
     for (const auto& [key, list] : StoredLists)
         if (const std::string text = Stored(*registry_, key); !text.empty())
             (this->*list).SetText(text);
+    RestoreUnits();  // makes the graph forms, with the inputs that stand in the boxes then
+    BeginLog();
+    started_ = true;
     ReadMeasuredTables();
 }
 
@@ -123,16 +124,24 @@ void MainForm::BeginLog() {
     const bool goesOn = tempLog_.Continue(Stored(*registry_, "TempLogName"));
     bool holdsLog = goesOn || tempLog_.TakeUpOrphan();
     if (holdsLog && !program_.ReportLog().ReadFile(tempLog_.Path())) {
-        // Whatever it is stays where it is.
+        TellOfLog("The output log " + tempLog_.Path() +
+                  " cannot be read. It stays as it is, and a new log begins.");
         tempLog_.Leave();
         holdsLog = false;
     }
     if (!holdsLog) {
-        tempLog_.Begin();
+        if (!tempLog_.Begin())
+            TellOfLog("The output log cannot be kept in " + GetPlatform().stateDirectory +
+                      ". Save it to another file before you exit.");
         program_.ReportLog().AddTitle();
         program_.ReportLog().CountAsSaved();  // a header alone is no work to be lost
     }
     program_.TempLogFile = tempLog_.Path();
+}
+
+void MainForm::TellOfLog(const std::string& text) {
+    GetPlatform().windows.ShowMessage(
+        {.text = text, .title = "Output Log", .icon = Message::Icon::Critical});
 }
 
 void MainForm::ReadMeasuredTables() {
@@ -180,16 +189,21 @@ void MainForm::mnuFileExit_Click() {
 void MainForm::Form_Unload() {
     CloseHelp(program_);
     SaveUnitsAndHostBoxes();
-    const Answer answer = GetPlatform().windows.ShowMessage(
-        {.text = "Retain Output Log?", .title = "Output Log", .buttons = Message::Buttons::YesNo});
-    const bool retainLog = answer == Answer::Yes;
-    if (retainLog && !SaveLogChanges()) SaveLogElsewhere();
+    sessionEnded_ = false;
+    const Answer answer = GetPlatform().windows.ShowMessage({.text = "Retain Output Log?",
+                                                             .title = "Output Log",
+                                                             .buttons = Message::Buttons::YesNo,
+                                                             .closed = Answer::Yes});
+    // The session may end under the question, which then has no answer.
+    const bool retainLog = sessionEnded_ || answer == Answer::Yes;
+    if (retainLog && !SaveLogChanges() && !sessionEnded_) SaveLogElsewhere();
     SaveSettings(retainLog);
     GetPlatform().windows.EndProgram();
 }
 
 void MainForm::EndSession() {
-    if (!registry_) return;  // the start has not come that far
+    if (!started_) return;
+    sessionEnded_ = true;
     SaveUnitsAndHostBoxes();
     SaveLogChanges();
     SaveSettings(true);
@@ -203,13 +217,15 @@ bool MainForm::SaveLogChanges() {
            (!program_.TempLogFile.empty() && log.SaveFile(program_.TempLogFile));
 }
 
+// Until it is saved, or the user wants it no more.
 void MainForm::SaveLogElsewhere() {
-    GetPlatform().windows.ShowMessage({.text = "The output log cannot be kept in " +
-                                               GetPlatform().stateDirectory +
-                                               ". Please save it to another file.",
-                                       .title = "Output Log",
-                                       .icon = Message::Icon::Critical});
-    program_.FrmReport->cmdFile.Press();
+    const Message question = {.text = "The output log cannot be kept in " +
+                                      GetPlatform().stateDirectory + ". Save it to another file?",
+                              .title = "Output Log",
+                              .buttons = Message::Buttons::YesNo,
+                              .icon = Message::Icon::Critical};
+    while (GetPlatform().windows.ShowMessage(question) == Answer::Yes)
+        if (program_.FrmReport->SaveAsRichText()) return;
 }
 
 void MainForm::SaveUnitsAndHostBoxes() {

@@ -45,8 +45,11 @@ void Program::Introduce() {
 }
 
 void Program::EndSession() {
-    if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();
-    if (MainForm.Loaded()) MainForm->EndSession();
+    if (!MainForm.Loaded()) return;
+    MainForm->Run([this] {
+        if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();
+        MainForm->EndSession();
+    });
 }
 
 RLogClass& Program::ReportLog() {

@@ -31,18 +31,21 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
             form.Label11,        form.txthb,           form.txthm};
 }
 
-// A graph form that is not there yet is made, hidden, with the main form's inputs. Its first plot
-// yields, when the user may close what was there.
-void MakeGraphForms(Program& program) {
-    while (!program.GraphForm.Loaded() || !program.FrmOkumFieldStrength.Loaded()) {
-        *program.GraphForm;
-        *program.FrmOkumFieldStrength;
+// A graph form that is not there yet is made, hidden, with the main form's inputs and units. Its
+// first plot yields, when the user may close what was there. False where that is the program.
+bool MakeGraphForms(Program& program) {
+    const auto isMissing = [&program](const auto& form) {
+        return program.MainForm.Loaded() && !form.Loaded();
+    };
+    while (isMissing(program.GraphForm) || isMissing(program.FrmOkumFieldStrength)) {
+        if (isMissing(program.GraphForm)) *program.GraphForm;
+        if (isMissing(program.FrmOkumFieldStrength)) *program.FrmOkumFieldStrength;
     }
+    return program.MainForm.Loaded();
 }
 
 // The main form first.
 std::vector<UnitControls> FormsWithUnits(Program& program) {
-    MakeGraphForms(program);
     return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm),
             UnitControlsOf(*program.FrmOkumFieldStrength)};
 }
@@ -94,8 +97,7 @@ void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const 
 void Switch(Program& program, MainForm& main, const MenuItem& mark, bool toEnglish) {
     const Hourglass hourglass(main);
     program.platform.windows.Yield();
-    if (program.MainForm.Loaded()) MakeGraphForms(program);
-    if (!program.MainForm.Loaded() || mark.Checked()) return;
+    if (!program.MainForm.Loaded() || !MakeGraphForms(program) || mark.Checked()) return;
     const auto lengths = ReadLengths(main);
     if (!lengths) return;
     const auto forms = FormsWithUnits(program);
@@ -114,8 +116,11 @@ void SwitchUnlessOn(Program& program, bool toEnglish) {
 
 void SetMetricUnits(Program& program) { SwitchUnlessOn(program, false); }
 void SetEnglishUnits(Program& program) { SwitchUnlessOn(program, true); }
+
+// The main form's boxes hold feet and miles already, and the graph forms take them as such.
 void ShowEnglishUnits(Program& program) {
-    ShowUnits(FormsWithUnits(program), *program.MainForm, true);
+    ShowUnits({UnitControlsOf(*program.MainForm)}, *program.MainForm, true);
+    MakeGraphForms(program);
 }
 
 }  // namespace vardel

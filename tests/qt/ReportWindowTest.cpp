@@ -120,6 +120,21 @@ TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
     });
     EXPECT_EQ(Log().Content().PlainText(), "big");
     ASSERT_EQ(Log().Content().Pictures().size(), 2U);
+    // Cut and pasted behind what was pasted last, and taken back by one undo each.
+    const RichText before = Log().Content();
+    WhileOpen([&] {
+        Edit().moveCursor(QTextCursor::Start);
+        Edit().moveCursor(QTextCursor::Right, QTextCursor::KeepAnchor);
+        Edit().cut();
+        EXPECT_EQ(Log().Content().Pictures().size(), 1U);
+        Edit().moveCursor(QTextCursor::End);
+        Edit().paste();
+        EXPECT_EQ(Log().Content().Pictures().size(), 2U);
+        EXPECT_TRUE(Log().Text().ends_with(RichText::PictureMark));
+        Edit().undo();
+        Edit().undo();
+    });
+    EXPECT_EQ(Log().Content(), before);
     for (const auto& placed : Log().Content().Pictures()) {
         EXPECT_EQ(ImageOf(*placed.picture).convertToFormat(QImage::Format_RGB32), image);
         EXPECT_EQ(placed.picture->widthTwips, 600);

@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <system_error>
 
 #include "platform/Files.h"
+#include "platform/SaveWithDialog.h"
 #include "platform/qt/ChartPlot.h"
 #include "platform/qt/Convert.h"
-#include "platform/qt/DialogOver.h"
 #include "workbench/NumberText.h"
 
 namespace vardel {
@@ -211,40 +210,32 @@ void ChartWidget::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+// The window may be closed with the menu open.
 void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    menu.addAction("Copy Picture", this,
-                   [this] { QApplication::clipboard()->setImage(DrawChart(chart_)); });
-    menu.addSeparator();
-    const auto addSave = [&](const QString& caption, const QString& suffix, auto encode) {
-        menu.addAction(caption, this, [this, suffix, encode] { SaveAs(suffix, encode(chart_)); });
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction("Copy Picture", this,
+                    [this] { QApplication::clipboard()->setImage(DrawChart(chart_)); });
+    menu->addSeparator();
+    const auto addSave = [&](const QString& caption, const char* filter, auto encode) {
+        menu->addAction(caption, this, [this, filter, encode] { SaveAs(filter, encode(chart_)); });
     };
-    addSave("Save Picture as PNG ...", "png", ChartAsPng);
-    addSave("Save Picture as SVG ...", "svg", ChartAsSvg);
-    addSave("Save Picture as PDF ...", "pdf", ChartAsPdf);
-    addSave("Save Points as CSV ...", "csv", ChartAsCsv);
-    menu.addSeparator();
-    menu.addAction("Whole Graph", this, [this] { ResetScales(); });
-    menu.exec(event->globalPos());
+    addSave("Save Picture as PNG ...", "PNG Files (*.png)|*.png", ChartAsPng);
+    addSave("Save Picture as SVG ...", "SVG Files (*.svg)|*.svg", ChartAsSvg);
+    addSave("Save Picture as PDF ...", "PDF Files (*.pdf)|*.pdf", ChartAsPdf);
+    addSave("Save Points as CSV ...", "CSV Files (*.csv)|*.csv", ChartAsCsv);
+    menu->addSeparator();
+    menu->addAction("Whole Graph", this, [this] { ResetScales(); });
+    menu->popup(event->globalPos());
 }
 
-void ChartWidget::SaveAs(const QString& suffix, const QByteArray& bytes) {
-    DialogOver<QFileDialog> dialog;
-    dialog->setNameFilter(suffix.toUpper() + " (*." + suffix + ')');
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(suffix);
-    dialog->selectFile(ToQt(chart_.Title[0].Text) + '.' + suffix);
-    if (dialog.Exec() != QDialog::Accepted) return;
-    const std::string path = FromQt(dialog->selectedFiles().constFirst());
-    try {
-        ReplaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    } catch (const std::system_error&) {
-        DialogOver<QMessageBox> box;
-        box->setIcon(QMessageBox::Critical);
-        box->setWindowTitle("File Save");
-        box->setText(ToQt("Error in saving file " + path));
-        box.Exec();
-    }
+void ChartWidget::SaveAs(const std::string& filter, const QByteArray& bytes) {
+    chart_.Owner().Run([&] {
+        SaveWithDialog(
+            chart_.Owner(), filter, 1,
+            [&bytes](const SaveChoice& choice) { ReplaceFile(choice.path, bytes.toStdString()); },
+            chart_.Title[0].Text);
+    });
 }
 
 }  // namespace vardel

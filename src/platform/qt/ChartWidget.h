@@ -29,7 +29,7 @@ private:
     void ResetScales();
     void PlaceReadout();
     int PointsWithin(const QRect& area) const;
-    void SaveAs(const QString& suffix, const QByteArray& bytes);
+    void SaveAs(const std::string& filter, const QByteArray& bytes);
 
     Chart& chart_;
     QCPItemStraightLine* cursor_;

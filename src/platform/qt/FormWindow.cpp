@@ -122,10 +122,10 @@ void FormWindow::PressByEnter(QPushButton& button) {
         if (auto* other = qobject_cast<QPushButton*>(control.data())) return other->click();
         const QPointer<QPushButton> pressed(&button);
         pressed->setFocus();
-        if (pressed) pressed->click();
-        if (!control) return;
-        control->setFocus();
+        // What is typed while the button works is for the control already.
+        if (control) control->setFocus();
         if (auto* edit = qobject_cast<QLineEdit*>(control.data())) edit->selectAll();
+        if (pressed) pressed->click();
     });
 }
 

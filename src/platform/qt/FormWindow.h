@@ -54,8 +54,8 @@ protected:
 
     // Anywhere in the window. A key that is held counts once.
     void OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action);
-    // Enter leaves the control that has the focus, which has it checked, presses the button, and
-    // comes back to the control; on another button, it presses that one.
+    // Enter leaves the control that has the focus, which has it checked, comes back to it, and
+    // presses the button; on another button, it presses that one.
     void PressByEnter(QPushButton& button);
     // A window that only shows something: Enter and Escape are its one button.
     void LeaveBy(QPushButton& button);

@@ -38,13 +38,15 @@ QMessageBox::StandardButtons ButtonsOf(Message::Buttons buttons) {
     return QMessageBox::Ok;
 }
 
-// Closing a box by its frame is its cautious answer.
-Answer AnswerOf(int button, Message::Buttons buttons) {
-    switch (buttons) {
+// Closing a box by its frame, or with the program, presses no button.
+Answer AnswerOf(int button, const Message& message) {
+    switch (message.buttons) {
         case Message::Buttons::OkCancel:
             return button == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
         case Message::Buttons::YesNo:
-            return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
+            return button == QMessageBox::Yes  ? Answer::Yes
+                   : button == QMessageBox::No ? Answer::No
+                                               : message.closed;
         case Message::Buttons::Ok:
             break;
     }
@@ -165,7 +167,9 @@ Answer QtPlatform::ShowMessage(const Message& message) {
     box->setIcon(message.icon == Message::Icon::Critical   ? QMessageBox::Critical
                  : message.buttons == Message::Buttons::Ok ? QMessageBox::Information
                                                            : QMessageBox::Question);
-    return AnswerOf(box.Exec(), message.buttons);
+    if (message.buttons == Message::Buttons::YesNo)
+        box->setEscapeButton(message.closed == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
+    return AnswerOf(box.Exec(), message);
 }
 
 std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {

@@ -5,7 +5,9 @@
 #include <QPointer>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 
+#include "platform/Rtf.h"
 #include "platform/qt/Convert.h"
 #include "platform/qt/PictureConvert.h"
 #include "platform/qt/TextPositions.h"
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr std::string_view LineEnd = "\r\n";
+constexpr const char* OwnFormat = "application/x-vardel-log";  // rich text that this editor wrote
 
 QTextCharFormat FormatOf(TextStyle style) {
     QTextCharFormat format;
@@ -29,11 +32,7 @@ TextStyle StyleOf(const QTextCharFormat& format) {
     return {format.fontWeight() >= QFont::Bold, format.fontItalic(), format.fontUnderline()};
 }
 
-QString DocumentText(const RichText& content) {
-    QString text = ToQt(content.Text());
-    text.replace("\r\n", "\n");
-    return text;
-}
+QString WithShortLineEnds(const std::string& text) { return ToQt(text).replace("\r\n", "\n"); }
 
 }  // namespace
 
@@ -59,6 +58,10 @@ void RichTextEdit::TakeOver() {
 
 void RichTextEdit::Leave() {
     if (!editing_ || !binder_.IsAlive()) return;
+    // The caret stays where it is, but the next line of the log replaces nothing.
+    QTextCursor caret = textCursor();
+    caret.clearSelection();
+    setTextCursor(caret);
     box_.SetEditor({});
     editing_ = false;
     ShowAfresh({});
@@ -90,11 +93,11 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
     filled->setDefaultFont(font());
     filled->setDocumentMargin(Margin);
     filled->setUndoRedoEnabled(false);
-    filled->setPlainText(DocumentText(content));
+    filled->setPlainText(WithShortLineEnds(content.Text()));
     pictures_.clear();
     QTextCursor cursor(filled);
     cursor.beginEditBlock();
-    ShowStyles(*filled, content);
+    ShowStyles(*filled, 0, content);
     cursor.endEditBlock();
     filled->setUndoRedoEnabled(true);
     const QPointer<QTextDocument> before(document());
@@ -106,15 +109,21 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
 // the user's own edits.
 void RichTextEdit::ShowAsEdit(const RichText& content) {
     QTextCursor cursor(document());
-    cursor.beginEditBlock();
     cursor.select(QTextCursor::Document);
-    cursor.insertText(DocumentText(content), FormatOf({}));
-    ShowStyles(*document(), content);
+    InsertAt(cursor, content);
+}
+
+void RichTextEdit::InsertAt(QTextCursor cursor, const RichText& content) {
+    cursor.beginEditBlock();
+    const int start = cursor.selectionStart();
+    cursor.insertText(WithShortLineEnds(content.Text()), FormatOf({}));
+    ShowStyles(*document(), start, content);
     cursor.endEditBlock();
 }
 
-// Upon the bare text. A line's end stays plain, so that what is typed below a header is.
-void RichTextEdit::ShowStyles(QTextDocument& document, const RichText& content) {
+// Upon the bare text, which begins at start. A line's end stays plain, so that what is typed below
+// a header is.
+void RichTextEdit::ShowStyles(QTextDocument& document, int start, const RichText& content) {
     QTextCursor cursor(&document);
     const std::string_view text = content.Text();
     TextPosition at;
@@ -124,15 +133,15 @@ void RichTextEdit::ShowStyles(QTextDocument& document, const RichText& content) 
         std::size_t end = content.StretchEnd(i);
         if (text.substr(begin, end - begin).ends_with(LineEnd)) end -= LineEnd.size();
         at = AdvanceToBytes(text, at, begin);
-        cursor.setPosition(at.units);
+        cursor.setPosition(start + at.units);
         at = AdvanceToBytes(text, at, end);
-        cursor.setPosition(at.units, QTextCursor::KeepAnchor);
+        cursor.setPosition(start + at.units, QTextCursor::KeepAnchor);
         cursor.setCharFormat(FormatOf(style));
     }
     at = {};
     for (const auto& [position, picture] : content.Pictures()) {
         at = AdvanceToBytes(text, at, position);
-        ShowPicture(document, at.units, picture);
+        ShowPicture(document, start + at.units, picture);
     }
 }
 
@@ -161,7 +170,7 @@ void RichTextEdit::ShowPicture(QTextDocument& document, int position,
 RichTextBox::Edit RichTextEdit::UsersEdit() {
     RichTextBox::Edit edit;
     if (document()->isModified()) {
-        edit.content = Edited();
+        edit.content = ContentOf(*document());
         document()->setModified(false);
     }
     const std::string& text = (edit.content ? *edit.content : box_.HeldContent()).Text();
@@ -171,11 +180,11 @@ RichTextBox::Edit RichTextEdit::UsersEdit() {
     return edit;
 }
 
-RichText RichTextEdit::Edited() const {
+RichText RichTextEdit::ContentOf(const QTextDocument& document) const {
     RichText content;
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         // A line's end, which has no looks of its own, goes on in the style of its line.
-        if (block != document()->begin())
+        if (block != document.begin())
             content.Replace(
                 content.Length(), 0, LineEnd,
                 content.Stretches().empty() ? TextStyle{} : content.Stretches().back().style);
@@ -203,17 +212,30 @@ bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
     return source->hasImage() || source->hasText();
 }
 
+// What is copied or cut keeps its styles and pictures, here and in word processors.
+QMimeData* RichTextEdit::createMimeDataFromSelection() const {
+    QTextDocument selected;
+    QTextCursor(&selected).insertFragment(textCursor().selection());
+    const RichText content = ContentOf(selected);
+    const QByteArray rtf = QByteArray::fromStdString(WriteRtf(content));
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(WithShortLineEnds(content.PlainText()));
+    copied->setData(OwnFormat, rtf);
+    copied->setData("text/rtf", rtf);
+    return copied.release();
+}
+
 // Foreign fonts and colours stay outside: the columns live by the fixed pitch.
 void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (const auto own = ReadRtf(source->data(OwnFormat).toStdString()))
+        return InsertAt(textCursor(), *own);
     if (source->hasText()) {
         textCursor().insertText(source->text());
         return;
     }
-    const auto picture =
-        std::make_shared<const Picture>(PictureOf(qvariant_cast<QImage>(source->imageData())));
-    QTextCursor cursor = textCursor();
-    cursor.insertText(QString(QChar::ObjectReplacementCharacter));
-    ShowPicture(*document(), cursor.position() - 1, picture);
+    RichText picture;
+    picture.ReplaceByPicture(0, 0, PictureOf(qvariant_cast<QImage>(source->imageData())), {});
+    InsertAt(textCursor(), picture);
 }
 
 }  // namespace vardel

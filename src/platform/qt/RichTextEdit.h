@@ -23,15 +23,18 @@ public:
 protected:
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    QMimeData* createMimeDataFromSelection() const override;
 
 private:
     void ReadBox();
     void ShowAfresh(const RichText& content);
     void ShowAsEdit(const RichText& content);
-    void ShowStyles(QTextDocument& document, const RichText& content);
+    // In place of what the cursor has selected; undone as one.
+    void InsertAt(QTextCursor cursor, const RichText& content);
+    void ShowStyles(QTextDocument& document, int start, const RichText& content);
     void ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture);
     RichTextBox::Edit UsersEdit();
-    RichText Edited() const;
+    RichText ContentOf(const QTextDocument& document) const;
 
     RichTextBox& box_;
     Binder& binder_;
