@@ -8,6 +8,7 @@
 #include "models/ModCalculations.h"
 #include "platform/Hourglass.h"
 #include "platform/Platform.h"
+#include "workbench/BoxRule.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
 
@@ -53,13 +54,12 @@ bool ChooseArchive(Program& program) {
 // The boxes as they stand, without units of the heights. The doubled comma before the city size is
 // part of the format.
 std::string ParameterLine(const PlotForm& form) {
-    const auto text = [](const TextBox& box) { return std::string(Trimmed(box.Text())); };
     const std::string& area = form.cmbareatype.Text();
-    std::string line = "hb:" + text(form.txthb) + ",hm:" + text(form.txthm) +
+    std::string line = "hb:" + TrimmedText(form.txthb) + ",hm:" + TrimmedText(form.txthm) +
                        ",frq:" + form.txtFreq.Text() + ',' + area + ',';
-    if (area == "Urban") line += ',' + form.cmbcitysize.Text();
+    if (IsUrban(form.cmbareatype)) line += ',' + form.cmbcitysize.Text();
     line += ",Power:" + FormatNumber(GetPowerWatts() / 1000.0, "###.##") + "kW e.r.p.,";
-    return line + text(form.txtPctTime) + "%T," + text(form.txtPctLoc) + "%L";
+    return line + TrimmedText(form.txtPctTime) + "%T," + TrimmedText(form.txtPctLoc) + "%L";
 }
 
 void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,

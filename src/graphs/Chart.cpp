@@ -8,7 +8,7 @@ namespace vardel {
 
 Chart::Chart(Form& form, std::string name, std::string title, std::string xTitle,
              std::string yTitle)
-    : Control(form, std::move(name)), form_(form) {
+    : Control(form, std::move(name)) {
     Title[0].Text = std::move(title);
     Axis[0].Title = std::move(xTitle);
     Axis[1].Title = std::move(yTitle);
@@ -29,20 +29,20 @@ void Chart::SetSeriesData(int index, std::string label, const double* x, const d
 }
 
 void Chart::CopyToClipboard() {
-    Platform& platform = form_.GetPlatform();
+    Platform& platform = Owner().GetPlatform();
     platform.clipboard.SetPicture(platform.charts.PictureOf(*this));
 }
 
 void Chart::SaveMetafile(int /*format*/, const std::string& path) {
-    ReplaceFile(path, form_.GetPlatform().charts.MetafileOf(*this));
+    ReplaceFile(path, Owner().GetPlatform().charts.MetafileOf(*this));
 }
 
 void Chart::PrintChart() {
-    PrintOnCurrentPrinter(form_, Title[0].Text, [this](const std::string& file) {
-        form_.GetPlatform().printers.PrintChart(*this, file);
+    PrintOnCurrentPrinter(Owner(), Title[0].Text, [this](const std::string& file) {
+        Owner().GetPlatform().printers.PrintChart(*this, file);
     });
 }
 
-void Chart::PrinterSetup() { form_.GetPlatform().printers.ShowPrinterSetup(); }
+void Chart::PrinterSetup() { Owner().GetPlatform().printers.ShowPrinterSetup(); }
 
 }  // namespace vardel

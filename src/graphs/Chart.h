@@ -55,8 +55,6 @@ class Chart : public Control {
 public:
     Chart(Form& form, std::string name, std::string title, std::string xTitle, std::string yTitle);
 
-    Form& Owner() const { return form_; }
-
     // Series count from 0 and come to be when they are first touched. One without data is not
     // shown.
     ChartSeries& Series(int index);
@@ -85,7 +83,6 @@ public:
     ChartLegend Legend;
 
 private:
-    Form& form_;
     std::vector<ChartSeries> series_;
     int redraws_ = 0;
 };

@@ -5,6 +5,7 @@
 #include "graphs/MeasuredData.h"
 #include "models/ModCalculations.h"
 #include "platform/Platform.h"
+#include "workbench/BoxRule.h"
 #include "workbench/NumberText.h"
 #include "workbench/Program.h"
 
@@ -111,13 +112,11 @@ void FrmOkumFieldStrength::DrawComparison(CurveDrawing& drawing, const ModelInpu
 // The boxes as they stand, with metric unit letters also where they show feet. In a family the base
 // height is told with each curve instead.
 void FrmOkumFieldStrength::SetTitles() {
-    const auto text = [](std::string_view boxText) { return std::string(Trimmed(boxText)); };
-    const std::string area = text(cmbareatype.Text());
-    const bool urban = area == "Urban";
-    std::string line = "Frq:" + text(txtFreq.Text()) + "MHz,";
-    if (program_.GraphMode == GraphComparison) line += " Ant Hb:" + text(txthb.Text()) + "m,";
-    line += " Ant Hm:" + text(txthm.Text()) + "m, Area:" + area + ", ";
-    if (urban) line += "City Size:" + text(cmbcitysize.Text()) + ", ";
+    const bool urban = IsUrban(cmbareatype);
+    std::string line = "Frq:" + TrimmedText(txtFreq) + "MHz,";
+    if (program_.GraphMode == GraphComparison) line += " Ant Hb:" + TrimmedText(txthb) + "m,";
+    line += " Ant Hm:" + TrimmedText(txthm) + "m, Area:" + cmbareatype.Text() + ", ";
+    if (urban) line += "City Size:" + cmbcitysize.Text() + ", ";
     line += "Power:" + FormatNumber(GetPowerWatts() / 1000.0, "###.##") + "kW e.r.p.,";
     line += urban ? txtPctTime.Text() + "%time," + txtPctLoc.Text() + "%Loc"
                   : ' ' + txtPctTime.Text() + "% of Time," + txtPctLoc.Text() + "% of Loc";

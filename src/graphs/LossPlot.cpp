@@ -4,6 +4,7 @@
 #include "graphs/GraphForm.h"
 #include "models/ModCalculations.h"
 #include "platform/Platform.h"
+#include "workbench/BoxRule.h"
 #include "workbench/NumberText.h"
 
 namespace vardel {
@@ -39,11 +40,10 @@ void GraphForm::DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) {
 
 // The boxes as they stand, with metric unit letters also where they show feet.
 void GraphForm::SetTitles() {
-    const auto text = [](const TextBox& box) { return std::string(Trimmed(box.Text())); };
     std::string parameters =
-        "Freq: " + text(txtFreq) + "MHz,  Antenna Mobile Height: " + text(txthm) +
-        "m,  Antenna Base Height: " + text(txthb) + "m,  Area: " + cmbareatype.Text();
-    if (cmbareatype.Text() == "Urban") parameters += ", City Size: " + cmbcitysize.Text();
+        "Freq: " + TrimmedText(txtFreq) + "MHz,  Antenna Mobile Height: " + TrimmedText(txthm) +
+        "m,  Antenna Base Height: " + TrimmedText(txthb) + "m,  Area: " + cmbareatype.Text();
+    if (IsUrban(cmbareatype)) parameters += ", City Size: " + cmbcitysize.Text();
     SetChartTitles(CTWX1,
                    txtPctTime.Text() + "%Time, " + txtPctLoc.Text() + "%Loc, " +
                        FormatDateTime(GetPlatform().clock.Now()),

@@ -99,7 +99,7 @@ void PlotForm::LoadInputs(const MainForm& main) {
     mnuUnitsMetric.SetChecked(main.mnuUnitsMetric.Checked());
     mnuUnitsEnglish.SetChecked(main.mnuUnitsEnglish.Checked());
     for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
-    cmbcitysize.SetEnabled(cmbareatype.Text() == "Urban");
+    ApplyAreaRule(cmbareatype, cmbcitysize);
     MarkStale();  // until the first plot is drawn
 }
 

@@ -10,10 +10,6 @@ void Event::Raise() {
     form_.Run(routine);
 }
 
-Control::Control(Form& form, std::string name) : name_(std::move(name)) {
-    form.controls_.push_back(this);
-}
-
 TextBox::TextBox(Form& form, std::string name, std::string text)
     : Control(form, std::move(name)), Change(form), LostFocus(form), text_(std::move(text)) {}
 
@@ -86,15 +82,12 @@ double ProgressBar::Filled() const {
 }
 
 MenuItem::MenuItem(Form& form, std::string name, std::string caption)
-    : Control(form, std::move(name)), Click(form), form_(form), caption_(std::move(caption)) {
+    : Control(form, std::move(name)), Click(form), caption_(std::move(caption)) {
     form.menuBar_.push_back(this);
 }
 
 MenuItem::MenuItem(MenuItem& menu, std::string name, std::string caption)
-    : Control(menu.form_, std::move(name)),
-      Click(menu.form_),
-      form_(menu.form_),
-      caption_(std::move(caption)) {
+    : Control(menu.Owner(), std::move(name)), Click(menu.Owner()), caption_(std::move(caption)) {
     menu.entries_.push_back(this);
 }
 

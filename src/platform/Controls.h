@@ -29,8 +29,9 @@ private:
 
 class Control : public Element {
 public:
-    Control(Form& form, std::string name);
+    Control(Form& owner, std::string name) : owner_(owner), name_(std::move(name)) {}
 
+    Form& Owner() const { return owner_; }
     const std::string& Name() const { return name_; }
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled) { Assign(enabled_, enabled); }
@@ -46,6 +47,7 @@ protected:
     ~Control() = default;
 
 private:
+    Form& owner_;
     std::string name_;
     std::string toolTipText_;
     std::string stateText_;
@@ -236,7 +238,6 @@ public:
     Event Click;
 
 private:
-    Form& form_;
     std::string caption_;
     bool checked_ = false;
     bool checkable_ = false;

@@ -2,10 +2,11 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
+
+#include "platform/Files.h"
 
 namespace vardel {
 
@@ -13,21 +14,14 @@ namespace {
 
 std::string LockPath(const std::string& path) { return path + ".lock"; }
 
-// A lock on a file that its last holder has just removed claims nothing.
-bool IsStillNamed(int lock, const std::string& path) {
-    struct stat opened {
-    }, named{};
-    return ::fstat(lock, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
-           opened.st_ino == named.st_ino;
-}
-
 }  // namespace
 
 std::optional<FileClaim> FileClaim::Take(const std::string& path) {
     const std::string lockPath = LockPath(path);
     const int lock = ::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (lock < 0) return std::nullopt;
-    if (::flock(lock, LOCK_EX | LOCK_NB) != 0 || !IsStillNamed(lock, lockPath)) {
+    // A lock on a file that its last holder has just removed claims nothing.
+    if (::flock(lock, LOCK_EX | LOCK_NB) != 0 || !StillNames(lockPath, lock)) {
         ::close(lock);
         return std::nullopt;
     }

@@ -53,11 +53,7 @@ PartFile OpenPart(const fs::path& target, mode_t mode) {
         if (!file.Valid()) Fail(path);
         if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) continue;
         // The other program may have renamed it between the opening and the locking.
-        struct stat opened {
-        }, named{};
-        if (::fstat(file.Get(), &opened) != 0 || ::stat(path.c_str(), &named) != 0 ||
-            opened.st_ino != named.st_ino)
-            continue;
+        if (!StillNames(path, file.Get())) continue;
         if (::ftruncate(file.Get(), 0) != 0) Fail(path);
         return {std::move(file), path};
     }
@@ -90,6 +86,13 @@ bool MayWriteFile(const std::string& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && (status.st_mode & 0222) != 0 &&
            ::access(path.c_str(), W_OK) == 0;
+}
+
+bool StillNames(const std::string& path, int descriptor) {
+    struct stat opened {
+    }, named{};
+    return ::fstat(descriptor, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
+           opened.st_ino == named.st_ino;
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {

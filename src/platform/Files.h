@@ -14,6 +14,10 @@ bool FileExists(const std::string& path);
 // permissions speak.
 bool MayWriteFile(const std::string& path);
 
+// Whether the path still names the file that the descriptor has open, and no other that was put in
+// its place since.
+bool StillNames(const std::string& path, int descriptor);
+
 // The whole content; nothing when the file cannot be read.
 std::optional<std::string> ReadWholeFile(const std::string& path);
 

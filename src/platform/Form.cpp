@@ -25,7 +25,7 @@ void Form::Unload() {
     if (unloaded_) return;
     unloaded_ = true;
     Run([this] {
-        Form_Unload();
+        Run([this] { Form_Unload(); });  // where that fails the form goes all the same
         SetVisible(false);
         if (onUnloaded_) onUnloaded_();
     });

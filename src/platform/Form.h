@@ -8,7 +8,6 @@
 
 namespace vardel {
 
-class Control;
 class MenuItem;
 struct Platform;
 
@@ -28,7 +27,6 @@ public:
     Pointer MousePointer() const { return pointer_; }
     void SetMousePointer(Pointer pointer) { Assign(pointer_, pointer); }
 
-    const std::vector<Control*>& Controls() const { return controls_; }
     const std::vector<MenuItem*>& MenuBar() const { return menuBar_; }
     Platform& GetPlatform() const { return platform_; }
 
@@ -46,7 +44,6 @@ public:
     void Run(const std::function<void()>& routine);
 
 private:
-    friend class Control;
     friend class MenuItem;
     template <class T>
     friend class FormSlot;
@@ -58,7 +55,6 @@ private:
     std::string name_;
     std::string caption_;
     Pointer pointer_ = Pointer::Normal;
-    std::vector<Control*> controls_;
     std::vector<MenuItem*> menuBar_;
 
     int routinesRunning_ = 0;

@@ -2,20 +2,27 @@
 
 #include <algorithm>
 
+#include "platform/Utf8.h"
+
 namespace vardel {
 
 namespace {
 
-std::string WithFullLineEnds(std::string_view text) {
+// The text with full line ends, and with a replacement character for each byte that is no UTF-8:
+// whoever shows the text counts by its characters.
+std::string Cleaned(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\r' && text[i] != '\n') {
-            result += text[i];
-            continue;
+    while (!text.empty()) {
+        if (text.front() == '\r' || text.front() == '\n') {
+            result += "\r\n";
+            text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
+        } else if (static_cast<unsigned char>(text.front()) >= 0x80) {
+            AppendUtf8(result, TakeUtf8(text));
+        } else {
+            result += text.front();
+            text.remove_prefix(1);
         }
-        result += "\r\n";
-        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
     }
     return result;
 }
@@ -104,7 +111,7 @@ std::size_t RichText::Replace(std::size_t at, std::size_t length, std::string_vi
                               TextStyle style) {
     at = std::min(at, text_.size());
     Erase(at, std::min(length, text_.size() - at));
-    const std::string full = WithFullLineEnds(text);
+    const std::string full = Cleaned(text);
     Insert(at, full, style);
     return full.size();
 }

@@ -45,7 +45,8 @@ public:
         std::shared_ptr<const Picture> picture;
     };
 
-    // Lines end with a carriage return and line feed, also where a lone one of them was put in.
+    // Lines end with a carriage return and line feed, also where a lone one of them was put in, and
+    // U+FFFD stands for each byte that was no UTF-8.
     const std::string& Text() const { return text_; }
     std::size_t Length() const { return text_.size(); }
     // In order; none is empty, and no two neighbours are alike.

@@ -14,6 +14,8 @@ public:
                              const std::string& key) = 0;
     virtual void Write(const std::string& application, const std::string& section,
                        const std::string& key, const std::string& text) = 0;
+    // Whether anything could not be written since the program began.
+    virtual bool HasFailed() const = 0;
     virtual void Delete(const std::string& application, const std::string& section,
                         const std::string& key) = 0;
 };

@@ -12,19 +12,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::directory_entry> LogsIn(const std::string& folder) {
-    std::vector<fs::directory_entry> logs;
+// The youngest first. Other programs may write to them meanwhile, so each is looked at once.
+std::vector<fs::path> LogsIn(const std::string& folder) {
+    std::vector<std::pair<fs::file_time_type, fs::path>> logs;
     std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.starts_with("log") && name.ends_with(".rtf") && entry.is_regular_file(error))
-            logs.push_back(entry);
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const std::string name = it->path().filename().string();
+        std::error_code gone;
+        if (name.starts_with("log") && name.ends_with(".rtf") && it->is_regular_file(gone))
+            logs.emplace_back(it->last_write_time(gone), it->path());
     }
-    std::sort(logs.begin(), logs.end(), [](const auto& a, const auto& b) {
-        std::error_code ignored;
-        return a.last_write_time(ignored) > b.last_write_time(ignored);
-    });
-    return logs;
+    std::sort(logs.rbegin(), logs.rend());
+    std::vector<fs::path> paths;
+    for (auto& [time, path] : logs) paths.push_back(std::move(path));
+    return paths;
 }
 
 }  // namespace
@@ -36,12 +37,12 @@ bool TempLog::Continue(const std::string& path) {
 }
 
 bool TempLog::TakeUpOrphan() {
-    for (const fs::directory_entry& entry : LogsIn(folder_)) {
-        auto claim = FileClaim::Take(entry.path().string());
+    for (const fs::path& path : LogsIn(folder_)) {
+        auto claim = FileClaim::Take(path.string());
         std::error_code error;
-        if (!claim || !fs::exists(entry.path(), error)) continue;
-        if (fs::file_size(entry.path(), error) == 0) {
-            fs::remove(entry.path(), error);  // begun, and never saved to
+        if (!claim || !fs::exists(path, error)) continue;
+        if (fs::file_size(path, error) == 0) {
+            fs::remove(path, error);  // begun, and never saved to
             continue;
         }
         claim_ = std::move(claim);

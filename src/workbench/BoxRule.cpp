@@ -14,10 +14,13 @@ void ApplyBoxRule(TextBox& box, const BoxRule& rule, Form& form) {
     box.SetText(rule.pattern != nullptr ? FormatNumber(x, rule.pattern) : ShortestText(x));
 }
 
+std::string TrimmedText(const TextBox& box) { return std::string(Trimmed(box.Text())); }
+
+bool IsUrban(const ComboBox& area) { return area.Text() == "Urban"; }
+
 void ApplyAreaRule(const ComboBox& area, ComboBox& city) {
-    const bool urban = area.Text() == "Urban";
-    city.SetEnabled(urban);
-    if (!urban) city.SetText("Small/Medium");
+    city.SetEnabled(IsUrban(area));
+    if (!IsUrban(area)) city.SetText("Small/Medium");
 }
 
 namespace {

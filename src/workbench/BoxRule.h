@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "platform/Controls.h"
 
@@ -22,6 +23,9 @@ constexpr const char* InputPattern = "#####0.0###";
 // Reads the box's leading number; outside the limits it shows the message and takes the
 // replacement. Writes the number back in any case.
 void ApplyBoxRule(TextBox& box, const BoxRule& rule, Form& form);
+
+std::string TrimmedText(const TextBox& box);
+bool IsUrban(const ComboBox& area);
 
 // Only an urban area knows large cities: elsewhere the list is disabled, on the small ones.
 void ApplyAreaRule(const ComboBox& area, ComboBox& city);

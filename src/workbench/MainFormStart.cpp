@@ -152,7 +152,7 @@ void MainForm::ReadMeasuredTables() {
 
 // The percentages are not among the defaults.
 void MainForm::SetDefaultInputs() {
-    program_.PowerUnit = 1;
+    program_.PowerUnit = UnitKilowatts;
     cmbPowerUnit.SetText("kW e.r.p.");
     PowerWatts = 1000.0;
     txtPowerUnit.SetText("1");
@@ -198,6 +198,10 @@ void MainForm::Form_Unload() {
     const bool retainLog = sessionEnded_ || answer == Answer::Yes;
     if (retainLog && !SaveLogChanges() && !sessionEnded_) SaveLogElsewhere();
     SaveSettings(retainLog);
+    if (GetPlatform().settings.HasFailed() && !sessionEnded_)
+        GetPlatform().windows.ShowMessage(
+            {.text = "The settings cannot be saved: the next start may begin with other inputs.",
+             .icon = Message::Icon::Critical});
     GetPlatform().windows.EndProgram();
 }
 

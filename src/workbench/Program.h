@@ -8,6 +8,7 @@
 #include "platform/Color.h"
 #include "platform/FormSlot.h"
 #include "platform/Platform.h"
+#include "workbench/PowerUnits.h"
 
 namespace vardel {
 
@@ -53,7 +54,7 @@ public:
     Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
     Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on
     Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
-    int PowerUnit = 1;                     // of the power box, see PowerUnits.h
+    int PowerUnit = UnitKilowatts;         // of the power box, see PowerUnits.h
 
     FormSlot<vardel::MainForm> MainForm;
     FormSlot<vardel::FrmReport> FrmReport;

@@ -55,6 +55,7 @@ public:
         store[application + '/' + section + '/' + key] = text;
         writes.push_back(key);
     }
+    bool HasFailed() const override { return storeFails; }
     void Delete(const std::string& application, const std::string& section,
                 const std::string& key) override {
         store.erase(application + '/' + section + '/' + key);
@@ -98,7 +99,8 @@ public:
     std::function<std::string()> onQuestion;   // what is answered; none: the user cancels
     std::map<std::string, std::string> store;  // by application/section/key
     std::vector<std::string> writes;           // the keys, in order
-    std::string helpFile;                      // empty: none, or closed
+    bool storeFails = false;
+    std::string helpFile;  // empty: none, or closed
     std::vector<std::string> opened;
     std::optional<Picture> picture;
     std::string clipboardText;

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 
 #include "reports/FrmPrintOut.h"
 #include "reports/frmPrinterSelect.h"
@@ -40,8 +39,7 @@ PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
     }
     auto* done = findChild<QPushButton*>("cmdOK");
     findChild<QPushButton*>("cmdPrint")->setFocus();
-    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, done,
-                     &QPushButton::click);
+    OnKeys({Qt::Key_Escape}, [done] { done->click(); });
 }
 
 PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(form) {
@@ -56,8 +54,7 @@ PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(fo
     column->addWidget(select);
     names->setFocus();
     QObject::connect(names->lineEdit(), &QLineEdit::returnPressed, select, &QPushButton::click);
-    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
-                     [this] { close(); });
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
 }
 
 }  // namespace vardel

@@ -33,6 +33,8 @@ void QtSettings::Write(const std::string& application, const std::string& sectio
                        const std::string& key, const std::string& text) {
     QSettings file(FileOf(application), QSettings::IniFormat);
     file.setValue(PathOf(section, key), ToQt(text));
+    file.sync();
+    failed_ |= file.status() != QSettings::NoError;
 }
 
 void QtSettings::Delete(const std::string& application, const std::string& section,

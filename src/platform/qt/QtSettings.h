@@ -13,6 +13,10 @@ public:
                const std::string& text) override;
     void Delete(const std::string& application, const std::string& section,
                 const std::string& key) override;
+    bool HasFailed() const override { return failed_; }
+
+private:
+    bool failed_ = false;
 };
 
 }  // namespace vardel
