@@ -263,6 +263,16 @@ TEST_F(FieldStrengthGraphs, UnitsOfAFormMadeHidden) {
     });
 }
 
+TEST_F(FieldStrengthGraphs, AFormThatASwitchMadeIsOpenedAfterNew) {
+    Main().mnuUnitsEnglish.Pick();
+    Main().mnuFileNew.Pick();
+    WhileOpen(Main().mnuGraphCompare, [&] {
+        EXPECT_EQ(Graph().txthb.Text() + Graph().Label10.Caption(), "100.0m");
+        EXPECT_TRUE(IsGood());
+    });
+    EXPECT_EQ(Main().txthb.Text(), "100.0");
+}
+
 TEST(FieldStrengthStart, InEnglishUnits) {
     FakePlatform platform;
     {

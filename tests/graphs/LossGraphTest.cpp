@@ -203,6 +203,34 @@ TEST_F(LossGraph, UnitsSwitchBothFormsFromEither) {
     EXPECT_EQ(Graph().txthb.Text(), "328.084");
 }
 
+TEST_F(LossGraph, AFormThatASwitchMadeKnowsTheUnitsItIsOpenedIn) {
+    Main().cmbareatype.SetText("Suburban");
+    Main().mnuUnitsEnglish.Pick();
+    Main().mnuFileNew.Pick();
+    platform.whileShown["GraphForm"] = [&] {
+        EXPECT_EQ(Graph().txthb.Text() + Graph().Label10.Caption(), "100.0m");
+        EXPECT_NEAR(TheChart().AllSeries()[1].Y[90], 143.13, 0.005) << "at 10 km";
+        EXPECT_TRUE(IsGood());
+        Graph().CloseByFrame();
+    };
+    Main().mnuGraphdBloss.Pick();
+    EXPECT_EQ(Main().txthb.Text() + Main().Label10.Caption(), "100.0m");
+    EXPECT_TRUE(Main().mnuUnitsMetric.Checked());
+}
+
+TEST_F(LossGraph, AStartInEnglishUnitsPlotsFeetOfTheStoredArea) {
+    Main().cmbareatype.SetText("Suburban");
+    Main().mnuUnitsEnglish.Pick();
+    Main().mnuFileExit.Pick();
+    Program next{platform.Services()};
+    next.Start();
+    const ModelInputs in{450, 10, 100, 1.5, "Suburban", "Small/Medium", 50, 50};
+    EXPECT_NEAR(next.GraphForm->CTWX1.AllSeries()[1].Y[90], DavidsonLoss(in), 0.001);
+    next.GraphForm->Unload();
+    EXPECT_EQ(next.MainForm->cmbareatype.Text(), "Suburban");
+    EXPECT_EQ(next.MainForm->txthb.Text(), "328.084");
+}
+
 TEST_F(LossGraph, SavingAndCopying) {
     platform.saveChoice = SaveChoice{platform.folder.Path("graph.wmf"), 1};
     Graph().mnuFileSave.Pick();

@@ -107,6 +107,12 @@ TEST(RichText, EditsAsTheModelDoes) {
     }
 }
 
+TEST(RichText, BytesThatAreNoUtf8BecomeReplacementCharacters) {
+    RichText text;
+    EXPECT_EQ(text.Replace(0, 0, "a\xE9\xC3\xA9", {}), 6U);
+    EXPECT_EQ(text.Text(), "a\uFFFDé");
+}
+
 TEST(RichText, IsEqualOnlyWithStylesAndPictures) {
     const auto make = [](bool bold, const char* png) {
         RichText text;

@@ -117,8 +117,11 @@ TEST_F(MainWindowTest, AMessageWhenABoxIsLeftDoesNotSwallowTheClick) {
 TEST_F(MainWindowTest, EnterLeavesTheBoxCalculatesAndComesBack) {
     std::vector<std::string> events;
     Main().txtFreq.LostFocus = [&] { events.push_back("LostFocus"); };
-    Main().cmdLossCalc.Click = [&] { events.push_back("Click"); };
     auto& box = Widget<QLineEdit>("txtFreq");
+    Main().cmdLossCalc.Click = [&] {
+        events.push_back("Click");
+        EXPECT_TRUE(box.hasFocus()) << "keys that come meanwhile are for it";
+    };
     for (int i = 0; i < 2; ++i) {
         QTest::keyClicks(&box, "900");
         QTest::keyClick(&box, Qt::Key_Return);

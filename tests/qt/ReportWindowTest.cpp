@@ -87,6 +87,14 @@ TEST_F(ReportWindowTest, EditingComesBackToTheLog) {
     EXPECT_EQ(Log().Text(), header + "underplain é𝄞\r\ntyped {\\}\r\nnexXt");
 }
 
+TEST_F(ReportWindowTest, WhatWasLeftSelectedIsNotReplaced) {
+    program.MainForm->cmdLossCalc.Press();
+    const std::string text = Log().Text();
+    WhileOpen([&] { Edit().selectAll(); });
+    program.MainForm->lblFieldStrength.DblClick.Raise();
+    EXPECT_TRUE(Log().Text().starts_with(text));
+}
+
 TEST_F(ReportWindowTest, TheButtonsWorkOnWhatTheUserSees) {
     WhileOpen([&] {
         QTest::keyClicks(&Edit(), "abc");

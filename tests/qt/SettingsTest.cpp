@@ -29,6 +29,11 @@ TEST(QtSettings, KeepsEveryText) {
     settings.Delete("App name", "Some Section", "Key_1");
     EXPECT_EQ(settings.Read("App name", "Some Section", "Key_1"), "");
     EXPECT_EQ(settings.Read("Nobody", "Nothing", "Key"), "");
+    EXPECT_FALSE(settings.HasFailed());
+    const QDir config(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+    config.mkpath("vardel/A folder.ini");
+    settings.Write("A folder", "Section", "Key", "text");
+    EXPECT_TRUE(settings.HasFailed());
 }
 
 TEST(Termination, SavesWhatAnExitWouldWithoutAQuestion) {

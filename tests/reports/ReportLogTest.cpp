@@ -39,6 +39,14 @@ TEST_F(ReportLog, AddGoesInAtTheCaretInPlaceOfTheSelection) {
     EXPECT_EQ(Log().Selected().start, Log().Text().size());
 }
 
+TEST_F(ReportLog, ALineComesWholeBehindTheLogWhereverTheCaretIs) {
+    Main().cmdLossCalc.Press();
+    const std::string text = Log().Text();
+    Log().Select({4, 30});
+    Main().cmdLossCalc.Press();
+    EXPECT_EQ(Log().Text(), text + LastLine() + "\r\n");
+}
+
 TEST_F(ReportLog, ClearingTheLogAndClearingTheWindowDiffer) {
     Main().cmdLossCalc.Press();
     Window().cmdClear.Press();

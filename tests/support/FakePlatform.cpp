@@ -29,6 +29,7 @@ void FakePlatform::ShowModal(Form& form, Form*) {
 
 Answer FakePlatform::ShowMessage(const Message& message) {
     messages.push_back(message);
+    if (onMessage) onMessage(message);
     if (!answers.empty()) {
         const Answer answer = answers.front();
         answers.pop();

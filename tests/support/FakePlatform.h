@@ -90,6 +90,7 @@ public:
     std::vector<Message> messages;
     std::queue<Answer> answers;                               // first what a box has a button for
     std::map<std::string, std::function<void()>> whileShown;  // by a modal form's name
+    std::function<void(const Message&)> onMessage;
     std::function<void()> onYield;
     std::vector<FileDialog> saveDialogs;
     std::optional<SaveChoice> saveChoice;

@@ -198,6 +198,20 @@ TEST_F(InputRules, TheUnitSwitchChangesWhatIsShownAndNotThePhysics) {
     EXPECT_EQ(platform.TakeMessages().size(), 1U);
 }
 
+TEST_F(InputRules, TheProgramMayBeClosedAtEachYieldOfASwitch) {
+    for (int closing = 1; closing <= 3; ++closing) {
+        FakePlatform its;
+        Program closed{its.Services()};
+        closed.Start();
+        its.onYield = [&] {
+            if (its.yields == closing) closed.MainForm->Unload();
+        };
+        closed.MainForm->mnuUnitsEnglish.Pick();
+        EXPECT_TRUE(its.ended) << closing;
+        EXPECT_FALSE(closed.MainForm.Loaded()) << closing;
+    }
+}
+
 TEST_F(InputRules, AHeldModelNameTellsItsRange) {
     const struct {
         std::array<Label, 2> MainForm::*heads;

@@ -5,6 +5,7 @@
 
 #include "help/UserGuide.h"
 #include "platform/Files.h"
+#include "platform/Rtf.h"
 #include "settings/Registry.h"
 #include "support/RunningProgram.h"
 
@@ -116,6 +117,23 @@ TEST_F(StartAndExit, WhatCameIntoTheLogBehindItsLastRunIsRetainedToo) {
     EXPECT_EQ(ReadWholeFile(platform.folder.Path("elsewhere.txt")), longer + "\r\n");
 }
 
+TEST_F(StartAndExit, ALogWithoutAFileIsToldAndSavedElsewhere) {
+    ReplaceFile(platform.folder.Path("state"), "a file in the folder's place");
+    Start();
+    EXPECT_THAT(platform.TakeMessages(), Contains(HasSubstr("cannot be kept")));
+    Main().cmdLossCalc.Press();
+    platform.saveChoice = {platform.folder.Path("missing/elsewhere.rtf"), 3};
+    platform.onMessage = [this](const Message& message) {
+        if (message.text.starts_with("Error in saving"))
+            platform.saveChoice->path = platform.folder.Path("elsewhere.rtf");
+    };
+    platform.storeFails = true;
+    const RichText log = program->FrmReport->rtbLog.Content();
+    Exit(Answer::Yes);
+    EXPECT_EQ(ReadRtf(*ReadWholeFile(platform.folder.Path("elsewhere.rtf"))), log);
+    EXPECT_THAT(platform.TakeMessages().back(), HasSubstr("settings cannot be saved"));
+}
+
 TEST_F(StartAndExit, EnglishUnitsComeBackWithTheirNumbers) {
     Start();
     Main().mnuUnitsEnglish.Pick();
@@ -201,6 +219,26 @@ TEST_F(StartAndExit, TheEndOfTheSessionSavesWithoutAQuestion) {
     Start();
     EXPECT_EQ(Log(), log);
     EXPECT_EQ(Main().txthm.Text(), "3");
+
+    // A question that is open then goes away without the user's answer.
+    platform.onMessage = [this](const Message& message) {
+        if (message.text.starts_with("Retain")) program->EndSession();
+    };
+    Exit(Answer::No);
+    platform.onMessage = nullptr;
+    Start();
+    EXPECT_EQ(Log(), log);
+}
+
+TEST_F(StartAndExit, ASessionThatEndsDuringTheStartChangesNothing) {
+    Start();
+    Main().mnuUnitsEnglish.Pick();
+    Main().cmdLossCalc.Press();
+    Exit(Answer::Yes);
+    const auto store = platform.store;
+    platform.onYield = [this] { program->EndSession(); };
+    Start();
+    EXPECT_EQ(platform.store, store);
 }
 
 TEST_F(StartAndExit, MeasuredTablesAreReadAndListed) {
