@@ -2,7 +2,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 

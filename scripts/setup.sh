@@ -13,7 +13,7 @@ packages=(
   cmark-gfm fp-utils
   # tests and checks
   libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
-  libreoffice-draw-nogui python3 xvfb xdotool gnuplot-nox
+  libreoffice-draw-nogui python3 xvfb xdotool imagemagick gnuplot-nox
   clang clang-format libclang-rt-14-dev
   # the package
   librsvg2-bin desktop-file-utils appstream man-db dpkg-dev file

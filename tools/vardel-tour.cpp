@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>

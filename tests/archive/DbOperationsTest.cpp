@@ -17,7 +17,6 @@
 namespace vardel {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr int Points = 991;

@@ -29,10 +29,12 @@ class WholeProgram(unittest.TestCase):
 
     def tearDown(self):
         outcome = self._outcome.result
-        if outcome.failures or outcome.errors:
-            self.user.picture(self.id().split(".")[-1] + ".png")
-        self.user.kill()
-        self.user.scratch.cleanup()
+        try:
+            if any(test is self for test, _ in outcome.failures + outcome.errors):
+                self.user.picture(self.id().split(".")[-1] + ".png")
+        finally:
+            self.user.kill()
+            self.user.scratch.cleanup()
 
     # What several tests do.
 

@@ -1,16 +1,13 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
 
-#include "help/frmInfoScreen.h"
 #include "platform/Files.h"
 #include "platform/Rtf.h"
 #include "platform/qt/QtPlatform.h"
@@ -21,8 +18,6 @@
 
 namespace vardel {
 namespace {
-
-using testing::StartsWith;
 
 class RangeWindowTest : public testing::Test {
 protected:
@@ -73,37 +68,6 @@ protected:
     Program program{platform.Services()};
 };
 
-TEST_F(RangeWindowTest, RestartsBeginAnewAndTheFrameEndsUnsaved) {
-    int restarts = 0;
-    constexpr int Restarts = 20;
-    QTimer again;
-    QObject::connect(&again, &QTimer::timeout, &again, [&] {
-        EXPECT_EQ(Log().substr(0, 8), Log().empty() ? "" : "     0.1");
-        if (++restarts <= Restarts) {
-            Click("cmdLogDistRange");
-            return;
-        }
-        again.stop();
-        Window().close();
-    });
-    long before = 0;
-    InALongRun([&] {
-        before = Lines();
-        again.start(5);
-    });
-    EXPECT_EQ(restarts, Restarts + 1);
-    EXPECT_LT(Lines(), before) << "the lines of the last restart alone";
-    EXPECT_FALSE(Saved());
-
-    Open([&] {
-        EXPECT_EQ(Widget<QLineEdit>("txtStep").text(), "1.0");
-        EXPECT_EQ(Widget<QProgressBar>("pgbDist").value(), 0);
-        Click("cmdLogDistRange");
-    });
-    EXPECT_EQ(Lines(), 101);
-    EXPECT_TRUE(Saved());
-}
-
 TEST_F(RangeWindowTest, EnterBeginsAndEscapeEnds) {
     const long before = Lines();
     Open([&] {
@@ -127,29 +91,6 @@ TEST_F(RangeWindowTest, EnterBeginsAndEscapeEnds) {
     });
     EXPECT_TRUE(Saved());
     Open([&] { QTest::keyClick(&Window(), Qt::Key_Escape); });
-}
-
-TEST(InfoWindow, ShowsTheSignsAndClosesByEnterAndEscape) {
-    QtPlatform platform;
-    Program program(platform.Services());
-    program.Start();
-    FormWindow* window = nullptr;
-    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
-        window = &platform.WindowOf(*program.frmInfoScreen);
-        QTimer::singleShot(0, window, [&] {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-            EXPECT_EQ(window->findChild<QLabel*>("Label3")->text(), "1500 ≤ Freq ≤ 2000");
-            auto* show = window->findChild<QCheckBox*>("chkShowNext");
-            EXPECT_TRUE(show->isChecked());
-            QTest::keyClick(show, Qt::Key_Space);
-            QTest::keyClick(show, key);
-        });
-        program.MainForm->mnuHelpInfo.Pick();
-        EXPECT_FALSE(program.frmInfoScreen.Loaded());
-    }
-    EXPECT_EQ(program.platform.settings.Read("Vardel", "Loss_FieldStrength", "InfoScreen"),
-              "NoScreen");
-    program.platform.settings.Delete("Vardel", "Loss_FieldStrength", "InfoScreen");
 }
 
 }  // namespace

@@ -149,17 +149,5 @@ TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
     }
 }
 
-TEST_F(ReportWindowTest, EscapeAndTheFrameHideItAndKeepTheText) {
-    const std::string text = Log().Text();
-    QTimer::singleShot(0, &Window(), [&] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
-        QTest::keyClick(&Edit(), Qt::Key_Escape);
-    });
-    program.MainForm->mnuCalculationLog.Pick();
-    QTimer::singleShot(0, &Window(), [&] { Window().close(); });
-    program.MainForm->mnuCalculationLog.Pick();
-    EXPECT_EQ(Log().Text(), text);
-}
-
 }  // namespace
 }  // namespace vardel

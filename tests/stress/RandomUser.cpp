@@ -150,7 +150,8 @@ void RandomUser::UseWidget(QWidget& widget) {
         QTest::mouseClick(edit, Qt::LeftButton);
         if (!box || !box->isVisible()) return;
         box->selectAll();
-        QTest::keyClicks(box, AnyText().isEmpty() ? QString("1") : AnyText());
+        const QString text = AnyText();
+        QTest::keyClicks(box, text.isEmpty() ? QString("1") : text);
         return;
     }
     if (auto* list = qobject_cast<QComboBox*>(&widget)) {

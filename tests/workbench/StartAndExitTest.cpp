@@ -3,10 +3,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "help/UserGuide.h"
 #include "platform/Files.h"
 #include "platform/Rtf.h"
-#include "settings/Registry.h"
 #include "support/RunningProgram.h"
 
 namespace vardel {
@@ -16,7 +14,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 const std::string Own = "Vardel/Loss_FieldStrength/";
 const std::string Host = "Ostrel_Quorne/Global Parameters/";
@@ -248,37 +245,6 @@ TEST_F(StartAndExit, MeasuredTablesAreReadAndListed) {
     Main().lblFieldStrength.DblClick.Raise();
     EXPECT_THAT(Log(), HasSubstr("Table Segments: 1\r\n0> Freq:450  %:0.5 City: Urban hm: 1.5 "));
     EXPECT_THAT(Log(), HasSubstr("     10: 49.5 \r\n"));
-}
-
-TEST_F(StartAndExit, TheCursorOfTheRegistry) {
-    Registry registry(platform);
-    registry.SetSetting("kept");
-    EXPECT_EQ(registry.Param("Freq"), "") << "there is no application yet";
-    registry.SetAppname("App");
-    registry.SetSection("Part");
-    EXPECT_EQ(registry.Param(""), "");
-    EXPECT_EQ(registry.Setting(), "kept");
-    registry.SetParam("Freq", " 7 ");
-    EXPECT_EQ(registry.Key() + registry.Setting(), "Freq 7 ");
-    registry.SetSetting("");
-    registry.RegGet();
-    EXPECT_EQ(registry.Setting(), " 7 ");
-    registry.RegDel();
-    EXPECT_EQ(registry.Param("Freq"), "");
-    EXPECT_EQ(registry.QuorneGlobalValue("Unknown"), GlobalValue());
-    registry.SetQuorneGlobal("Sorvik_Drive", "2.5");
-    EXPECT_EQ(registry.QuorneGlobalValue("Sorvik_Drive"), GlobalValue(std::int16_t{2}));
-    registry.SetQuorneGlobal("Sorvik_Drive", 40000.0);
-    EXPECT_EQ(registry.QuorneGlobalValue("Sorvik_Drive"), GlobalValue(std::int16_t{2}));
-}
-
-TEST(Guide, AnswersEveryTopicOfTheForms) {
-    std::vector<int> topics;
-    for (const GuideSection& section : GuideSections())
-        topics.insert(topics.end(), section.topics.begin(), section.topics.end());
-    for (const int topic : {10, 30, 210, 220, 230, 240, 250, 300, 330, 340})
-        EXPECT_EQ(std::count(topics.begin(), topics.end(), topic), 1) << topic;
-    EXPECT_THAT(GuideMarkdown(), Not(HasSubstr("<!--")));
 }
 
 }  // namespace
