@@ -85,7 +85,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     setAccessibleName(ToQt(chart.Title[0].Text));
     // A click would take the focus from a box, whose leaving marks the graph as out of date.
     setFocusPolicy(Qt::TabFocus);
-    setMinimumSize(520, 360);
+    setMinimumSize(360, 270);
     setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     axisRect()->setRangeZoomFactor(0.8);
 

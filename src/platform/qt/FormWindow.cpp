@@ -10,11 +10,19 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include "platform/qt/Convert.h"
 
 namespace vardel {
+
+namespace {
+
+constexpr double RoomOnScreen = 0.95;  // beside a window's frame
+
+}  // namespace
 
 void MakeBold(QWidget& widget) {
     QFont font = widget.font();
@@ -99,7 +107,29 @@ QPushButton* FormWindow::MakeButton(Button& button) {
 }
 
 void FormWindow::ResizeWithinScreen(QSize wanted) {
-    resize(wanted.boundedTo(screen()->availableSize() * 0.95));
+    resize(wanted.boundedTo(screen()->availableSize() * RoomOnScreen));
+}
+
+namespace {
+
+// As large as its content, if it may.
+class ContentArea : public QScrollArea {
+public:
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace
+
+void FormWindow::SetScrolledContent(QWidget& content) {
+    auto* area = new ContentArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(&content);
+    setCentralWidget(area);
+    QSize wanted = sizeHint();
+    if (wanted.width() > screen()->availableSize().width() * RoomOnScreen)
+        wanted.rheight() += area->horizontalScrollBar()->sizeHint().height();
+    ResizeWithinScreen(wanted);
 }
 
 void FormWindow::FocusFirst(const TextBox& box) {

@@ -48,6 +48,8 @@ protected:
 
     // As large as that, where the screen has the room.
     void ResizeWithinScreen(QSize wanted);
+    // Fills the window, which shows a part of the content where the screen has no room for all.
+    void SetScrolledContent(QWidget& content);
 
     // Where a user begins: the box has the focus, and typing replaces its text.
     void FocusFirst(const TextBox& box);

@@ -34,7 +34,7 @@ MainWindow::MainWindow(MainForm& form)
     column->addWidget(MakeInputs(form));
     column->addWidget(MakeResults(form));
     column->addStretch(1);
-    setCentralWidget(center);
+    SetScrolledContent(*center);
     SetTabOrder();
     FocusFirst(form.txtFreq);
 }
