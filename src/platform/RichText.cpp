@@ -13,18 +13,22 @@ namespace {
 std::string Cleaned(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    while (!text.empty()) {
-        if (text.front() == '\r' || text.front() == '\n') {
-            result += "\r\n";
-            text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
-        } else if (static_cast<unsigned char>(text.front()) >= 0x80) {
+    const auto isPlain = [](char c) {
+        return c != '\r' && c != '\n' && static_cast<unsigned char>(c) < 0x80;
+    };
+    for (;;) {
+        const auto special = std::find_if_not(text.begin(), text.end(), isPlain);
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        result += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (text.empty()) return result;
+        if (static_cast<unsigned char>(text.front()) >= 0x80) {
             AppendUtf8(result, TakeUtf8(text));
         } else {
-            result += text.front();
-            text.remove_prefix(1);
+            result += "\r\n";
+            text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
         }
     }
-    return result;
 }
 
 }  // namespace
