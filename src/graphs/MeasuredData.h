@@ -27,10 +27,11 @@ struct MeasuredSegment {
     double Frequency = 0.0;    // MHz
     std::string City;          // the area, in spite of the name
     int HeightCount = 0;
-    double MobileHeight = 0.0;                            // m
-    double RowDistance[81] = {};                          // km
-    double BaseHeight[MeasuredHeights] = {};              // m
-    double RowValue[MeasuredRows][MeasuredHeights] = {};  // dB(uV/m)
+    double MobileHeight = 0.0;                // m
+    double RowDistance[81] = {};              // km
+    double BaseHeight[MeasuredHeights] = {};  // m
+    // dB(uV/m); no rows at first
+    double RowValue[MeasuredRows][MeasuredHeights] = {{MeasuredEndMark}};
 };
 
 using MeasuredTable = std::vector<MeasuredSegment>;

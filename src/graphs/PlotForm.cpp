@@ -100,6 +100,7 @@ void PlotForm::LoadInputs(const MainForm& main) {
     mnuUnitsEnglish.SetChecked(main.mnuUnitsEnglish.Checked());
     for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
     ApplyAreaRule(cmbareatype, cmbcitysize);
+    unchanged_ = Entered();
     MarkStale();  // until the first plot is drawn
 }
 
@@ -110,14 +111,32 @@ bool PlotForm::TakeUnitsAfresh() {
     return true;
 }
 
-void PlotForm::HandBackInputs(MainForm& main) const {
-    main.txthm.SetText(txthm.Text());
-    main.txthb.SetText(txthb.Text());
-    main.txtFreq.SetText(txtFreq.Text());
-    main.cmbareatype.SetText(cmbareatype.Text());
-    main.cmbcitysize.SetText(cmbcitysize.Text());
-    main.txtPctTime.SetText(txtPctTime.Text());
-    main.txtPctLoc.SetText(txtPctLoc.Text());
+PlotForm::Inputs PlotForm::Entered() const {
+    return {txthm.Text(),       txthb.Text(),      txtFreq.Text(),  cmbareatype.Text(),
+            cmbcitysize.Text(), txtPctTime.Text(), txtPctLoc.Text()};
+}
+
+void PlotForm::HandBackInputs(MainForm& main) {
+    const Inputs entered = Entered();
+    const auto handBack = [&](std::string Inputs::*input, auto& control) {
+        if (entered.*input != unchanged_.*input) control.SetText(entered.*input);
+    };
+    handBack(&Inputs::hm, main.txthm);
+    handBack(&Inputs::hb, main.txthb);
+    handBack(&Inputs::f, main.txtFreq);
+    if (entered.area != unchanged_.area || entered.city != unchanged_.city) {
+        // One goes with the other.
+        main.cmbareatype.SetText(entered.area);
+        main.cmbcitysize.SetText(entered.city);
+    }
+    handBack(&Inputs::pctTime, main.txtPctTime);
+    handBack(&Inputs::pctLoc, main.txtPctLoc);
+    unchanged_ = entered;
+}
+
+void PlotForm::CountHeightsAsUnchanged() {
+    unchanged_.hb = txthb.Text();
+    unchanged_.hm = txthm.Text();
 }
 
 void PlotForm::cmdPrintGraph_Click() { PrintGraph(program_, *this, chart_); }

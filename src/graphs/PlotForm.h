@@ -71,6 +71,12 @@ public:
     // no number.
     std::optional<ModelInputs> ReadInputs();
 
+    // Gives the main form what was changed here: each of these writes is an edit there. What was
+    // not changed is left alone, since the main form may have moved on while this form was hidden.
+    void HandBackInputs(MainForm& main);
+    // A unit switch has given both the same heights.
+    void CountHeightsAsUnchanged();
+
 protected:
     PlotForm(Program& program, const Names& names);
 
@@ -87,8 +93,6 @@ protected:
     // but where the main form has gone back to metric units by itself since, these inputs would be
     // handed back in the wrong units, and the main form's are taken. True when they were.
     bool TakeUnitsAfresh();
-    // Each of these writes is an edit of the main form's control.
-    void HandBackInputs(MainForm& main) const;
     void cmdPrintGraph_Click();
     void MarkGood();
     void MarkStale();
@@ -101,10 +105,17 @@ protected:
     Button archive_;
 
 private:
+    struct Inputs {
+        std::string hm, hb, f, area, city, pctTime, pctLoc;
+    };
+    Inputs Entered() const;
+
     void SetAppearance();
     void WireEvents();
     void cmbareatype_Click();
     void cmdUpdateGraph_Click();
+
+    Inputs unchanged_;  // as the main form and this one had them alike
 };
 
 }  // namespace vardel

@@ -43,7 +43,7 @@ const char* const LogColumnHeader =
 
 void AddLogLine(RLogClass& log, const LogLine& line, Clock& clock) {
     const ModelInputs& in = line.inputs;
-    log.CaretToEnd();  // a line in the middle would be torn: only its first piece goes to the caret
+    log.BeginLine();  // elsewhere it would be torn: only its first piece would go to the caret
     log.Add(Field(line.distance, "00000.00") + ' ' + Field(line.frequency, "00000.0"));
     log.Add(' ' + Field(line.hb, "0000.00") + "  " + Field(line.hm, "000.00"));
     log.Add(' ' + FormatText(in.area, "@@@@@@@@!") + "  ");

@@ -61,7 +61,12 @@ void RLogClass::Clear() {
     program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
 }
 
-void RLogClass::CaretToEnd() { program_.FrmReport->rtbLog.CaretToEnd(); }
+void RLogClass::BeginLine() {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    box.CaretToEnd();
+    const std::string& text = box.Text();
+    if (!text.empty() && !text.ends_with("\r\n")) AddLine();
+}
 
 void RLogClass::Add(std::string_view text) {
     RichTextBox& box = program_.FrmReport->rtbLog;

@@ -42,7 +42,8 @@ public:
 
     // Leaves no header line.
     void Clear();
-    void CaretToEnd();
+    // Behind all that the log holds, on a line of its own.
+    void BeginLine();
     // Goes in at the caret in place of what is selected, and leaves the caret at the end of the
     // text.
     void Add(std::string_view text = {});

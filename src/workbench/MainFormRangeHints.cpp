@@ -82,6 +82,7 @@ void MainForm::mnuHideShow_Click() {
 
 // Into the log, which its next saving takes to the file.
 void MainForm::lblFieldStrength_DblClick() {
+    program_.ReportLog().BeginLine();
     program_.ReportLog().Add(MeasuredListing(program_.MeasuredTable));
 }
 

@@ -48,6 +48,8 @@ void Program::EndSession() {
     if (!MainForm.Loaded()) return;
     MainForm->Run([this] {
         if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();
+        if (GraphForm.Loaded()) GraphForm->HandBackInputs(*MainForm);
+        if (FrmOkumFieldStrength.Loaded()) FrmOkumFieldStrength->HandBackInputs(*MainForm);
         MainForm->EndSession();
     });
 }

@@ -103,6 +103,8 @@ void Switch(Program& program, MainForm& main, const MenuItem& mark, bool toEngli
     const auto forms = FormsWithUnits(program);
     ShowUnits(forms, main, toEnglish);
     ConvertBoxes(forms, main, *lengths, toEnglish);
+    program.GraphForm->CountHeightsAsUnchanged();
+    program.FrmOkumFieldStrength->CountHeightsAsUnchanged();
 }
 
 void SwitchUnlessOn(Program& program, bool toEnglish) {

@@ -183,6 +183,9 @@ TEST_F(LossGraph, ClosingHandsTheInputsBack) {
     };
     Main().mnuGraphdBloss.Pick();
     EXPECT_FALSE(program.GraphForm.Loaded());
+    Graph().txtFreq.SetText("700");
+    program.EndSession();
+    EXPECT_EQ(Main().txtFreq.Text(), "700") << "as the end of the session does";
     EXPECT_EQ(Main().txthb.Text(), "77.0");
     EXPECT_EQ(Main().cmbareatype.Text(), "Suburban");
     EXPECT_FALSE(Main().cmbcitysize.Enabled());

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,7 @@ namespace vardel {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class MainWindowTest : public testing::Test {
 protected:
@@ -128,6 +130,20 @@ TEST_F(MainWindowTest, EnterLeavesTheBoxCalculatesAndComesBack) {
     }
     EXPECT_THAT(events, ElementsAre("LostFocus", "Click", "LostFocus", "Click"));
     EXPECT_EQ(box.text(), "900") << "typed over what was there";
+    auto* menu = Window().menuBar()->actions().constFirst()->menu();
+    QTest::keyClick(&Window(), Qt::Key_F, Qt::AltModifier);
+    EXPECT_TRUE(menu->isVisible());
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QTest::keyClick(Window().menuBar(), Qt::Key_Escape);
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(box.selectedText(), "900") << "a menu has borrowed the focus with the selection";
+
+    auto& area = Widget<QComboBox>("cmbareatype");
+    area.setFocus();
+    area.showPopup();
+    events.clear();
+    QTest::keyClick(area.view(), Qt::Key_Return);
+    EXPECT_THAT(events, IsEmpty()) << "an entry was picked, and no more";
 }
 
 TEST_F(MainWindowTest, MenusListsAndOtherWindowsOnlyBorrowTheFocus) {

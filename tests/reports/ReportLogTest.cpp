@@ -45,6 +45,9 @@ TEST_F(ReportLog, ALineComesWholeBehindTheLogWhereverTheCaretIs) {
     Log().Select({4, 30});
     Main().cmdLossCalc.Press();
     EXPECT_EQ(Log().Text(), text + LastLine() + "\r\n");
+    TheLog().Add("a note without a line end");
+    Main().cmdLossCalc.Press();
+    EXPECT_EQ(LastLine().substr(0, 8), "      10");
 }
 
 TEST_F(ReportLog, ClearingTheLogAndClearingTheWindowDiffer) {

@@ -41,14 +41,17 @@ void CompleteLostPress(const QWidget& window) {
 }
 
 // Raises LostFocus when the focus goes to another control of the window. A menu, a pop-up list, a
-// message box or another program only borrows it.
+// message box or another program only borrows it, with what is selected.
 class FocusFilter : public QObject {
 public:
     FocusFilter(TextBox& box, Alive alive, QObject& parent)
         : QObject(&parent), box_(box), alive_(std::move(alive)) {}
 
-    bool eventFilter(QObject* edit, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto& edit = *static_cast<QLineEdit*>(watched);
+        if (event->type() == QEvent::FocusIn && allSelected_) edit.selectAll();
         if (event->type() != QEvent::FocusOut || !*alive_) return false;
+        allSelected_ = edit.hasSelectedText() && edit.selectedText() == edit.text();
         switch (static_cast<QFocusEvent*>(event)->reason()) {
             case Qt::ActiveWindowFocusReason:
             case Qt::PopupFocusReason:
@@ -57,14 +60,16 @@ public:
             default:
                 break;
         }
+        allSelected_ = false;
         box_.LostFocus.Raise();
-        CompleteLostPress(*static_cast<QWidget*>(edit)->window());
+        CompleteLostPress(*edit.window());
         return false;
     }
 
 private:
     TextBox& box_;
     Alive alive_;
+    bool allSelected_ = false;  // when the focus was borrowed
 };
 
 class MouseFilter : public QObject {

@@ -109,13 +109,31 @@ Qt::Alignment LegendCorner(const Chart& chart) {
     return (below < above ? Qt::AlignBottom : Qt::AlignTop) | Qt::AlignRight;
 }
 
+// Smaller where it is wider than the chart: a number that is cut off reads as another number.
+class FittingTitle : public QCPTextElement {
+public:
+    using QCPTextElement::QCPTextElement;
+
+protected:
+    QSize minimumOuterSizeHint() const override {
+        return {0, QCPTextElement::minimumOuterSizeHint().height()};
+    }
+    void draw(QCPPainter* painter) override {
+        const QFont usual = mFont;
+        const double width = QFontMetricsF(usual).horizontalAdvance(mText);
+        if (width > mRect.width()) mFont.setPointSizeF(usual.pointSizeF() * mRect.width() / width);
+        QCPTextElement::draw(painter);
+        mFont = usual;
+    }
+};
+
 void AddTitles(QCustomPlot& plot, const Chart& chart) {
     QCPLayoutGrid& layout = *plot.plotLayout();
     int row = 0;
     for (const ChartTitle& title : chart.Title) {
         if (title.Text.empty()) continue;
         layout.insertRow(row);
-        auto* element = new QCPTextElement(&plot, ToQt(title.Text));
+        auto* element = new FittingTitle(&plot, ToQt(title.Text));
         QFont font = FontOf("Arial", title.FontSize);
         font.setBold(row == 0);
         element->setFont(font);

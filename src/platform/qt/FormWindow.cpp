@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -146,17 +147,23 @@ void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys, std::function<
     }
 }
 
-void FormWindow::PressByEnter(QPushButton& button) {
-    OnKeys({Qt::Key_Return, Qt::Key_Enter}, [this, &button] {
-        const QPointer<QWidget> control(focusWidget());
-        if (auto* other = qobject_cast<QPushButton*>(control.data())) return other->click();
-        const QPointer<QPushButton> pressed(&button);
-        pressed->setFocus();
-        // What is typed while the button works is for the control already.
-        if (control) control->setFocus();
-        if (auto* edit = qobject_cast<QLineEdit*>(control.data())) edit->selectAll();
-        if (pressed) pressed->click();
-    });
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || event->isAutoRepeat()) return QMainWindow::keyPressEvent(event);
+    event->accept();
+    PressEnter();
+}
+
+void FormWindow::PressEnter() {
+    const QPointer<QWidget> control(focusWidget());
+    if (auto* button = qobject_cast<QPushButton*>(control.data())) return button->click();
+    const QPointer<QPushButton> pressed(enterButton_);
+    if (!pressed) return;
+    pressed->setFocus();
+    // What is typed while the button works is for the control already.
+    if (control) control->setFocus();
+    if (auto* edit = qobject_cast<QLineEdit*>(control.data())) edit->selectAll();
+    if (pressed) pressed->click();
 }
 
 void FormWindow::LeaveBy(QPushButton& button) {

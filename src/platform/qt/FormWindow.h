@@ -33,6 +33,7 @@ public:
     void SetOnHidden(std::function<void()> onHidden) { onHidden_ = std::move(onHidden); }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -56,9 +57,9 @@ protected:
 
     // Anywhere in the window. A key that is held counts once.
     void OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action);
-    // Enter leaves the control that has the focus, which has it checked, comes back to it, and
-    // presses the button; on another button, it presses that one.
-    void PressByEnter(QPushButton& button);
+    // Enter, where no button has the focus: the control that has it is left, which has it checked,
+    // and comes back to it, and this button is pressed.
+    void PressByEnter(QPushButton& button) { enterButton_ = &button; }
     // A window that only shows something: Enter and Escape are its one button.
     void LeaveBy(QPushButton& button);
 
@@ -67,8 +68,10 @@ protected:
 private:
     void ShowProperties();
     void AddMenuBar();
+    void PressEnter();
 
     Form* form_;
+    QPushButton* enterButton_ = nullptr;
     LabelFont labelFont_;
     std::function<void()> onHidden_;
 };

@@ -20,7 +20,7 @@ HelpWindow::HelpWindow(QWidget* owner)
     setWindowTitle("Vardel Help");
     setPalette(style()->standardPalette());
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(900, 640);
+    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
 
     sections_->setAccessibleName("Sections");
     sections_->setSpacing(2);
