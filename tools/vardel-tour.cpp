@@ -187,7 +187,14 @@ int main(int argc, char** argv) {
     if (!scratch.isValid()) return 1;
     for (const char* folder : {"XDG_STATE_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
         qputenv(folder, scratch.path().toUtf8());
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        // The screen that there is without a display is smaller than the windows.
+        const std::string screen = scratch.filePath("screen.json").toStdString();
+        vardel::ReplaceFile(screen,
+                            R"({"screens": [{"name": "usual", "x": 0, "y": 0, "width": 1400,
+                                "height": 1000, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + screen).c_str());
+    }
     QApplication application(argc, argv);
     vardel::SetUpApplication(application);
     const QDir pictures(QString::fromLocal8Bit(argv[1]));
