@@ -48,10 +48,11 @@ public:
         : QObject(&parent), box_(box), alive_(std::move(alive)) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        auto& edit = *static_cast<QLineEdit*>(watched);
-        if (event->type() == QEvent::FocusIn && allSelected_) edit.selectAll();
+        auto* edit = qobject_cast<QLineEdit*>(watched);
+        if (edit == nullptr) return false;  // on its way out it is only a widget
+        if (event->type() == QEvent::FocusIn && allSelected_) edit->selectAll();
         if (event->type() != QEvent::FocusOut || !*alive_) return false;
-        allSelected_ = edit.hasSelectedText() && edit.selectedText() == edit.text();
+        allSelected_ = edit->hasSelectedText() && edit->selectedText() == edit->text();
         switch (static_cast<QFocusEvent*>(event)->reason()) {
             case Qt::ActiveWindowFocusReason:
             case Qt::PopupFocusReason:
@@ -62,7 +63,7 @@ public:
         }
         allSelected_ = false;
         box_.LostFocus.Raise();
-        CompleteLostPress(*edit.window());
+        CompleteLostPress(*edit->window());
         return false;
     }
 
