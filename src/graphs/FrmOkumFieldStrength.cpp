@@ -90,15 +90,17 @@ void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
 
 // The unit's change rewrites the power's text, which is put back.
 void FrmOkumFieldStrength::BringUpToDate() {
-    MainForm& main = *program_.MainForm;
-    const std::string power = main.txtPowerUnit.Text();
-    cmbPowerUnit.SetText(main.cmbPowerUnit.Text());
-    main.txtPowerUnit.SetText(power);
-    txtPowerUnit.SetText(power);
-    mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
-    const bool anew = TakeUnitsAfresh();
-    SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
-    if (anew) cmdUpdateGraph.Press();
+    Run([this] {
+        MainForm& main = *program_.MainForm;
+        const std::string power = main.txtPowerUnit.Text();
+        cmbPowerUnit.SetText(main.cmbPowerUnit.Text());
+        main.txtPowerUnit.SetText(power);
+        txtPowerUnit.SetText(power);
+        mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+        const bool anew = TakeUnitsAfresh();
+        SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
+        if (anew && !Unloaded()) cmdUpdateGraph.Press();
+    });
 }
 
 void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }

@@ -109,6 +109,7 @@ void MainForm::WireEvents() {
 void MainForm::ShowLossGraph() {
     if (program_.GraphForm.Loading()) return;
     if (program_.GraphForm.Loaded()) program_.GraphForm->BringUpToDate();
+    if (!program_.MainForm.Loaded()) return;
     GraphForm& form = *program_.GraphForm;
     if (program_.MainForm.Loaded()) form.ShowModal();
 }
@@ -120,6 +121,7 @@ void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
     const bool made = program_.FrmOkumFieldStrength.Loaded();
     program_.GraphMode = graph;
     if (made) program_.FrmOkumFieldStrength->BringUpToDate();
+    if (!program_.MainForm.Loaded()) return;
     FrmOkumFieldStrength& form = *program_.FrmOkumFieldStrength;
     if (program_.MainForm.Loaded()) form.ShowModal();
 }
