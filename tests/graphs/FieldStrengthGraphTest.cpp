@@ -270,6 +270,15 @@ TEST_F(FieldStrengthGraphs, AFormThatASwitchMadeIsOpenedAfterNew) {
         EXPECT_TRUE(IsGood());
     });
     EXPECT_EQ(Main().txthb.Text(), "100.0");
+
+    // Closed at the yield of the plot that brings it up to date.
+    Main().mnuUnitsEnglish.Pick();
+    Main().mnuFileNew.Pick();
+    platform.onYield = [&] {
+        platform.onYield = nullptr;
+        Graph().Unload();
+    };
+    WhileOpen(Main().mnuGraphCompare, [&] { EXPECT_EQ(Graph().txthb.Text(), "100.0"); });
 }
 
 TEST(FieldStrengthStart, InEnglishUnits) {
