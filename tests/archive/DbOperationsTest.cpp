@@ -2,12 +2,10 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 #include <memory>
 
@@ -48,25 +46,6 @@ void Change(const std::string& path, const std::string& sql) {
     SQLite::Database(path, SQLite::OPEN_READWRITE).exec(sql);
 }
 
-TEST(PackPoints, LittleEndianDoublesAndAByteZero) {
-    const double x[] = {1.0, -2.5};
-    const double y[] = {0.1, 300};
-    const double z[] = {0, 1e-300};
-    const Bytes one = {0, 0, 0, 0, 0, 0, 0xF0, 0x3F};
-    const Bytes tenth = {0x9A, 0x99, 0x99, 0x99, 0x99, 0x99, 0xB9, 0x3F};
-    Bytes expected = one;
-    expected.insert(expected.end(), tenth.begin(), tenth.end());
-    expected.push_back(0);
-    EXPECT_EQ(dbOperations::PackPointsXY(1, x, y), expected);
-    EXPECT_EQ(dbOperations::PackPointsXY(0, x, y), Bytes{0});
-    const Bytes three = dbOperations::PackPointsXYZ(2, x, y, z);
-    EXPECT_EQ(three.size(), 49U);
-    EXPECT_EQ(Bytes(three.begin() + 8, three.begin() + 16), tenth);
-    EXPECT_EQ(Bytes(three.begin() + 24, three.begin() + 32), (Bytes{0, 0, 0, 0, 0, 0, 4, 0xC0}));
-    EXPECT_THROW(dbOperations::PackPointsXY(3, x, y), std::out_of_range);
-    EXPECT_THROW(dbOperations::PackPointsXY(-1, x, y), std::out_of_range);
-}
-
 TEST(DbOperations, AnUnnamedArchiveIsTheUsualOneAndIsNotMade) {
     Archiving archiving;
     for (const char* name : {"", "*.mdb"}) {
@@ -105,16 +84,6 @@ Trouble Holding(const std::string& path, const char* sql) {
     auto other = std::make_shared<SQLite::Database>(path, SQLite::OPEN_READWRITE);
     other->exec(sql);
     return other;
-}
-
-int AllowNoGrowth(sqlite3* database, const char**, const void*) {
-    return sqlite3_exec(database, "PRAGMA max_page_count = 1", nullptr, nullptr, nullptr);
-}
-
-Trouble FullDisk(const std::string&) {
-    const auto extension = reinterpret_cast<void (*)()>(AllowNoGrowth);
-    sqlite3_auto_extension(extension);
-    return {nullptr, [=](void*) { sqlite3_cancel_auto_extension(extension); }};
 }
 
 Trouble ReadOnly(const std::string& path) {
@@ -166,18 +135,11 @@ TEST(DbOperations, EveryFailureIsToldAndHarmsNothing) {
          1,
          nullptr,
          nullptr},
-        {"no Legend", spoiled("ALTER TABLE DataSets DROP COLUMN Legend"),
-         times(3, "table DataSets has no column named Legend"), 1, "1 0 ",
-         "ALTER TABLE DataSets ADD COLUMN Legend TEXT"},
-        {"no Comment", spoiled("ALTER TABLE ModelRun DROP COLUMN Comment"),
-         times(1, "table ModelRun has no column named Comment"), -1, "0 3 -1",
-         "ALTER TABLE ModelRun ADD COLUMN Comment TEXT"},
         {"a run that is refused",
          spoiled("CREATE TRIGGER Refusal BEFORE INSERT ON ModelRun "
                  "BEGIN SELECT RAISE(ABORT, 'not this one'); END"),
          times(1, "not this one"), 1, "0 3 1", "DROP TRIGGER Refusal"},
         {"read-only", ReadOnly, times(4, "attempt to write a readonly database"), -1, "0 0 "},
-        {"full disk", FullDisk, times(3, "database or disk is full"), 1, "1 0 "},
     };
     Archiving archiving;
     for (const auto& c : cases) {
@@ -255,27 +217,6 @@ TEST(DbOperations, TwoProgramsStoreIntoOneArchive) {
                   "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
                   "WHERE r.Parameters = d.Legend"),
               "72");
-}
-
-TEST(DbOperations, AKillInTheMiddleOfARunHarmsNothing) {
-    Archiving archiving;
-    const std::string path = archiving.NewArchive("runs.mdb");
-    for (int round = 1; round <= 20; ++round) {
-        const pid_t process = Elsewhere([&]() -> int {
-            Archiving its;
-            for (;;) its.StoreRun(path, "killed");
-        });
-        ::usleep(static_cast<useconds_t>(10000 + 3777 * round));
-        ::kill(process, SIGKILL);
-        ::waitpid(process, nullptr, 0);
-        archiving.StoreRun(path, "whole");
-        EXPECT_THAT(archiving.platform.TakeMessages(), IsEmpty());
-    }
-    EXPECT_EQ(Ask(path, "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(Ask(path,
-                  "SELECT count(*) FROM ModelRun r JOIN DataSets d USING (ID) "
-                  "WHERE r.Parameters = 'whole' AND d.Legend = 'whole'"),
-              "60");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@ usage: whole_program.py PROGRAM
 
 import sqlite3
 import sys
+import time
 import unittest
 
 from user import Display, User, wait_for
@@ -147,13 +148,29 @@ class WholeProgram(unittest.TestCase):
         user.keys("alt+c", "r")
         user.wait_for_window("Report Distance Range")
         self.fill("1", "300", "0.0001")
-        user.keys("Tab", "space")  # past the check box to the button
-        user.keys("space")  # which has become the way out
+        user.keys("Return", "Return")  # a second stroke in haste ends nothing
+        time.sleep(0.2)
+        self.assertTrue(user.windows("Report Distance Range"))
+        user.keys("Escape")
         user.wait_for_window("Okumura-Hata Field Strength")
         lines = user.log_lines()
         self.assertGreater(len(lines), 1)
         self.assertLess(len(lines), 2990000)
         self.assertEqual(lines[0][:2], ["1", "450"])
+        self.exit()
+
+    def test_a_signal_saves_as_an_exit_does(self):
+        user = self.user
+        self.start()
+        user.type("700")
+        self.calculate()
+        user.process.terminate()
+        user.wait_for_end()
+        self.assertIn("Freq=700", user.settings_file().read_text())
+        self.assertEqual(list((user.home / ".local/state/vardel").glob("*.lock")), [])
+        self.start()
+        self.calculate()
+        self.assertEqual(len(user.log_lines()), 2)
         self.exit()
 
     def test_each_graph_is_replotted_and_saved(self):

@@ -281,22 +281,5 @@ TEST_F(FieldStrengthGraphs, AFormThatASwitchMadeIsOpenedAfterNew) {
     WhileOpen(Main().mnuGraphCompare, [&] { EXPECT_EQ(Graph().txthb.Text(), "100.0"); });
 }
 
-TEST(FieldStrengthStart, InEnglishUnits) {
-    FakePlatform platform;
-    {
-        Program program{platform.Services()};
-        program.Start();
-        program.MainForm->mnuUnitsEnglish.Pick();
-        program.MainForm->mnuFileExit.Pick();
-    }
-    Program program{platform.Services()};
-    program.Start();
-    FrmOkumFieldStrength& graph = *program.FrmOkumFieldStrength;
-    EXPECT_EQ(program.MainForm->txthb.Text(), "328.084");
-    EXPECT_EQ(graph.txthb.Text(), "328.084") << "not converted a second time";
-    EXPECT_TRUE(graph.mnuUnitsEnglish.Checked());
-    EXPECT_EQ(graph.Label11.Caption(), "ft");
-}
-
 }  // namespace
 }  // namespace vardel

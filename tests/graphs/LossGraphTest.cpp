@@ -193,19 +193,6 @@ TEST_F(LossGraph, ClosingHandsTheInputsBack) {
     EXPECT_EQ(Main().lblDavidson.BackColor(), (Color{50, 50, 50}));
 }
 
-TEST_F(LossGraph, UnitsSwitchBothFormsFromEither) {
-    Graph().txthb.SetText("999");
-    Graph().mnuUnitsEnglish.Pick();
-    EXPECT_EQ(Graph().txthb.Text(), "328.084") << "the main form's height, whatever stood here";
-    EXPECT_EQ(Main().txthb.Text(), "328.084");
-    EXPECT_EQ(Graph().Label10.Caption(), "ft");
-    EXPECT_TRUE(Graph().mnuUnitsEnglish.Checked());
-    Main().mnuFileNew.Pick();
-    EXPECT_EQ(Main().txthb.Text(), "100.0");
-    EXPECT_TRUE(Graph().mnuUnitsEnglish.Checked()) << "until it is next opened";
-    EXPECT_EQ(Graph().txthb.Text(), "328.084");
-}
-
 TEST_F(LossGraph, AFormThatASwitchMadeKnowsTheUnitsItIsOpenedIn) {
     Main().cmbareatype.SetText("Suburban");
     Main().mnuUnitsEnglish.Pick();
@@ -243,6 +230,9 @@ TEST_F(LossGraph, SavingAndCopying) {
     Graph().mnuFileSave.Pick();
     ASSERT_EQ(platform.messages.size(), 1U);
     EXPECT_EQ(platform.messages[0].text, "Error in saving file " + platform.saveChoice->path);
+    EXPECT_EQ(platform.messages[0].title, "File Save");
+    EXPECT_EQ(platform.messages[0].icon, Message::Icon::Critical);
+    EXPECT_EQ(Graph().MousePointer(), Form::Pointer::Normal);
 
     const std::string log = Log().Text();
     Graph().mnuFileCopyToReportLog.Pick();

@@ -44,13 +44,6 @@ TEST(MeasuredData, OnlyTheSequenceOfFieldsCounts) {
         EXPECT_EQ(MeasuredListing(Parsed(text)), listing) << text;
 }
 
-TEST(MeasuredData, AreaTextsAreKeptAsTheyStand) {
-    for (const auto& [written, read] :
-         {std::pair("\" Urban\"", " Urban"), std::pair("  Open land\t", "Open land"),
-          std::pair("\"a, b\"", "a, b"), std::pair("\"\"", ""), std::pair("0", "0")})
-        EXPECT_EQ(Parsed(std::string("0,1,1,") + written + ",1,1,1,5,5")[0].City, read);
-}
-
 TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
     const std::string NoCount =
         "the number of base antenna heights is not a whole number from 1 to 6.";

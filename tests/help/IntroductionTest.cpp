@@ -59,12 +59,5 @@ TEST_F(Introduction, TheTableReadsAsItsMarksSay) {
     EXPECT_EQ(form.Label1.Caption(), "30 < Freq < 150");
 }
 
-TEST_F(Introduction, AboutClosesByItsButton) {
-    platform.whileShown["AboutForm"] = [this] { program.AboutForm->cmdOK.Press(); };
-    Main().mnuHelpAbout.Pick();
-    EXPECT_FALSE(program.AboutForm.Loaded());
-    EXPECT_EQ(program.AboutForm->HelpContextID(), 250);
-}
-
 }  // namespace
 }  // namespace vardel

@@ -113,21 +113,5 @@ TEST(RichText, BytesThatAreNoUtf8BecomeReplacementCharacters) {
     EXPECT_EQ(text.Text(), "a\uFFFDé");
 }
 
-TEST(RichText, IsEqualOnlyWithStylesAndPictures) {
-    const auto make = [](bool bold, const char* png) {
-        RichText text;
-        text.Replace(0, 0, "ab", {bold, false, false});
-        text.ReplaceByPicture(1, 0, {png, 10, 20}, {bold, false, false});
-        return text;
-    };
-    EXPECT_TRUE(make(true, "x") == make(true, "x"));
-    EXPECT_FALSE(make(true, "x") == make(false, "x"));
-    EXPECT_FALSE(make(true, "x") == make(true, "y"));
-    RichText typed;
-    typed.Replace(0, 0, "a\uFFFCb", {true, false, false});
-    EXPECT_EQ(typed.Text(), make(true, "x").Text());
-    EXPECT_FALSE(typed == make(true, "x"));
-}
-
 }  // namespace
 }  // namespace vardel

@@ -77,13 +77,6 @@ TEST(Rtf, ReadsBackWhatItWrote) {
     }
 }
 
-TEST(Rtf, BytesThatAreNoUtf8BecomeReplacementCharacters) {
-    RichText text;
-    text.Replace(0, 0, "a\xC3(\xED\xA0\x80\xFC\x80\x80\x80\xC0\xAF\xE2\x82", {});
-    const std::string r = "\xEF\xBF\xBD";
-    EXPECT_EQ(ReadRtf(WriteRtf(text))->Text(), "a" + r + "(" + Repeat(r, 3 + 4 + 2 + 2));
-}
-
 TEST(Rtf, ReadsWhatOthersWrite) {
     std::string cp1252 = "\\'A0\\'e9";
     for (const char* high : {"\\'9", "\\'8"})

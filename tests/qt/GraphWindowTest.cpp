@@ -10,7 +10,6 @@
 #include "platform/qt/ChartPlot.h"
 #include "platform/qt/ChartWidget.h"
 #include "platform/qt/QtPlatform.h"
-#include "reports/FrmReport.h"
 #include "support/FakePlatform.h"
 #include "workbench/MainForm.h"
 #include "workbench/Program.h"
@@ -129,19 +128,6 @@ TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
     form.cmdUpdateGraph.Press();
     EXPECT_EQ(plot.xAxis->range(), QCPRange(0, 300));
     form.Unload();
-}
-
-TEST_F(GraphWindowTest, ACopyInTheLogSurvivesItsFile) {
-    WhileOpen([&] { Graph().mnuFileCopyToReportLog.Pick(); });
-    const auto& pictures = program.FrmReport->rtbLog.Content().Pictures();
-    ASSERT_EQ(pictures.size(), 1U);
-    const QImage image = QImage::fromData(QByteArray::fromStdString(pictures[0].picture->png));
-    EXPECT_EQ(image.size(), QSize(900, 600));
-    int green = 0;
-    for (int x = 0; x < image.width(); ++x)
-        for (int y = 0; y < image.height(); ++y)
-            green += image.pixelColor(x, y) == QColor(0, 128, 0) ? 1 : 0;
-    EXPECT_GT(green, 100) << "the curve of ITU 529 is in the picture";
 }
 
 TEST_F(GraphWindowTest, FilesOfEveryKind) {

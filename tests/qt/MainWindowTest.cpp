@@ -72,18 +72,6 @@ TEST_F(MainWindowTest, CalculateShowsTheDefaultResults) {
     EXPECT_EQ(Widget<QLabel>("lblDavidson").accessibleDescription(), "In the model's range");
 }
 
-TEST_F(MainWindowTest, TabGoesThroughTheInputsInTheirOrder) {
-    Widget<QLineEdit>("txtFreq").setFocus();
-    std::vector<std::string> order;
-    for (int i = 0; i < 11; ++i) {
-        order.push_back(QApplication::focusWidget()->objectName().toStdString());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    EXPECT_THAT(order, ElementsAre("txtFreq", "txtDist", "cmbareatype", "txthb", "txthm",
-                                   "cmbcitysize", "txtPowerUnit", "cmdLossCalc", "txtPctLoc",
-                                   "txtPctTime", "cmbPowerUnit"));
-}
-
 TEST_F(MainWindowTest, LosingTheFocusComesBeforeTheClick) {
     std::vector<std::string> events;
     Main().txtFreq.LostFocus = [&] { events.push_back("LostFocus"); };

@@ -1,24 +1,18 @@
 #include <gmock/gmock.h>
 
-#include <QImage>
 #include <QPainter>
-#include <QProcess>
-#include <QStandardPaths>
 #include <algorithm>
 #include <cstdint>
 #include <map>
 #include <set>
 #include <vector>
 
-#include "platform/Files.h"
 #include "platform/qt/MetafileDevice.h"
-#include "support/FakePlatform.h"
 
 namespace vardel {
 namespace {
 
 using testing::Contains;
-using testing::HasSubstr;
 
 struct Parsed {
     std::vector<int> header;  // the placeable header's and the file's words
@@ -111,38 +105,6 @@ TEST(Metafile, CutsDashesAndClippedLines) {
     EXPECT_EQ(lines[10], (std::vector<int>{3, 2000, 1600, 4000, 1200, 6000, 1200}));
     EXPECT_EQ(parsed.records[0x416], (std::vector<std::vector<int>>{{3000, 6000, 1000, 2000}}));
     EXPECT_THAT(parsed.records[0x2FC], Contains(std::vector<int>({0, 0xCCCC, 0xCC, 0})));
-}
-
-TEST(Metafile, AnotherReaderFindsTheTexts) {
-    const ScratchFolder folder;
-    ReplaceFile(folder.Path("drawing.wmf"), Drawing().toStdString());
-    ASSERT_FALSE(QStandardPaths::findExecutable("wmf2svg").isEmpty());
-    QProcess reader;
-    reader.setWorkingDirectory(QString::fromStdString(folder.Path()));
-    reader.start("wmf2svg", {"-o", "drawing.svg", "drawing.wmf"});
-    ASSERT_TRUE(reader.waitForFinished() && reader.exitCode() == 0);
-    const std::string svg = ReadWholeFile(folder.Path("drawing.svg")).value_or("");
-    EXPECT_THAT(svg, HasSubstr(">dB\xB5V/m, 20 \260C</text>"));
-    EXPECT_THAT(svg, HasSubstr("matrix(0.000000 -1.000000 1.000000 0.000000"));
-    EXPECT_THAT(svg, HasSubstr(">Upwards</text>"));
-    EXPECT_EQ(QString::fromLatin1(svg.c_str()).count("<polyline"), 11);
-}
-
-TEST(Metafile, DrawsManyColoursImagesAndLargeSizes) {
-    MetafileDevice device({20000, 100});
-    QPainter painter(&device);
-    for (int hue = 0; hue < 200; ++hue)
-        painter.fillRect(0, 0, 9, 9, QColor::fromHsv(hue, 255, 255));
-    QImage image(3, 2, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    painter.drawImage(10, 10, image);
-    const Parsed parsed = Parse(device.Metafile());
-    EXPECT_EQ(parsed.header[5], 20000);
-    EXPECT_LT(parsed.mostObjects, 100U);
-    const std::vector<int> dib = parsed.records.at(0xF43).at(0);
-    ASSERT_EQ(dib.size(), 11U + 20 + 12);  // rows padded to 12 bytes
-    EXPECT_EQ(std::vector<int>(dib.begin() + 31, dib.begin() + 35),
-              (std::vector<int>{0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF}));
 }
 
 }  // namespace

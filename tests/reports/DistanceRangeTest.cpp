@@ -259,14 +259,6 @@ TEST_F(DistanceRange, RestartsDoNotNest) {
                 ElementsAre("       1", "       2", "       1", "       2", "       3", ""));
 }
 
-TEST_F(DistanceRange, AStepTooSmallToMoveTheDistanceIsEndedByExit) {
-    Enter("1", "2", "1e-20");
-    AtYield(1000, [this] { Range().cmdExitCalc.Press(); });
-    Range().cmdLogDistRange.Press();
-    EXPECT_FALSE(program.frmLogDistRange.Loaded());
-    EXPECT_EQ(SavedLog(), Log().Content());
-}
-
 TEST_F(DistanceRange, TheEndOfTheSessionOrOfTheProgramEndsTheRun) {
     AtYield(3, [this] { program.EndSession(); });
     Range().cmdLogDistRange.Press();

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include "platform/Files.h"
 #include "platform/Rtf.h"
@@ -10,8 +9,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr TextStyle HeaderStyle{.bold = true, .underline = true};
 
 class ReportLog : public testing::Test, public RunningProgram {
 protected:
@@ -48,16 +45,6 @@ TEST_F(ReportLog, ALineComesWholeBehindTheLogWhereverTheCaretIs) {
     TheLog().Add("a note without a line end");
     Main().cmdLossCalc.Press();
     EXPECT_EQ(LastLine().substr(0, 8), "      10");
-}
-
-TEST_F(ReportLog, ClearingTheLogAndClearingTheWindowDiffer) {
-    Main().cmdLossCalc.Press();
-    Window().cmdClear.Press();
-    EXPECT_EQ(Log().Text(), TheLog().Title() + "\r\n");
-    EXPECT_EQ(Log().Content().Stretches(), (std::vector<RichText::Stretch>{{0, HeaderStyle}}));
-    EXPECT_EQ(Log().InsertStyle(), TextStyle{});
-    TheLog().Clear();
-    EXPECT_EQ(Log().Text(), "");
 }
 
 TEST_F(ReportLog, ASessionSurvivesInItsFile) {
@@ -117,21 +104,6 @@ TEST_F(ReportLog, OverwritingIsAskedFor) {
     platform.messages.clear();
     Window().cmdFile.Press();
     EXPECT_THAT(platform.TakeMessages(), IsEmpty());
-}
-
-TEST_F(ReportLog, AFailingSaveTellsAndLosesNothing) {
-    ReplaceFile(Path("kept.txt"), "old");
-    ::chmod(Path("kept.txt").c_str(), 0444);
-    for (const char* name : {"missing/log.txt", "kept.txt"}) {
-        SaveAs(name, 2);
-        ASSERT_FALSE(platform.messages.empty());
-        const Message& told = platform.messages.back();
-        EXPECT_EQ(told.text + '/' + told.title,
-                  "Error in saving file " + Path(name) + "/File Save");
-        EXPECT_EQ(told.icon, Message::Icon::Critical);
-        EXPECT_EQ(Window().MousePointer(), Form::Pointer::Normal);
-    }
-    EXPECT_EQ(*ReadWholeFile(Path("kept.txt")), "old");
 }
 
 TEST_F(ReportLog, PastesAPictureElseTextAlsoIntoALockedBox) {

@@ -169,7 +169,8 @@ void FormWindow::PressEnter() {
 void FormWindow::LeaveBy(QPushButton& button) {
     button.setDefault(true);
     button.setFocus();
-    OnKeys({Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}, [&button] { button.click(); });
+    PressByEnter(button);
+    OnKeys({Qt::Key_Escape}, [&button] { button.click(); });
 }
 
 void FormWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
