@@ -121,7 +121,7 @@ class User:
         logs = list((self.home / ".local/state/vardel").glob("*.rtf"))
         if len(logs) != 1:
             return ""
-        body = re.sub(r"\{\\fonttbl.*?\}\}", "", logs[0].read_text().replace("\n", ""))
+        body = re.sub(r"\{\\fonttbl.*?\}\}", "", logs[0].read_text().replace("\n", " "))
         body = re.sub(r"\\par\b ?", "\n", body)
         return re.sub(r"\\[a-z]+-?\d* ?|[{}]", "", body)
 

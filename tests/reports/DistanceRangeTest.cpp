@@ -171,16 +171,6 @@ TEST_F(DistanceRange, ABoxThatIsNotNumericGetsItsFallback) {
     }
 }
 
-TEST_F(DistanceRange, AnInputThatIsNoNumberRefusesTheRun) {
-    const std::string before = Log().Text();
-    Main().txthb.SetText("12abc");
-    Range().cmdLogDistRange.Press();
-    EXPECT_THAT(platform.TakeMessages(),
-                ElementsAre("Height of Base Station Antenna must be a number, not \"12abc\""));
-    EXPECT_EQ(Log().Text(), before);
-    EXPECT_TRUE(Range().chkClearLog.Visible());
-}
-
 TEST_F(DistanceRange, TheDisplayOfARun) {
     EXPECT_EQ(Range().pgbDist.Filled(), 0.0);
     AtYield(26, [this] {

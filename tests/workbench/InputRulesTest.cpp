@@ -124,22 +124,6 @@ TEST_F(InputRules, TheAreaRulesTheCity) {
     EXPECT_TRUE(Main().cmbcitysize.Enabled());
 }
 
-TEST_F(InputRules, PickingAUnitShowsTheSamePower) {
-    for (const auto& [unit, text] : {std::pair("W e.r.p.", "1000"), std::pair("kW e.r.p.", "1"),
-                                     std::pair("dBm", "60"), std::pair("dBw", "30")}) {
-        Main().cmbPowerUnit.SetText(unit);
-        EXPECT_EQ(Main().txtPowerUnit.Text(), text);
-        EXPECT_EQ(PowerWatts, 1000.0);
-    }
-    Main().cmbPowerUnit.SetText("W e.r.p.");
-    EnterPower("7");
-    Main().cmbPowerUnit.SetText("dBm");
-    EXPECT_EQ(Main().txtPowerUnit.Text(), "38.451");
-    EXPECT_EQ(PowerWatts, 7.0);
-    Main().txtPowerUnit.LostFocus.Raise();
-    EXPECT_NEAR(PowerWatts, 7.00003, 5e-6);
-}
-
 TEST_F(InputRules, LeavingThePowerBoxSetsThePower) {
     const struct {
         const char* unit;
