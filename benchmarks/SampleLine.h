@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/LogLine.h"
+#include "engine/LogLine.h"
 
 namespace vardel {
 

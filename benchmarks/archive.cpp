@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "archive/dbOperations.h"
-#include "graphs/CurveData.h"
+#include "engine/CurveData.h"
 #include "models/ModCalculations.h"
 #include "support/FakePlatform.h"
 

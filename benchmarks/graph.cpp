@@ -7,11 +7,11 @@
 #include <fstream>
 #include <string_view>
 
-#include "graphs/CurveData.h"
-#include "graphs/FrmOkumFieldStrength.h"
-#include "graphs/GraphForm.h"
+#include "engine/CurveData.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
 #include "models/ModCalculations.h"
-#include "platform/qt/ChartPlot.h"
+#include "qt/chart/ChartPlot.h"
 #include "support/RunningProgram.h"
 
 namespace vardel {

@@ -8,8 +8,8 @@
 #include <cstdio>
 
 #include "SampleLine.h"
-#include "platform/Files.h"
-#include "platform/Rtf.h"
+#include "richtext/Rtf.h"
+#include "services/Files.h"
 #include "support/RunningProgram.h"
 
 namespace vardel {

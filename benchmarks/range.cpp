@@ -8,12 +8,12 @@
 #include <QApplication>
 
 #include "SampleLine.h"
+#include "forms/reports/frmLogDistRange.h"
 #include "models/ModCalculations.h"
-#include "platform/Files.h"
-#include "platform/qt/QtPlatform.h"
-#include "reports/frmLogDistRange.h"
+#include "qt/services/QtPlatform.h"
+#include "services/Files.h"
 #include "support/RunningProgram.h"
-#include "workbench/NumberText.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 namespace {

@@ -1,7 +1,7 @@
 #include <cstdint>
 
 #include "Check.h"
-#include "graphs/MeasuredData.h"
+#include "engine/MeasuredData.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Check.h"
-#include "workbench/NumberText.h"
+#include "text/NumberText.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <cstdint>
 
 #include "Check.h"
-#include "platform/Rtf.h"
+#include "richtext/Rtf.h"
 
 // Whatever is read must come back the same when it is written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

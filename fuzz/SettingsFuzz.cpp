@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "Check.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
 #include "support/FakePlatform.h"
-#include "workbench/MainForm.h"
-#include "workbench/NumberText.h"
-#include "workbench/Program.h"
+#include "text/NumberText.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 #include <QTimer>
 #include <csignal>
 
-#include "platform/qt/QtPlatform.h"
-#include "platform/qt/SessionEnd.h"
-#include "workbench/Program.h"
+#include "forms/Program.h"
+#include "qt/services/QtPlatform.h"
+#include "qt/services/SessionEnd.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);

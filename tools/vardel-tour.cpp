@@ -9,20 +9,20 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "graphs/FrmOkumFieldStrength.h"
-#include "graphs/GraphForm.h"
-#include "help/AboutForm.h"
-#include "help/ContextIDs.h"
-#include "help/frmInfoScreen.h"
-#include "platform/Files.h"
-#include "platform/qt/QtPlatform.h"
-#include "reports/FrmPrintOut.h"
-#include "reports/FrmReport.h"
-#include "reports/RLogClass.h"
-#include "reports/frmLogDistRange.h"
-#include "reports/frmPrinterSelect.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
+#include "forms/Program.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/help/AboutForm.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/help/frmInfoScreen.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmPrintOut.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "forms/reports/frmLogDistRange.h"
+#include "forms/reports/frmPrinterSelect.h"
+#include "qt/services/QtPlatform.h"
+#include "services/Files.h"
 
 namespace {
 

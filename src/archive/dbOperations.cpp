@@ -5,8 +5,8 @@
 #include <limits>
 #include <stdexcept>
 
-#include "platform/Platform.h"
-#include "workbench/NumberText.h"
+#include "services/Platform.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 

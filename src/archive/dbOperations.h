@@ -6,8 +6,8 @@
 #include <span>
 #include <string>
 
-#include "platform/Clock.h"
-#include "platform/Database.h"
+#include "services/Clock.h"
+#include "services/Database.h"
 
 namespace vardel {
 

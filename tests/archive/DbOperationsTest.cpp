@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "platform/Files.h"
+#include "services/Files.h"
 #include "support/FakePlatform.h"
 
 namespace vardel {

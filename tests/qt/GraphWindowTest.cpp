@@ -5,14 +5,14 @@
 #include <QTest>
 #include <QTimer>
 
-#include "graphs/FrmOkumFieldStrength.h"
-#include "graphs/GraphForm.h"
-#include "platform/qt/ChartPlot.h"
-#include "platform/qt/ChartWidget.h"
-#include "platform/qt/QtPlatform.h"
+#include "forms/Program.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/main/MainForm.h"
+#include "qt/chart/ChartPlot.h"
+#include "qt/chart/ChartWidget.h"
+#include "qt/services/QtPlatform.h"
 #include "support/FakePlatform.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
 
 namespace vardel {
 namespace {

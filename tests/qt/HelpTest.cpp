@@ -5,9 +5,9 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 
-#include "platform/qt/QtPlatform.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
+#include "qt/services/QtPlatform.h"
 
 namespace vardel {
 namespace {

@@ -3,9 +3,9 @@
 #include <QImage>
 #include <QProcess>
 
-#include "graphs/GraphForm.h"
-#include "platform/Files.h"
-#include "platform/qt/ChartPlot.h"
+#include "forms/graphs/GraphForm.h"
+#include "qt/chart/ChartPlot.h"
+#include "services/Files.h"
 #include "support/RunningProgram.h"
 
 // A metafile looks like the screen in programs that are not ours.

@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "platform/qt/MetafileDevice.h"
+#include "qt/metafile/MetafileDevice.h"
 
 namespace vardel {
 namespace {

@@ -9,14 +9,14 @@
 #include <QRegularExpression>
 #include <QTimer>
 
-#include "graphs/GraphForm.h"
-#include "platform/Files.h"
-#include "platform/qt/QtPlatform.h"
-#include "reports/FrmReport.h"
-#include "reports/RLogClass.h"
+#include "forms/Program.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "qt/services/QtPlatform.h"
+#include "services/Files.h"
 #include "support/FakePlatform.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
 
 namespace vardel {
 namespace {

@@ -7,13 +7,13 @@
 #include <QTextBlock>
 #include <QTimer>
 
-#include "platform/qt/PictureConvert.h"
-#include "platform/qt/QtPlatform.h"
-#include "platform/qt/RichTextEdit.h"
-#include "reports/FrmReport.h"
-#include "reports/RLogClass.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "qt/services/PictureConvert.h"
+#include "qt/services/QtPlatform.h"
+#include "qt/windows/RichTextEdit.h"
 
 namespace vardel {
 namespace {

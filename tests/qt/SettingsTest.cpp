@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include "platform/qt/QtSettings.h"
+#include "qt/services/QtSettings.h"
 
 namespace vardel {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "platform/qt/QtPlatform.h"
+#include "qt/services/QtPlatform.h"
 #include "support/FakePlatform.h"
 
 int main(int argc, char** argv) {

@@ -10,12 +10,12 @@
 #include <random>
 #include <string_view>
 
-#include "platform/qt/QtPlatform.h"
-#include "reports/FrmReport.h"
-#include "reports/RLogClass.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "qt/services/QtPlatform.h"
 #include "stress/RandomUser.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
 
 namespace vardel {
 namespace {

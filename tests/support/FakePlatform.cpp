@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "graphs/Chart.h"
+#include "forms/graphs/Chart.h"
 
 namespace vardel {
 

@@ -6,8 +6,8 @@
 #include <queue>
 #include <vector>
 
-#include "platform/Form.h"
-#include "platform/Platform.h"
+#include "controls/Form.h"
+#include "services/Platform.h"
 
 namespace vardel {
 

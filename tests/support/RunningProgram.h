@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/RichTextBox.h"
-#include "reports/FrmReport.h"
-#include "reports/RLogClass.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "richtext/RichTextBox.h"
 #include "support/FakePlatform.h"
-#include "workbench/MainForm.h"
-#include "workbench/Program.h"
 
 namespace vardel {
 

@@ -1,0 +1,255 @@
+#include "engine/MeasuredData.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "services/Files.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr std::size_t MaxTables = 32768;
+
+// Inside this file a MeasuredFault is thrown; it goes no further than ParseMeasuredData.
+
+struct Field {
+    std::string_view text;
+    int line = 1;
+};
+
+class FieldReader {
+public:
+    explicit FieldReader(std::string_view text) : rest_(text) {
+        constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+        if (rest_.starts_with(ByteOrderMark)) rest_.remove_prefix(ByteOrderMark.size());
+    }
+
+    // Nothing at the end of the text.
+    std::optional<Field> Next();
+
+    // Of the field last taken: where a text breaks off, not where its blank lines end.
+    int Line() const { return lastLine_; }
+
+private:
+    void SkipBlanks() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+    }
+    bool Take(std::string_view start) {
+        if (!rest_.starts_with(start)) return false;
+        rest_.remove_prefix(start.size());
+        return true;
+    }
+    std::string_view TakePlain();
+    std::string_view TakeQuoted();
+
+    std::string_view rest_;
+    int line_ = 1;
+    int lastLine_ = 1;
+};
+
+std::optional<Field> FieldReader::Next() {
+    bool gap = false;
+    for (;;) {
+        SkipBlanks();
+        if (rest_.empty()) return std::nullopt;
+        if (Take(",")) {
+            gap = true;
+        } else if (Take("\r\n") || Take("\n") || Take("\r")) {
+            gap = false;
+            ++line_;
+        } else {
+            break;
+        }
+    }
+    if (gap) throw MeasuredFault{line_, "a field is empty."};
+    lastLine_ = line_;
+    const std::string_view text = rest_.front() == '"' ? TakeQuoted() : TakePlain();
+    SkipBlanks();
+    Take(",");
+    return Field{text, line_};
+}
+
+std::string_view FieldReader::TakePlain() {
+    const std::size_t end = std::min(rest_.find_first_of(",\r\n"), rest_.size());
+    const std::string_view text = rest_.substr(0, end);
+    rest_.remove_prefix(end);
+    return text.substr(0, text.find_last_not_of(" \t") + 1);
+}
+
+std::string_view FieldReader::TakeQuoted() {
+    const std::size_t end = rest_.find_first_of("\"\r\n", 1);
+    if (end == rest_.npos || rest_[end] != '"')
+        throw MeasuredFault{line_, "a quotation mark is not closed."};
+    const std::string_view text = rest_.substr(1, end - 1);
+    rest_.remove_prefix(end + 1);
+    SkipBlanks();
+    if (!rest_.empty() && std::string_view(",\r\n").find(rest_.front()) == std::string_view::npos)
+        throw MeasuredFault{line_, "a comma is missing behind a quoted text."};
+    return text;
+}
+
+class MeasuredParser {
+public:
+    MeasuredParser(std::string_view text, MeasuredTable& table) : fields_(text), table_(table) {}
+
+    void Parse();
+
+private:
+    Field Need(const std::string& what);
+    double NeedNumber(const std::string& what) { return Number(Need(what), what); }
+    static double Number(const Field& field, const std::string& what);
+    void ReadHead();
+    void ReadRow(double distance);
+    void EndTable();
+
+    FieldReader fields_;
+    MeasuredTable& table_;                    // those that have ended
+    std::optional<MeasuredSegment> segment_;  // the one that has not
+    int headLine_ = 0;
+    int rows_ = 0;
+};
+
+void MeasuredParser::Parse() {
+    while (const auto first = fields_.Next()) {
+        const double x = Number(*first, "a distance");
+        if (x == 0.0) {
+            EndTable();
+            ReadHead();
+        } else {
+            ReadRow(x);
+        }
+    }
+    EndTable();
+    if (table_.empty()) throw MeasuredFault{fields_.Line(), "the file is empty."};
+}
+
+Field MeasuredParser::Need(const std::string& what) {
+    const auto field = fields_.Next();
+    if (!field)
+        throw MeasuredFault{fields_.Line(), "the file ends where " + what + " should follow."};
+    return *field;
+}
+
+double MeasuredParser::Number(const Field& field, const std::string& what) {
+    const auto x = WholeTextNumber(field.text);
+    if (!x) throw MeasuredFault{field.line, what + " is not a number."};
+    return *x;
+}
+
+void MeasuredParser::ReadHead() {
+    headLine_ = fields_.Line();
+    rows_ = 0;
+    MeasuredSegment& segment = segment_.emplace();
+    segment.Frequency = NeedNumber("the frequency");
+    segment.PercentTime = NeedNumber("the percent of time");
+    segment.City = Need("the area").text;
+    segment.MobileHeight = NeedNumber("the mobile antenna height");
+    const double count = NeedNumber("the number of base antenna heights");
+    if (count < 1.0 || count > MeasuredHeights || count != std::floor(count))
+        throw MeasuredFault{fields_.Line(),
+                            "the number of base antenna heights is not a whole "
+                            "number from 1 to 6."};
+    segment.HeightCount = static_cast<int>(count);
+    for (int c = 0; c < segment.HeightCount; ++c)
+        segment.BaseHeight[c] = NeedNumber("a base antenna height");
+}
+
+void MeasuredParser::ReadRow(double distance) {
+    if (!segment_)
+        throw MeasuredFault{fields_.Line(), "a data row stands before the first table head."};
+    if (rows_ == MeasuredRows - 1)
+        throw MeasuredFault{fields_.Line(), "a table has more than 75 data rows."};
+    segment_->RowDistance[rows_] = distance;
+    for (int c = 0; c < segment_->HeightCount; ++c)
+        segment_->RowValue[rows_][c] = NeedNumber("a field strength");
+    ++rows_;
+}
+
+void MeasuredParser::EndTable() {
+    if (!segment_) return;
+    if (rows_ == 0) throw MeasuredFault{headLine_, "a table has no data rows."};
+    if (table_.size() == MaxTables)
+        throw MeasuredFault{headLine_, "there are more than 32768 tables."};
+    segment_->RowDistance[rows_] = MeasuredEndMark;
+    for (int c = 0; c < segment_->HeightCount; ++c) segment_->RowValue[rows_][c] = MeasuredEndMark;
+    table_.push_back(std::move(*segment_));
+    segment_.reset();
+}
+
+bool EqualButForCase(std::string_view a, std::string_view b) {
+    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : +c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return upper(x) == upper(y); });
+}
+
+}  // namespace
+
+std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTable& table) {
+    table.clear();
+    try {
+        MeasuredParser(text, table).Parse();
+    } catch (const MeasuredFault& fault) {
+        if (table.empty()) table.emplace_back().Frequency = -1.0;
+        return fault;
+    }
+    return std::nullopt;
+}
+
+bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& windows) {
+    const std::string title = "Okum-Hata";
+    const auto text = ReadWholeFile(path);
+    if (!text) {
+        windows.ShowMessage({.text = "Warning: Cannot find file " + path, .title = title});
+        return false;
+    }
+    if (const auto fault = ParseMeasuredData(*text, table))
+        windows.ShowMessage({.text = "Warning: The file " + path + " has a fault in line " +
+                                     std::to_string(fault->line) + ": " + fault->fault +
+                                     " Only the tables that were complete before it are used.",
+                             .title = title});
+    return true;
+}
+
+MeasuredMatch FindMeasuredSegment(double frequency, double hb, double hm, std::string_view areaText,
+                                  double percentTime, const MeasuredTable& table) {
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const MeasuredSegment& segment = table[i];
+        if (segment.Frequency != frequency || segment.PercentTime != percentTime ||
+            segment.MobileHeight != hm || !EqualButForCase(segment.City, areaText))
+            continue;
+        // A later table with the same head may have the height that this one lacks.
+        for (int c = 0; c < segment.HeightCount; ++c)
+            if (segment.BaseHeight[c] == hb) return {true, static_cast<int>(i), c};
+    }
+    return {};
+}
+
+std::string MeasuredListing(const MeasuredTable& table) {
+    const std::string lineEnd = "\r\n";
+    std::string text = lineEnd + "Table Segments: " + std::to_string(table.size()) + lineEnd;
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const MeasuredSegment& segment = table[i];
+        text += std::to_string(i) + "> Freq:" + ShortestText(segment.Frequency);
+        text += "  %:" + ShortestText(segment.PercentTime) + " City: " + segment.City;
+        text += " hm: " + ShortestText(segment.MobileHeight);
+        text += " hb(" + std::to_string(segment.HeightCount) + "): ";
+        for (int c = 0; c < segment.HeightCount; ++c)
+            text += ShortestText(segment.BaseHeight[c]) + "  ";
+        if (i + 1 == table.size()) {
+            text += lineEnd;
+            for (int r = 0; r < MeasuredRows && segment.RowValue[r][0] != MeasuredEndMark; ++r) {
+                text += "     " + ShortestText(segment.RowDistance[r]) + ": ";
+                for (int c = 0; c < segment.HeightCount; ++c)
+                    text += ShortestText(segment.RowValue[r][c]) + ' ';
+                text += lineEnd;
+            }
+        }
+        text += lineEnd;
+    }
+    return text;
+}
+
+}  // namespace vardel

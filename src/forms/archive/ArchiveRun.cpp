@@ -1,0 +1,99 @@
+#include "forms/archive/ArchiveRun.h"
+
+#include <array>
+
+#include "archive/dbOperations.h"
+#include "controls/Hourglass.h"
+#include "engine/CurveData.h"
+#include "forms/Program.h"
+#include "forms/graphs/PlotForm.h"
+#include "forms/shared/BoxRule.h"
+#include "models/ModCalculations.h"
+#include "services/Platform.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+struct ArchivedCurve {
+    const char* legend;  // the area follows
+    ModelFunction function;
+};
+
+using ArchivedCurves = std::array<ArchivedCurve, 3>;
+
+constexpr ArchivedCurves LossCurves = {{
+    {"ITU 529 ", Itu529Loss},
+    {"Davidson ", DavidsonLoss},
+    {"Cost 231 ", Cost231Loss},
+}};
+
+constexpr ArchivedCurves FieldStrengthCurves = {{
+    {"ITU 529 - ", Itu529FieldStrength},
+    {"Davidson - ", DavidsonFieldStrength},
+    {"Cost 231 - ", Cost231FieldStrength},
+}};
+
+constexpr std::int32_t PointsOfTwoValues = 2;
+constexpr double NearestPoint = 1.0;  // km
+
+// False, after a message, when the user chooses none.
+bool ChooseArchive(Program& program) {
+    Windows& windows = program.platform.windows;
+    const auto file = windows.AskOpenFile({program.platform.programDirectory, "*.mdb", 1});
+    if (!file || file->empty() || file->find('*') != std::string::npos) {
+        windows.ShowMessage({.text = "Cannot Open Access Database", .title = "Add To Archive"});
+        program.ArchiveFile.clear();
+        return false;
+    }
+    program.ArchiveFile = *file;
+    return true;
+}
+
+// The boxes as they stand, without units of the heights. The doubled comma before the city size is
+// part of the format.
+std::string ParameterLine(const PlotForm& form) {
+    const std::string& area = form.cmbareatype.Text();
+    std::string line = "hb:" + TrimmedText(form.txthb) + ",hm:" + TrimmedText(form.txthm) +
+                       ",frq:" + form.txtFreq.Text() + ',' + area + ',';
+    if (IsUrban(form.cmbareatype)) line += ',' + form.cmbcitysize.Text();
+    line += ",Power:" + FormatNumber(GetPowerWatts() / 1000.0, "###.##") + "kW e.r.p.,";
+    return line + TrimmedText(form.txtPctTime) + "%T," + TrimmedText(form.txtPctLoc) + "%L";
+}
+
+void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,
+              const ArchivedCurves& curves) {
+    dbOperations& archive = program.dbOperations;
+    archive.OpenArchive(program.ArchiveFile);
+    const std::string parameters = ParameterLine(form);
+    const std::string comment =
+        program.platform.windows.AskText({"Comments:", "Store Data Run", " "});
+    archive.AddModelRun("Okumura-Hata", parameters, comment, program.platform.clock.Now(),
+                        PointsOfTwoValues);
+    for (const ArchivedCurve& curve : curves) {
+        const auto valueAt = [&](double d) {
+            inputs.d = d;
+            return curve.function(inputs);
+        };
+        const CurveData points = ComputeFreeCurve(valueAt, NearestPoint, form.MaxDist);
+        archive.AddDataSet(archive.CurrentRunId, curve.legend + std::string(Trimmed(inputs.area)),
+                           comment, points.LastPoint + 1, PointsOfTwoValues, points.Distances,
+                           points.Values, {});
+    }
+    archive.CloseArchive();
+}
+
+}  // namespace
+
+void ArchiveRun(Program& program, PlotForm& form, ArchivedQuantity quantity) {
+    const Hourglass hourglass(form);
+    program.platform.windows.Yield();
+    if (form.Unloaded()) return;
+    if (const auto inputs = form.ReadInputs())
+        if (!program.ArchiveFile.empty() || ChooseArchive(program))
+            StoreRun(program, form, *inputs,
+                     quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves);
+}
+
+}  // namespace vardel

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "controls/Controls.h"
+
+namespace vardel {
+
+struct ChartSeries {
+    bool Visible = false;
+    Color LineColor;
+    int LineStyle = 0;  // see LinePattern
+    int LineWidth = 1;
+    int MarkerStyle = 0;  // 0: a plain line
+    int MarkerSize = 0;
+    bool SinglePoints = false;  // each point a value of its own, shown as a dot on the line
+    std::string Label;
+    std::vector<double> X;
+    std::vector<double> Y;
+};
+
+enum LinePattern : int { PatternInRange = 0, PatternFreeSpace = 2, PatternOutOfRange = 3 };
+
+struct ChartAxis {
+    double Minimum = 0.0;
+    double Maximum = 1.0;
+    double MajorStep = 0.0;  // 0: as the chart finds best
+    std::string Title;
+    std::string TitleFontName = "Arial";
+    std::string LabelFontName = "Arial";
+    int TitleFontSize = 10;
+    int LabelFontSize = 10;
+    Color TitleColor;
+    Color LabelColor;
+};
+
+struct ChartTitle {
+    std::string Text;
+    int FontSize = 12;
+};
+
+struct ChartLegend {
+    std::string Text;  // a line for each series, parted by carriage returns
+    int FontSize = 8;
+    bool Visible = false;
+    int AttributeA = 0;
+    int AttributeB = 0;
+};
+
+// The data of a chart, which whoever shows it draws. Axis 0 is the distance, axis 1 the value.
+class Chart : public Control {
+public:
+    Chart(Form& form, std::string name, std::string title, std::string xTitle, std::string yTitle);
+
+    // Series count from 0 and come to be when they are first touched. One without data is not
+    // shown.
+    ChartSeries& Series(int index);
+    const std::vector<ChartSeries>& AllSeries() const { return series_; }
+
+    // Copies count points.
+    void SetSeriesData(int index, std::string label, const double* x, const double* y,
+                       std::size_t count);
+    // Shows all that was set.
+    void Redraw() { Assign(redraws_, redraws_ + 1); }
+    int Redraws() const { return redraws_; }
+
+    // A picture of the chart to the clipboard.
+    void CopyToClipboard();
+    // As a Windows metafile, the only format being 2. Throws where it cannot be written; a file
+    // that stood there does so still.
+    void SaveMetafile(int format, const std::string& path);
+
+    // On the current printer; that there is none, or that it fails, is told.
+    void PrintChart();
+    // The user chooses what a later PrintChart prints on.
+    void PrinterSetup();
+
+    std::array<ChartAxis, 2> Axis;
+    std::array<ChartTitle, 3> Title;
+    ChartLegend Legend;
+
+private:
+    std::vector<ChartSeries> series_;
+    int redraws_ = 0;
+};
+
+}  // namespace vardel

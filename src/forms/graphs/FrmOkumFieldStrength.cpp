@@ -1,0 +1,132 @@
+#include "forms/graphs/FrmOkumFieldStrength.h"
+
+#include "controls/Hourglass.h"
+#include "forms/Program.h"
+#include "forms/archive/ArchiveRun.h"
+#include "forms/graphs/GraphActions.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/main/MainForm.h"
+#include "models/Primitives.h"
+
+namespace vardel {
+
+FrmOkumFieldStrength::FrmOkumFieldStrength(Program& program)
+    : PlotForm(program, {.form = "FrmOkumFieldStrength",
+                         .caption = "Field Strength Plot",
+                         .chart = "CTWXfs",
+                         .chartTitle = "Field Strength",
+                         .distanceTitle = "Distance (km)",
+                         .valueTitle = "dB (uv/m)",
+                         .baseAntennaLabel = "Label8",
+                         .archiveButton = "cmdAddToArchive"}),
+      // On the main form's unit from the beginning: a change of it would rewrite the power's text.
+      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), program.PowerUnit) {
+    SetHelpContextID(TopicFieldStrengthGraphs);
+    for (MenuItem* mark : {&mnuModelPalvernFS, &mnuModelOkum529FS, &mnuModelCost231,
+                           &mnuModelCompare, &mnuModelDist100, &mnuModelDist300})
+        mark->SetCheckable(true);
+    WireEvents();
+}
+
+void FrmOkumFieldStrength::WireEvents() {
+    lblPower.Click = [this] { cmdAddToArchive.SetVisible(!cmdAddToArchive.Visible()); };
+    cmdAddToArchive.Click = [this] { cmdAddToArchive_Click(); };
+    txtPowerUnit.LostFocus = [this] { txtPowerUnit_LostFocus(); };
+    cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
+
+    mnuFileExit.Click = [this] { Unload(); };
+    mnuModelPalvernFS.Click = [this] { SelectPlot(GraphDavidson); };
+    mnuModelOkum529FS.Click = [this] { SelectPlot(GraphItu529); };
+    mnuModelCost231.Click = [this] { SelectPlot(GraphCost231); };
+    mnuModelCompare.Click = [this] { SelectPlot(GraphComparison); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
+    mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
+    mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
+    mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
+    mnuFilePrinterSetup.Click = [this] { CTWXfs.PrinterSetup(); };
+}
+
+void FrmOkumFieldStrength::Form_Load() {
+    const MainForm& main = *program_.MainForm;
+    txthb.SetEnabled(program_.GraphMode == GraphComparison);
+    SetMaxDist(100.0, mnuModelDist100, mnuModelDist300);
+    mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+    LoadInputs(main);
+    txtPowerUnit.SetText(main.txtPowerUnit.Text());
+    CheckModelMenu();
+    if (PlotFieldStrength(false)) MarkGood();
+}
+
+void FrmOkumFieldStrength::Form_Unload() {
+    if (!program_.MainForm.Loaded()) return;
+    MainForm& main = *program_.MainForm;
+    HandBackInputs(main);
+    main.mnuGraphMeasured.SetCaption(mnuGraphMeasured.Caption());
+}
+
+void FrmOkumFieldStrength::CheckModelMenu() {
+    const int mode = program_.GraphMode;
+    mnuModelPalvernFS.SetChecked(mode == GraphDavidson);
+    mnuModelOkum529FS.SetChecked(mode == GraphItu529);
+    mnuModelCost231.SetChecked(mode == GraphCost231);
+    mnuModelCompare.SetChecked(mode == GraphComparison);
+}
+
+// A graph that was marked stale stays so, though this takes in all the inputs.
+void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
+    const Hourglass hourglass(*this);
+    program_.GraphMode = graph;
+    CheckModelMenu();
+    if (!PlotFieldStrength(true)) MarkStale();
+}
+
+// Called from the main form, too, while the form may be closed at the plot's yield.
+void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
+    Run([this, graph] {
+        ReplotMode(graph);
+        txthb.SetEnabled(graph == GraphComparison);
+    });
+}
+
+// The unit's change rewrites the power's text, which is put back.
+void FrmOkumFieldStrength::BringUpToDate() {
+    Run([this] {
+        MainForm& main = *program_.MainForm;
+        const std::string power = main.txtPowerUnit.Text();
+        cmbPowerUnit.SetText(main.cmbPowerUnit.Text());
+        main.txtPowerUnit.SetText(power);
+        txtPowerUnit.SetText(power);
+        mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+        const bool anew = TakeUnitsAfresh();
+        SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
+        if (anew && !Unloaded()) cmdUpdateGraph.Press();
+    });
+}
+
+void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }
+
+void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
+    if (MaxDist != maxDist) SetMaxDist(maxDist, mnuModelDist100, mnuModelDist300);
+}
+
+void FrmOkumFieldStrength::cmdAddToArchive_Click() {
+    ArchiveRun(program_, *this, ArchivedQuantity::FieldStrength);
+}
+
+// The power goes to the main form at once, not only when the form closes.
+void FrmOkumFieldStrength::txtPowerUnit_LostFocus() {
+    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), program_.PowerUnit));
+    program_.MainForm->txtPowerUnit.SetText(txtPowerUnit.Text());
+    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), program_.PowerUnit);
+    MarkStale();
+}
+
+void FrmOkumFieldStrength::cmbPowerUnit_Click() {
+    MainForm& main = *program_.MainForm;
+    program_.PowerUnit = cmbPowerUnit.SelectedItemData();
+    txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
+    main.cmbPowerUnit.SetText(cmbPowerUnit.Text());
+    main.txtPowerUnit.SetText(txtPowerUnit.Text());
+}
+
+}  // namespace vardel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "forms/graphs/Chart.h"
+
+namespace vardel {
+
+class Program;
+
+// What the menus of all graph forms do with their chart.
+
+// Asks for a file and writes the chart to it as a metafile. A failure is told; the form stays as it
+// was.
+void SaveGraph(Form& form, Chart& chart);
+
+// Puts a picture of the chart into the report log, by way of the clipboard.
+void CopyGraphToLog(Program& program, Chart& chart);
+
+// Shows the form that prints the chart, over the form that the chart is on.
+void PrintGraph(Program& program, Form& form, Chart& chart);
+
+// Whether graphs show measured data is told by the caption of a menu entry, which a pick turns
+// over. Takes effect with the next plot.
+const char* MeasuredCaption(bool shown);
+void ToggleMeasuredData(Program& program, MenuItem& entry);
+
+}  // namespace vardel

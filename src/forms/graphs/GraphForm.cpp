@@ -1,0 +1,54 @@
+#include "forms/graphs/GraphForm.h"
+
+#include "forms/Program.h"
+#include "forms/archive/ArchiveRun.h"
+#include "forms/graphs/GraphActions.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/main/MainForm.h"
+
+namespace vardel {
+
+GraphForm::GraphForm(Program& program)
+    : PlotForm(program, {.form = "GraphForm",
+                         .caption = "dB Loss Graph",
+                         .chart = "CTWX1",
+                         .chartTitle = "dB Loss Calculation",
+                         .distanceTitle = "Distance (Km)",
+                         .valueTitle = "dB",
+                         .baseAntennaLabel = "lblBaseAntenna",
+                         .archiveButton = "cmdArchiveData"}) {
+    SetHelpContextID(TopicInputs);
+    mnuGraph100.SetCheckable(true);
+    mnuGraph300.SetCheckable(true);
+
+    lblBaseAntenna.Click = [this] { cmdArchiveData.SetVisible(!cmdArchiveData.Visible()); };
+    cmdArchiveData.Click = [this] { cmdArchiveData_Click(); };
+    mnuFileCopyToReportLog.Click = [this] { CopyGraphToLog(program_, CTWX1); };
+    mnuFileClose.Click = [this] { Unload(); };
+    mnuGraph100.Click = [this] { SetMaxDist(100.0, mnuGraph100, mnuGraph300); };
+    mnuGraph300.Click = [this] { SetMaxDist(300.0, mnuGraph100, mnuGraph300); };
+    mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
+    mnuFilePrintSetup.Click = [this] { CTWX1.PrinterSetup(); };
+}
+
+void GraphForm::Form_Load() {
+    SetMaxDist(100.0, mnuGraph100, mnuGraph300);
+    LoadInputs(*program_.MainForm);
+    if (PlotLossGraph(false)) MarkGood();
+}
+
+void GraphForm::BringUpToDate() {
+    if (TakeUnitsAfresh()) cmdUpdateGraph.Press();
+}
+
+void GraphForm::Form_Unload() {
+    if (!program_.MainForm.Loaded()) return;
+    MainForm& main = *program_.MainForm;
+    HandBackInputs(main);
+    main.mnuUnitsMetric.SetChecked(mnuUnitsMetric.Checked());
+    main.mnuUnitsEnglish.SetChecked(mnuUnitsEnglish.Checked());
+}
+
+void GraphForm::cmdArchiveData_Click() { ArchiveRun(program_, *this, ArchivedQuantity::Loss); }
+
+}  // namespace vardel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "forms/graphs/PlotForm.h"
+
+namespace vardel {
+
+// The window of the loss graph: the three models and free space.
+class GraphForm : public PlotForm {
+public:
+    explicit GraphForm(Program& program);
+
+    // False, after a message, where a box holds no number: the chart is as it was then.
+    bool PlotLossGraph(bool redrawChart);
+    // Before it is shown where it was made earlier, hidden.
+    void BringUpToDate();
+
+    Chart& CTWX1 = chart_;
+    Label& lblBaseAntenna = baseAntenna_;
+    Button& cmdArchiveData = archive_;
+
+    MenuItem mnuFileCopyToReportLog{mnuFile, "mnuFileCopyToReportLog", "Copy to &Report Log"};
+    MenuItem mnuFilePrint{mnuFile, "mnuFilePrint", "Print"};
+    MenuItem mnuFilePrintSetup{mnuFile, "mnuFilePrintSetup", "&Printer Setup"};
+    MenuItem mnuFileClose{mnuFile, "mnuFileClose", "&Close"};
+    MenuItem mnuGraph{*this, "mnuGraph", "&Graph"};
+    MenuItem mnuGraph100{mnuGraph, "mnuGraph100", "Max Dist &100 Km"};
+    MenuItem mnuGraph300{mnuGraph, "mnuGraph300", "Max Dist &300 Km"};
+
+private:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void cmdArchiveData_Click();
+    bool Replot() override { return PlotLossGraph(true); }
+    void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) override;
+    void SetTitles();
+};
+
+}  // namespace vardel

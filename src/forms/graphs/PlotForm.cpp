@@ -1,0 +1,201 @@
+#include "forms/graphs/PlotForm.h"
+
+#include <array>
+
+#include "controls/Hourglass.h"
+#include "engine/CurveData.h"
+#include "forms/Program.h"
+#include "forms/graphs/GraphActions.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/main/MainForm.h"
+#include "forms/main/UnitSwitch.h"
+#include "forms/shared/BoxRule.h"
+#include "services/Platform.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+struct RuledBox {
+    TextBox PlotForm::*box;
+    BoxRule rule;
+};
+
+// Narrower than the main form's rules in places; the base height's message tells another limit.
+constexpr std::array<RuledBox, 5> RuledBoxes = {{
+    {&PlotForm::txtFreq,
+     {150, 2000, 150, "Valid Frequency Range 150 MHz to 2000 MHz", InputPattern}},
+    {&PlotForm::txthb,
+     {30, 2500, 30, "Valid Height of Base Station Antenna is 30m to 200m", InputPattern}},
+    {&PlotForm::txthm, {1, 30, 1, "Valid Height of Mobile Antenna is 1m to 30m", InputPattern}},
+    {&PlotForm::txtPctTime, {1, 99, 50, "Percent Range 1 to 99", "#0"}},
+    {&PlotForm::txtPctLoc, {1, 99, 50, "Percent Range 1 to 99", "#0"}},
+}};
+
+}  // namespace
+
+PlotForm::PlotForm(Program& program, const Names& names)
+    : Form(program.platform, names.form, names.caption),
+      program_(program),
+      chart_(*this, names.chart, names.chartTitle, names.distanceTitle, names.valueTitle),
+      baseAntenna_(*this, names.baseAntennaLabel, "Base Antenna"),
+      archive_(*this, names.archiveButton, "Add to Archive") {
+    SetAppearance();
+    WireEvents();
+}
+
+PlotForm::~PlotForm() {
+    if (program_.ChartToPrint == &chart_) program_.ChartToPrint = nullptr;
+}
+
+void PlotForm::SetAppearance() {
+    txtPctLoc.SetToolTipText("Range: 1 - 99");
+    txtPctTime.SetToolTipText("Range: 1 - 99");
+    cmdUpdateGraph.SetToolTipText("Replot The Graph ");
+    cmbcitysize.SetToolTipText("Select From List");
+    cmbareatype.SetToolTipText("Select From List");
+    txtFreq.SetToolTipText("Range 150MHz - 2000 MHz");
+    txthb.SetToolTipText("Range 30m - 200m");
+    txthm.SetToolTipText("Range 1m - 30m");
+    mnuUnitsMetric.SetCheckable(true);
+    mnuUnitsEnglish.SetCheckable(true);
+
+    for (TextBox* box : {&txtFreq, &txthb, &txthm}) box->SetHelpContextID(TopicInputs);
+    cmbareatype.SetHelpContextID(TopicArea);
+    cmbcitysize.SetHelpContextID(TopicArea);
+    txtPctTime.SetHelpContextID(TopicPercentTime);
+    txtPctLoc.SetHelpContextID(TopicPercentLocation);
+}
+
+void PlotForm::WireEvents() {
+    for (const RuledBox& ruled : RuledBoxes) {
+        TextBox& box = this->*ruled.box;
+        box.LostFocus = [this, &box, &rule = ruled.rule] {
+            ApplyBoxRule(box, rule, *this);
+            MarkStale();
+        };
+    }
+    cmbareatype.Click = [this] { cmbareatype_Click(); };
+    cmbcitysize.Click = [this] { MarkStale(); };
+    cmdPrintGraph.Click = [this] { cmdPrintGraph_Click(); };
+    cmdUpdateGraph.Click = [this] { cmdUpdateGraph_Click(); };
+    mnuFileSave.Click = [this] { SaveGraph(*this, chart_); };
+    mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
+    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+}
+
+void PlotForm::LoadInputs(const MainForm& main) {
+    archive_.SetVisible(false);
+    GoodPicture = GetPlatform().programDirectory + "/goodbutton.bmp";
+    BadPicture = GetPlatform().programDirectory + "/badbutton.bmp";
+    txthm.SetText(main.txthm.Text());
+    txthb.SetText(main.txthb.Text());
+    txtFreq.SetText(main.txtFreq.Text());
+    txtPctTime.SetText(main.txtPctTime.Text());
+    txtPctLoc.SetText(main.txtPctLoc.Text());
+    cmbareatype.SetText(main.cmbareatype.Text());
+    cmbcitysize.SetText(main.cmbcitysize.Text());
+    mnuUnitsMetric.SetChecked(main.mnuUnitsMetric.Checked());
+    mnuUnitsEnglish.SetChecked(main.mnuUnitsEnglish.Checked());
+    for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
+    ApplyAreaRule(cmbareatype, cmbcitysize);
+    unchanged_ = Entered();
+    MarkStale();  // until the first plot is drawn
+}
+
+bool PlotForm::TakeUnitsAfresh() {
+    const MainForm& main = *program_.MainForm;
+    if (mnuUnitsEnglish.Checked() == main.mnuUnitsEnglish.Checked()) return false;
+    LoadInputs(main);
+    return true;
+}
+
+PlotForm::Inputs PlotForm::Entered() const {
+    return {txthm.Text(),       txthb.Text(),      txtFreq.Text(),  cmbareatype.Text(),
+            cmbcitysize.Text(), txtPctTime.Text(), txtPctLoc.Text()};
+}
+
+void PlotForm::HandBackInputs(MainForm& main) {
+    const Inputs entered = Entered();
+    const auto handBack = [&](std::string Inputs::*input, auto& control) {
+        if (entered.*input != unchanged_.*input) control.SetText(entered.*input);
+    };
+    handBack(&Inputs::hm, main.txthm);
+    handBack(&Inputs::hb, main.txthb);
+    handBack(&Inputs::f, main.txtFreq);
+    if (entered.area != unchanged_.area || entered.city != unchanged_.city) {
+        // One goes with the other.
+        main.cmbareatype.SetText(entered.area);
+        main.cmbcitysize.SetText(entered.city);
+    }
+    handBack(&Inputs::pctTime, main.txtPctTime);
+    handBack(&Inputs::pctLoc, main.txtPctLoc);
+    unchanged_ = entered;
+}
+
+void PlotForm::CountHeightsAsUnchanged() {
+    unchanged_.hb = txthb.Text();
+    unchanged_.hm = txthm.Text();
+}
+
+void PlotForm::cmdPrintGraph_Click() { PrintGraph(program_, *this, chart_); }
+
+void PlotForm::MarkGood() {
+    cmdUpdateGraph.SetPictureFile(GoodPicture);
+    cmdUpdateGraph.SetStateText("The graph shows the inputs");
+}
+
+void PlotForm::MarkStale() {
+    cmdUpdateGraph.SetPictureFile(BadPicture);
+    cmdUpdateGraph.SetStateText("The inputs may have changed since the graph was drawn");
+}
+
+void PlotForm::cmbareatype_Click() {
+    MarkStale();
+    ApplyAreaRule(cmbareatype, cmbcitysize);
+}
+
+void PlotForm::cmdUpdateGraph_Click() {
+    MarkGood();
+    if (!Replot()) MarkStale();
+}
+
+void PlotForm::SetMaxDist(double maxDist, MenuItem& at100, MenuItem& at300) {
+    MaxDist = maxDist;
+    MarkStale();
+    at100.SetChecked(maxDist == 100.0);
+    at300.SetChecked(maxDist == 300.0);
+}
+
+std::optional<ModelInputs> PlotForm::ReadInputs() {
+    const auto f = ReadPositiveBox(txtFreq, Label3, *this);
+    const auto hb = f ? ReadPositiveBox(txthb, baseAntenna_, *this) : f;
+    const auto hm = hb ? ReadPositiveBox(txthm, Label9, *this) : hb;
+    if (!hm) return std::nullopt;
+    const double height = mnuUnitsEnglish.Checked() ? MetresPerFoot : 1.0;
+    return ModelInputs{.f = *f,
+                       .d = 0.0,
+                       .hb = *hb * height,
+                       .hm = *hm * height,
+                       .area = cmbareatype.Text(),
+                       .city = cmbcitysize.Text(),
+                       .pctTime = LeadingNumber(txtPctTime.Text()),
+                       .pctLoc = LeadingNumber(txtPctLoc.Text())};
+}
+
+bool PlotForm::Plot(bool redrawChart, int first, int last) {
+    const Hourglass hourglass(*this);
+    GetPlatform().windows.Yield();
+    const auto inputs = ReadInputs();
+    if (!inputs) return false;
+    if (redrawChart)
+        for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
+    CurveDrawing drawing(chart_);
+    DrawPlot(drawing, *inputs);
+    SetChartLegend(chart_, drawing.Legend());
+    if (redrawChart) chart_.Redraw();
+    return true;
+}
+
+}  // namespace vardel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "controls/Controls.h"
+
+namespace vardel {
+
+class Program;
+
+// Names the program.
+class AboutForm : public Form {
+public:
+    explicit AboutForm(Program& program);
+
+    Label Label1{*this, "Label1", "Okumura-Hata dB Loss / Field Strength Calulation Model"};
+    Label Label3{*this, "Label3", "Created for use with Quorne"};
+    Line Line1{*this, "Line1"};
+    Image Image1{*this, "Image1"};
+    Button cmdOK{*this, "cmdOK", "OK"};
+};
+
+}  // namespace vardel

@@ -1,0 +1,129 @@
+#include "forms/main/MainForm.h"
+
+#include "forms/Program.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphActions.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/help/AboutForm.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/help/frmInfoScreen.h"
+#include "forms/main/UnitSwitch.h"
+#include "forms/reports/RLogClass.h"
+#include "forms/reports/frmLogDistRange.h"
+
+namespace vardel {
+
+MainForm::MainForm(Program& program)
+    : Form(program.platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
+      program_(program),
+      tempLog_(program.platform.stateDirectory) {
+    SetAppearance();
+    SetHelpTopics();
+    WireEvents();
+}
+
+void MainForm::SetAppearance() {
+    SetBackColor(Teal);
+    for (Control* onTeal :
+         {static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
+          static_cast<Control*>(&cmbPowerUnit), static_cast<Control*>(&lblHelpRange)}) {
+        onTeal->SetBackColor(Teal);
+        onTeal->SetForeColor(White);
+    }
+    for (Label* caption : {&Label1, &Label9, &Label2, &Label12, &Label3, &Label10, &Label4,
+                           &Label11, &Label6, &Label13, &Label17, &Label5, &Label35, &Label27,
+                           &Label15, &Label7, &Label32, &Label8, &Label24}) {
+        caption->SetBackColor(Teal);
+        caption->SetForeColor(White);
+    }
+    for (auto* heads : {&lblLITU529, &lblLDavidson, &lblLCost231}) {
+        for (Label& head : *heads) {
+            head.SetBackColor(Teal);
+            head.SetForeColor(White);
+        }
+    }
+    constexpr Color DarkTeal{0, 64, 64};
+    for (Label* head : {&Label28, &lblFieldStrength}) {
+        head->SetBackColor(DarkTeal);
+        head->SetForeColor({0, 192, 192});
+    }
+    Line2.SetForeColor(DarkTeal);
+
+    txtFreq.SetToolTipText("Range 30MHz - 2000 MHz");
+    txtDist.SetToolTipText("1 km < Distance <= 300 km");
+    txthb.SetToolTipText("Range 1m - 2500m");
+    txthm.SetToolTipText("Range 1m - 30m");
+    cmbareatype.SetToolTipText("Select From List");
+    cmbcitysize.SetToolTipText("Select From List");
+    txtPctTime.SetToolTipText("Range: 1-99");
+    txtPctLoc.SetToolTipText("Range: 1-99");
+    cmdLossCalc.SetToolTipText("Calculate Losses and Field Strengths");
+
+    mnuUnitsMetric.SetCheckable(true);
+    mnuUnitsEnglish.SetCheckable(true);
+}
+
+void MainForm::SetHelpTopics() {
+    SetHelpContextID(TopicInputs);
+    for (Control* inputs : {static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
+                            static_cast<Control*>(&txtFreq), static_cast<Control*>(&txtDist),
+                            static_cast<Control*>(&txthb), static_cast<Control*>(&txthm)})
+        inputs->SetHelpContextID(TopicInputs);
+    cmbareatype.SetHelpContextID(TopicArea);
+    cmbcitysize.SetHelpContextID(TopicArea);
+    txtPctTime.SetHelpContextID(TopicPercentTime);
+    txtPctLoc.SetHelpContextID(TopicPercentLocation);
+    cmdLossCalc.SetHelpContextID(TopicCalculation);
+    mnuFile.SetHelpContextID(TopicFileMenu);
+    mnuUnits.SetHelpContextID(TopicUnitsMenu);
+    mnuCalculation.SetHelpContextID(TopicCalculation);
+    mnuHelp.SetHelpContextID(TopicHelpMenu);
+}
+
+void MainForm::WireEvents() {
+    WireInputRules();
+    WireRangeHints();
+    cmdLossCalc.Click = [this] { cmdLossCalc_Click(); };
+
+    mnuFileNew.Click = [this] { SetDefaultInputs(); };
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+    mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
+    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuGraphdBloss.Click = [this] { ShowLossGraph(); };
+    mnuOkumGraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphDavidson); };
+    mnuOkum529GraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphItu529); };
+    mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
+    mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(GraphComparison); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
+    mnuHelpInfo.Click = [this] { program_.frmInfoScreen->ShowModal(this); };
+    mnuHelpAbout.Click = [this] { program_.AboutForm->ShowModal(); };
+    mnuHelpVardel.Click = [this] { OpenManual(program_); };
+    lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
+    mnuHideShow.Click = [this] { mnuHideShow_Click(); };
+    mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
+    mnuCalculationLogDist.Click = [this] { program_.frmLogDistRange->ShowModal(this); };
+    mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
+}
+
+// A first plot yields, when an impatient second pick or the end of the program may come.
+void MainForm::ShowLossGraph() {
+    if (program_.GraphForm.Loading()) return;
+    if (program_.GraphForm.Loaded()) program_.GraphForm->BringUpToDate();
+    if (!program_.MainForm.Loaded()) return;
+    GraphForm& form = *program_.GraphForm;
+    if (program_.MainForm.Loaded()) form.ShowModal();
+}
+
+// A form that a unit switch has made stands ready with its inputs, but with the graph of its
+// making.
+void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
+    if (program_.FrmOkumFieldStrength.Loading()) return;
+    const bool made = program_.FrmOkumFieldStrength.Loaded();
+    program_.GraphMode = graph;
+    if (made) program_.FrmOkumFieldStrength->BringUpToDate();
+    if (!program_.MainForm.Loaded()) return;
+    FrmOkumFieldStrength& form = *program_.FrmOkumFieldStrength;
+    if (program_.MainForm.Loaded()) form.ShowModal();
+}
+
+}  // namespace vardel

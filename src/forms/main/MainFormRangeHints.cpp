@@ -1,0 +1,89 @@
+#include <array>
+
+#include "engine/MeasuredData.h"
+#include "forms/Program.h"
+#include "forms/main/MainForm.h"
+#include "forms/main/UnitSwitch.h"
+#include "forms/reports/RLogClass.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+// What the publication of a model says of its range. Davidson's lowest base height is 30 m here,
+// though a result counts as in range from 20 m on.
+struct RangeHint {
+    std::array<Label, 2> MainForm::*heads;
+    double fMin, fMax;    // MHz
+    double hbMin, hbMax;  // m
+    double hmMin, hmMax;  // m
+    double dMin, dMax;    // km
+    const char* text;
+};
+
+constexpr std::array<RangeHint, 3> RangeHints = {{
+    {&MainForm::lblLITU529, 150, 1500, 30, 200, 1, 10, 1, 100,
+     "ITU 529> Freq: 150Mhz - 1500Mhz, hb: 30m - 200m, hm: 1m - 10m, Dist: 1km - 100km"},
+    {&MainForm::lblLCost231, 1500, 2000, 30, 200, 1, 10, 1, 100,
+     "Cost 231> Freq: 1500Mhz - 2000Mhz, hb: 30m - 200m, hm: 1m - 10m, Dist: 1km - 100km"},
+    {&MainForm::lblLDavidson, 30, 1500, 30, 2500, 1, 10, 1, 300,
+     "Davidson> Freq: 30Mhz - 1500Mhz, hb: 30m - 2500m, hm: 1m - 10m, Dist: 1km - 300km"},
+}};
+
+constexpr Color ShownColor{255, 150, 150};
+constexpr Color HiddenColor{40, 40, 40};  // near enough to the black of the text to hide it
+
+// A text that is no number lies outside every range.
+bool Outside(const TextBox& box, double factor, double low, double high) {
+    const auto number = WholeTextNumber(box.Text());
+    if (!number) return true;
+    const double x = *number * factor;
+    return x < low || x > high;
+}
+
+}  // namespace
+
+void MainForm::WireRangeHints() {
+    for (const RangeHint& hint : RangeHints) {
+        const auto show = [this, &hint] {
+            const bool english = mnuUnitsEnglish.Checked();
+            const double height = english ? MetresPerFoot : 1.0;
+            const double distance = english ? KmPerMile : 1.0;
+            if (Outside(txtFreq, 1.0, hint.fMin, hint.fMax))
+                txtFreq.SetBackColor(program_.OutOfRangeColor);
+            if (Outside(txthb, height, hint.hbMin, hint.hbMax))
+                txthb.SetBackColor(program_.OutOfRangeColor);
+            if (Outside(txthm, height, hint.hmMin, hint.hmMax))
+                txthm.SetBackColor(program_.OutOfRangeColor);
+            if (Outside(txtDist, distance, hint.dMin, hint.dMax))
+                txtDist.SetBackColor(program_.OutOfRangeColor);
+            lblHelpRange.SetCaption(hint.text);
+        };
+        for (Label& head : this->*hint.heads) {
+            head.MouseDown = show;
+            head.MouseUp = [this] { EndRangeHint(); };
+        }
+    }
+}
+
+void MainForm::EndRangeHint() {
+    for (TextBox* box : {&txtFreq, &txthb, &txthm, &txtDist}) box->SetBackColor(White);
+    lblHelpRange.SetCaption("");
+}
+
+// What is painted already keeps its colour until the next run.
+void MainForm::mnuHideShow_Click() {
+    constexpr const char* Hide = "&Hide Out of Range Values";
+    const bool hide = mnuHideShow.Caption() == Hide;
+    mnuHideShow.SetCaption(hide ? "&Show Out of Range Values" : Hide);
+    program_.OutOfRangeColor = hide ? HiddenColor : ShownColor;
+}
+
+// Into the log, which its next saving takes to the file.
+void MainForm::lblFieldStrength_DblClick() {
+    program_.ReportLog().BeginLine();
+    program_.ReportLog().Add(MeasuredListing(program_.MeasuredTable));
+}
+
+}  // namespace vardel

@@ -1,0 +1,262 @@
+#include <array>
+
+#include "engine/LogLine.h"
+#include "engine/MeasuredData.h"
+#include "forms/Program.h"
+#include "forms/help/ContextIDs.h"
+#include "forms/help/frmInfoScreen.h"
+#include "forms/main/MainForm.h"
+#include "forms/main/UnitSwitch.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "models/Primitives.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+struct StoredBox {
+    const char* key;
+    TextBox MainForm::*box;
+};
+
+constexpr std::array<StoredBox, 6> StoredBoxes = {{
+    {"PCTTIME", &MainForm::txtPctTime},
+    {"PCTLOC", &MainForm::txtPctLoc},
+    {"Dist", &MainForm::txtDist},
+    {"Freq", &MainForm::txtFreq},
+    {"HB", &MainForm::txthb},
+    {"HM", &MainForm::txthm},
+}};
+
+struct StoredList {
+    const char* key;
+    ComboBox MainForm::*list;
+};
+
+constexpr std::array<StoredList, 2> StoredLists = {{
+    {"AreaType", &MainForm::cmbareatype},
+    {"CitySize", &MainForm::cmbcitysize},
+}};
+
+// A box as the host knows it: metric, and percentages as fractions.
+struct HostBox {
+    const char* parameter;
+    TextBox MainForm::*box;
+    double boxPerParameter;
+    double metricPerEnglish;  // of what the box shows when English units are on
+};
+
+constexpr std::array<HostBox, 6> HostBoxes = {{
+    {"PctTime_pct", &MainForm::txtPctTime, 100.0, 1.0},
+    {"PctLoc_pct", &MainForm::txtPctLoc, 100.0, 1.0},
+    {"TxHt_m", &MainForm::txthb, 1.0, MetresPerFoot},
+    {"RxHt_m", &MainForm::txthm, 1.0, MetresPerFoot},
+    {"Dist_Km", &MainForm::txtDist, 1.0, KmPerMile},
+    {"TxFreq_MHz", &MainForm::txtFreq, 1.0, 1.0},
+}};
+
+std::string Stored(Registry& registry, const char* key) {
+    registry.SetKey(key);
+    registry.RegGet();
+    return registry.Setting();
+}
+
+void Store(Registry& registry, const char* key, const std::string& text) {
+    registry.SetKey(key);
+    registry.SetSetting(text);
+    registry.RegSave();
+}
+
+}  // namespace
+
+void MainForm::Form_Load() {
+    SetHelpFile(program_, *this);
+    program_.MeasuredTable.assign(1, {});
+    program_.ShowMeasuredData = false;
+    SetDefaultInputs();
+    program_.ReportLog().SetTitle(LogColumnHeader);
+    program_.OutOfRangeColor = {255, 150, 150};
+    program_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
+    registry_.emplace(GetPlatform().settings);
+    CalledFromHost = registry_->QuorneActive();
+    program_.ArchiveFile.clear();
+    if (CalledFromHost) FillFromHost();
+    registry_->SetAppname(GetPlatform().applicationTitle);
+    registry_->SetSection(SettingsSection);
+    if (!CalledFromHost) FillFromSettings();
+    for (const auto& [key, list] : StoredLists)
+        if (const std::string text = Stored(*registry_, key); !text.empty())
+            (this->*list).SetText(text);
+    RestoreUnits();  // makes the graph forms, with the inputs that stand in the boxes then
+    BeginLog();
+    started_ = true;
+    ReadMeasuredTables();
+}
+
+// The flag leaves the store before anything else happens, so that the next start is its own.
+void MainForm::FillFromHost() {
+    for (const HostBox& host : HostBoxes) {
+        const double value = std::get<double>(registry_->QuorneGlobalValue(host.parameter));
+        (this->*host.box).SetText(ShortestText(Finite(value * host.boxPerParameter)));
+    }
+    registry_->SetQuorneActive(false);
+    registry_->SaveQuorneGlobals();
+}
+
+void MainForm::FillFromSettings() {
+    for (const auto& [key, box] : StoredBoxes)
+        if (const std::string text = Stored(*registry_, key); !text.empty())
+            (this->*box).SetText(text);
+}
+
+// The host's numbers are metric and are converted; restored boxes hold their own units' numbers.
+void MainForm::RestoreUnits() {
+    if (Stored(*registry_, "Units") != "English") return;
+    if (CalledFromHost)
+        SetEnglishUnits(program_);
+    else
+        ShowEnglishUnits(program_);
+}
+
+void MainForm::BeginLog() {
+    const bool goesOn = tempLog_.Continue(Stored(*registry_, "TempLogName"));
+    bool holdsLog = goesOn || tempLog_.TakeUpOrphan();
+    if (holdsLog && !program_.ReportLog().ReadFile(tempLog_.Path())) {
+        TellOfLog("The output log " + tempLog_.Path() +
+                  " cannot be read. It stays as it is, and a new log begins.");
+        tempLog_.Leave();
+        holdsLog = false;
+    }
+    if (!holdsLog) {
+        if (!tempLog_.Begin())
+            TellOfLog("The output log cannot be kept in " + GetPlatform().stateDirectory +
+                      ". Save it to another file before you exit.");
+        program_.ReportLog().AddTitle();
+        program_.ReportLog().CountAsSaved();  // a header alone is no work to be lost
+    }
+    program_.TempLogFile = tempLog_.Path();
+}
+
+void MainForm::TellOfLog(const std::string& text) {
+    GetPlatform().windows.ShowMessage(
+        {.text = text, .title = "Output Log", .icon = Message::Icon::Critical});
+}
+
+void MainForm::ReadMeasuredTables() {
+    const std::string path = GetPlatform().programDirectory + "/measured.csv";
+    if (!ReadMeasuredData(path, program_.MeasuredTable, GetPlatform().windows))
+        program_.MeasuredTable[0].Frequency = -1;  // which no input matches
+}
+
+// The percentages are not among the defaults.
+void MainForm::SetDefaultInputs() {
+    program_.PowerUnit = UnitKilowatts;
+    cmbPowerUnit.SetText("kW e.r.p.");
+    PowerWatts = 1000.0;
+    txtPowerUnit.SetText("1");
+    txtFreq.SetText("450.0");
+    txtDist.SetText("10.0");
+    txthb.SetText("100.0");
+    txthm.SetText("1.5");
+    cmbareatype.SetText("Urban");
+    cmbcitysize.SetText("Small/Medium");
+    Label10.SetCaption("m");
+    Label11.SetCaption("m");
+    Label12.SetCaption("Km");
+    mnuUnitsMetric.SetChecked(true);
+    mnuUnitsEnglish.SetChecked(false);
+    for (Label* value : {&lblcost231, &lblFITU529, &lblFCost231}) value->SetBackColor(Black);
+    // Metric is marked already, so the other forms keep their units until they are next opened.
+    SetMetricUnits(program_);
+}
+
+// The host's user has come for a calculation, and has the menu entry.
+void MainForm::ShowIntroduction() {
+    if (CalledFromHost || Stored(*registry_, InfoScreenKey) == NoInfoScreen) return;
+    Run([this] { program_.frmInfoScreen->ShowModal(this); });
+}
+
+void MainForm::mnuFileExit_Click() {
+    const Answer answer =
+        GetPlatform().windows.ShowMessage({.text = "This Concludes the Loss Calculation Program",
+                                           .title = "Loss Calculation Program",
+                                           .buttons = Message::Buttons::OkCancel});
+    if (answer == Answer::Ok) Unload();
+}
+
+void MainForm::Form_Unload() {
+    CloseHelp(program_);
+    SaveUnitsAndHostBoxes();
+    sessionEnded_ = false;
+    const Answer answer = GetPlatform().windows.ShowMessage({.text = "Retain Output Log?",
+                                                             .title = "Output Log",
+                                                             .buttons = Message::Buttons::YesNo,
+                                                             .closed = Answer::Yes});
+    // The session may end under the question, which then has no answer.
+    const bool retainLog = sessionEnded_ || answer == Answer::Yes;
+    if (retainLog && !SaveLogChanges() && !sessionEnded_) SaveLogElsewhere();
+    SaveSettings(retainLog);
+    if (GetPlatform().settings.HasFailed() && !sessionEnded_)
+        GetPlatform().windows.ShowMessage(
+            {.text = "The settings cannot be saved: the next start may begin with other inputs.",
+             .icon = Message::Icon::Critical});
+    GetPlatform().windows.EndProgram();
+}
+
+void MainForm::EndSession() {
+    if (!started_) return;
+    sessionEnded_ = true;
+    SaveUnitsAndHostBoxes();
+    SaveLogChanges();
+    SaveSettings(true);
+}
+
+// What came into the log behind its last run: notes, graphs, listings. False where that cannot be
+// written, or the log has no file.
+bool MainForm::SaveLogChanges() {
+    RLogClass& log = program_.ReportLog();
+    return !log.HasUnsavedChanges() ||
+           (!program_.TempLogFile.empty() && log.SaveFile(program_.TempLogFile));
+}
+
+// Until it is saved, or the user wants it no more.
+void MainForm::SaveLogElsewhere() {
+    const Message question = {.text = "The output log cannot be kept in " +
+                                      GetPlatform().stateDirectory + ". Save it to another file?",
+                              .title = "Output Log",
+                              .buttons = Message::Buttons::YesNo,
+                              .icon = Message::Icon::Critical};
+    while (GetPlatform().windows.ShowMessage(question) == Answer::Yes)
+        if (program_.FrmReport->SaveAsRichText()) return;
+}
+
+void MainForm::SaveUnitsAndHostBoxes() {
+    if (CalledFromHost) HandBackToHost();
+    Store(*registry_, "Units", mnuUnitsMetric.Checked() ? "Metric" : "English");
+}
+
+// A box that holds no number, having the focus still, leaves its parameter as it was.
+void MainForm::HandBackToHost() {
+    const bool english = mnuUnitsEnglish.Checked();
+    for (const HostBox& host : HostBoxes) {
+        const auto number = WholeTextNumber((this->*host.box).Text());
+        if (!number) continue;
+        const double metric = english ? *number * host.metricPerEnglish : *number;
+        registry_->SetQuorneGlobal(host.parameter, metric / host.boxPerParameter);
+    }
+    registry_->SaveQuorneGlobals();
+}
+
+void MainForm::SaveSettings(bool retainLog) {
+    if (!retainLog) {
+        tempLog_.Delete();
+        program_.TempLogFile.clear();
+    }
+    Store(*registry_, "TempLogName", program_.TempLogFile);
+    for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
+    for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
+}
+
+}  // namespace vardel

@@ -1,0 +1,128 @@
+#include "forms/main/UnitSwitch.h"
+
+#include <optional>
+#include <vector>
+
+#include "controls/Hourglass.h"
+#include "forms/Program.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/main/MainForm.h"
+#include "forms/shared/BoxRule.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+// What a form shows of the units.
+struct UnitControls {
+    MenuItem& metric;
+    MenuItem& english;
+    Label& hbUnit;
+    Label& hmUnit;
+    TextBox& hb;
+    TextBox& hm;
+};
+
+template <class FormWithHeights>
+UnitControls UnitControlsOf(FormWithHeights& form) {
+    return {form.mnuUnitsMetric, form.mnuUnitsEnglish, form.Label10,
+            form.Label11,        form.txthb,           form.txthm};
+}
+
+// A graph form that is not there yet is made, hidden, with the main form's inputs and units. Its
+// first plot yields, when the user may close what was there. False where that is the program.
+bool MakeGraphForms(Program& program) {
+    const auto isMissing = [&program](const auto& form) {
+        return program.MainForm.Loaded() && !form.Loaded();
+    };
+    while (isMissing(program.GraphForm) || isMissing(program.FrmOkumFieldStrength)) {
+        if (isMissing(program.GraphForm)) *program.GraphForm;
+        if (isMissing(program.FrmOkumFieldStrength)) *program.FrmOkumFieldStrength;
+    }
+    return program.MainForm.Loaded();
+}
+
+// The main form first.
+std::vector<UnitControls> FormsWithUnits(Program& program) {
+    return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm),
+            UnitControlsOf(*program.FrmOkumFieldStrength)};
+}
+
+void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {
+    for (const UnitControls& form : forms) {
+        form.metric.SetChecked(!english);
+        form.english.SetChecked(english);
+    }
+    for (const UnitControls& form : forms) {
+        form.hbUnit.SetCaption(english ? "ft" : "m");
+        form.hmUnit.SetCaption(english ? "ft" : "m");
+    }
+    main.Label12.SetCaption(english ? "miles" : "Km");
+}
+
+struct Lengths {
+    double hb;
+    double hm;
+    double distance;
+};
+
+std::optional<Lengths> ReadLengths(MainForm& main) {
+    const auto hb = ReadNumberBox(main.txthb, main.Label3, main);
+    if (!hb) return std::nullopt;
+    const auto hm = ReadNumberBox(main.txthm, main.Label4, main);
+    if (!hm) return std::nullopt;
+    const auto distance = ReadNumberBox(main.txtDist, main.Label2, main);
+    if (!distance) return std::nullopt;
+    return Lengths{*hb, *hm, *distance};
+}
+
+// The main form's own boxes come last: the others take their numbers from there.
+void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const Lengths& from,
+                  bool toEnglish) {
+    const auto write = [toEnglish](TextBox& box, double x, double factor) {
+        box.SetText(FormatNumber(Finite(toEnglish ? x / factor : x * factor), InputPattern));
+    };
+    const auto writeHeights = [&](const UnitControls& form) {
+        write(form.hb, from.hb, MetresPerFoot);
+        write(form.hm, from.hm, MetresPerFoot);
+    };
+    for (std::size_t i = 1; i < forms.size(); ++i) writeHeights(forms[i]);
+    writeHeights(forms[0]);
+    write(main.txtDist, from.distance, KmPerMile);
+}
+
+// Two yields, at which the program may be closed, or the entry be picked and handled once more.
+void Switch(Program& program, MainForm& main, const MenuItem& mark, bool toEnglish) {
+    const Hourglass hourglass(main);
+    program.platform.windows.Yield();
+    if (!program.MainForm.Loaded() || !MakeGraphForms(program) || mark.Checked()) return;
+    const auto lengths = ReadLengths(main);
+    if (!lengths) return;
+    const auto forms = FormsWithUnits(program);
+    ShowUnits(forms, main, toEnglish);
+    ConvertBoxes(forms, main, *lengths, toEnglish);
+    program.GraphForm->CountHeightsAsUnchanged();
+    program.FrmOkumFieldStrength->CountHeightsAsUnchanged();
+}
+
+void SwitchUnlessOn(Program& program, bool toEnglish) {
+    MainForm& main = *program.MainForm;
+    const MenuItem& mark = toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric;
+    // As a routine of the main form's, which lives until it ends.
+    if (!mark.Checked()) main.Run([&] { Switch(program, main, mark, toEnglish); });
+}
+
+}  // namespace
+
+void SetMetricUnits(Program& program) { SwitchUnlessOn(program, false); }
+void SetEnglishUnits(Program& program) { SwitchUnlessOn(program, true); }
+
+// The main form's boxes hold feet and miles already, and the graph forms take them as such.
+void ShowEnglishUnits(Program& program) {
+    ShowUnits({UnitControlsOf(*program.MainForm)}, *program.MainForm, true);
+    MakeGraphForms(program);
+}
+
+}  // namespace vardel

@@ -1,0 +1,74 @@
+#include "forms/reports/FrmReport.h"
+
+#include "forms/Program.h"
+#include "forms/reports/frmPrinterSelect.h"
+#include "forms/shared/Printing.h"
+#include "forms/shared/SaveWithDialog.h"
+#include "richtext/Rtf.h"
+#include "services/Files.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int TextFilter = 2;
+constexpr int RichTextFilter = 3;
+// The caption is the header line once a log was begun.
+constexpr const char* LogName = "Calculation Log";
+
+}  // namespace
+
+FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Calculation Log") {
+    cmdClear.Click = [this] { cmdClear_Click(); };
+    cmdClose.Click = [this] { cmdClose_Click(); };
+    cmdFile.Click = [this] { cmdFile_Click(); };
+    mnuFileClearLog.Click = [this] { cmdClear_Click(); };
+    mnuFileClose.Click = [this] { cmdClose_Click(); };
+    mnuFileSaveAs.Click = [this] { cmdFile_Click(); };
+    cmdPrint.Click = [this] { cmdPrint_Click(); };
+    mnuFilePrint.Click = [this] { cmdPrint_Click(); };
+    mnuFilePrinterSetup.Click = [this, &program] { program.frmPrinterSelect->ShowModal(this); };
+}
+
+// Unlike RLogClass::Clear, this leaves the header line. One change, so that the user undoes it as
+// one.
+void FrmReport::cmdClear_Click() {
+    RichText header;
+    header.Replace(0, 0, Caption() + "\r\n", {.bold = true, .underline = true});
+    rtbLog.SetContent(std::move(header));
+    rtbLog.CaretToEnd();
+    rtbLog.SetInsertStyle({});
+}
+
+void FrmReport::cmdClose_Click() { Hide(); }
+
+void FrmReport::cmdFile_Click() { SaveAs(TextFilter); }
+
+bool FrmReport::SaveAsRichText() { return SaveAs(RichTextFilter); }
+
+bool FrmReport::SaveAs(int filterIndex) {
+    return SaveWithDialog(
+        *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", filterIndex,
+        [this](const SaveChoice& choice) { SaveTo(choice); }, LogName);
+}
+
+// As plain text. The printer keeps the orientation.
+void FrmReport::cmdPrint_Click() {
+    PrintOnCurrentPrinter(*this, LogName, [this](const std::string& file) {
+        Printers& printers = GetPlatform().printers;
+        printers.SetFont(rtbLog.Font());
+        printers.SetOrientation(Printers::Landscape);
+        printers.PrintText({});
+        printers.PrintText(rtbLog.Content().PlainText());
+        printers.EndDocument(LogName, file);
+    });
+}
+
+void FrmReport::SaveTo(const SaveChoice& choice) {
+    if (choice.filterIndex == RichTextFilter)
+        ReplaceFile(choice.path, WriteRtf(rtbLog.Content()));
+    else
+        ReplaceFile(choice.path, rtbLog.Content().PlainText() + "\r\n");
+}
+
+}  // namespace vardel

@@ -1,0 +1,100 @@
+#include "forms/reports/RLogClass.h"
+
+#include <system_error>
+
+#include "forms/Program.h"
+#include "forms/reports/FrmReport.h"
+#include "richtext/Rtf.h"
+#include "services/Files.h"
+
+namespace vardel {
+
+RLogClass::RLogClass(Program& program) : program_(program) { SetTitle("Report Log"); }
+
+RLogClass::~RLogClass() { program_.FrmReport->Unload(); }
+
+void RLogClass::Show() { program_.FrmReport->ShowModal(); }
+
+bool RLogClass::ReadFile(const std::string& path) {
+    const auto file = ReadWholeFile(path);
+    if (!file) return false;
+    auto content = file->empty() ? RichText() : ReadRtf(*file);
+    if (!content) return false;
+    program_.FrmReport->rtbLog.SetContent(std::move(*content));
+    Add();
+    CountAsSaved();
+    return true;
+}
+
+bool RLogClass::SaveFile(const std::string& path) {
+    try {
+        ReplaceFile(path, WriteRtf(program_.FrmReport->rtbLog.Content()), Access::OwnerOnly);
+        CountAsSaved();
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
+bool RLogClass::HasUnsavedChanges() {
+    return program_.FrmReport->rtbLog.Changes() != savedChanges_;
+}
+
+void RLogClass::CountAsSaved() { savedChanges_ = program_.FrmReport->rtbLog.Changes(); }
+
+void RLogClass::SetStyle(bool TextStyle::*which, bool on) {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    TextStyle style = box.InsertStyle();
+    style.*which = on;
+    box.SetInsertStyle(style);
+}
+
+void RLogClass::SetUnderline(bool on) { SetStyle(&TextStyle::underline, on); }
+void RLogClass::SetItalic(bool on) { SetStyle(&TextStyle::italic, on); }
+void RLogClass::SetBold(bool on) { SetStyle(&TextStyle::bold, on); }
+
+const std::string& RLogClass::Title() const { return program_.FrmReport->Caption(); }
+void RLogClass::SetTitle(std::string title) { program_.FrmReport->SetCaption(std::move(title)); }
+
+void RLogClass::Clear() {
+    program_.FrmReport->rtbLog.Clear();
+    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+}
+
+void RLogClass::BeginLine() {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    box.CaretToEnd();
+    const std::string& text = box.Text();
+    if (!text.empty() && !text.ends_with("\r\n")) AddLine();
+}
+
+void RLogClass::Add(std::string_view text) {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    box.Insert(text);
+    box.CaretToEnd();
+}
+
+void RLogClass::AddLine(std::string_view text) { Add(std::string(text) + "\r\n"); }
+
+void RLogClass::AddTitle() {
+    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+    SetUnderline(true);
+    SetBold(true);
+    AddLine(Title());
+    SetUnderline(false);
+    SetBold(false);
+}
+
+void RLogClass::PasteClipboard() {
+    RichTextBox& box = program_.FrmReport->rtbLog;
+    Clipboard& clipboard = program_.platform.clipboard;
+    const bool locked = box.Locked();
+    box.SetLocked(false);
+    if (auto picture = clipboard.GetPicture())
+        box.InsertPicture(std::move(*picture));
+    else
+        box.Insert(clipboard.GetText());
+    box.SetLocked(locked);
+}
+
+}  // namespace vardel

@@ -1,0 +1,71 @@
+#include "forms/reports/TempLog.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "services/Files.h"
+
+namespace vardel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The youngest first. Other programs may write to them meanwhile, so each is looked at once.
+std::vector<fs::path> LogsIn(const std::string& folder) {
+    std::vector<std::pair<fs::file_time_type, fs::path>> logs;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const std::string name = it->path().filename().string();
+        std::error_code gone;
+        if (name.starts_with("log") && name.ends_with(".rtf") && it->is_regular_file(gone))
+            logs.emplace_back(it->last_write_time(gone), it->path());
+    }
+    std::sort(logs.rbegin(), logs.rend());
+    std::vector<fs::path> paths;
+    for (auto& [time, path] : logs) paths.push_back(std::move(path));
+    return paths;
+}
+
+}  // namespace
+
+bool TempLog::Continue(const std::string& path) {
+    if (path.empty() || !FileExists(path)) return false;
+    claim_ = FileClaim::Take(path);
+    return claim_.has_value();
+}
+
+bool TempLog::TakeUpOrphan() {
+    for (const fs::path& path : LogsIn(folder_)) {
+        auto claim = FileClaim::Take(path.string());
+        std::error_code error;
+        if (!claim || !fs::exists(path, error)) continue;
+        if (fs::file_size(path, error) == 0) {
+            fs::remove(path, error);  // begun, and never saved to
+            continue;
+        }
+        claim_ = std::move(claim);
+        return true;
+    }
+    return false;
+}
+
+bool TempLog::Begin() {
+    // Another start may tidy the new file away before it is claimed.
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        const std::string path = NewUniqueFile(folder_);
+        if (path.empty()) return false;
+        if (Continue(path)) return true;
+    }
+    return false;
+}
+
+void TempLog::Delete() {
+    if (!claim_) return;
+    std::error_code gone;
+    fs::remove(claim_->Path(), gone);
+    claim_.reset();
+}
+
+}  // namespace vardel

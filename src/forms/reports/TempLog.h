@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "services/FileClaim.h"
+
+namespace vardel {
+
+// The file of the report log, in the user's own state folder: a retained log has to outlive a
+// reboot. Two programs that run at once never have the same one.
+class TempLog {
+public:
+    explicit TempLog(std::string folder) : folder_(std::move(folder)) {}
+
+    // The log of the last run, when it is there and no other program has it.
+    bool Continue(const std::string& path);
+    // A log that a program left behind without having been told to: the youngest that holds
+    // anything.
+    bool TakeUpOrphan();
+    // An empty file with a new name. False where the folder cannot be written; there is no file
+    // then.
+    bool Begin();
+
+    // Empty: there is none.
+    std::string Path() const { return claim_ ? claim_->Path() : std::string(); }
+
+    // The next start finds the file by its name.
+    void Leave() { claim_.reset(); }
+    // A file that has gone meanwhile is no error.
+    void Delete();
+
+private:
+    std::string folder_;
+    std::optional<FileClaim> claim_;
+};
+
+}  // namespace vardel

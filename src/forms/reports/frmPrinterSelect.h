@@ -1,0 +1,22 @@
+#pragma once
+
+#include "controls/Controls.h"
+
+namespace vardel {
+
+class Program;
+
+// Chooses the program's current printer.
+class frmPrinterSelect : public Form {
+public:
+    explicit frmPrinterSelect(Program& program);
+
+    Button cmdSelect{*this, "cmdSelect", "Select Printer"};
+    TextComboBox cboPrinterNames{*this, "cboPrinterNames"};
+
+private:
+    void Form_Load() override;
+    void cmdSelect_Click();
+};
+
+}  // namespace vardel

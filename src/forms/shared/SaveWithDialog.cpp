@@ -1,0 +1,35 @@
+#include "forms/shared/SaveWithDialog.h"
+
+#include <exception>
+
+#include "controls/Form.h"
+#include "controls/Hourglass.h"
+#include "services/Files.h"
+
+namespace vardel {
+
+bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
+                    const std::function<void(const SaveChoice&)>& save, const std::string& name) {
+    Platform& platform = form.GetPlatform();
+    const auto choice =
+        platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex, name});
+    if (!choice || choice->path.empty()) return false;
+    if (FileExists(choice->path) &&
+        platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",
+                                      .buttons = Message::Buttons::YesNo}) == Answer::No)
+        return false;
+    bool saved = true;
+    try {
+        const Hourglass hourglass(form);
+        save(*choice);
+    } catch (const std::exception&) {
+        saved = false;
+    }
+    if (!saved)
+        platform.windows.ShowMessage({.text = "Error in saving file " + choice->path,
+                                      .title = "File Save",
+                                      .icon = Message::Icon::Critical});
+    return saved;
+}
+
+}  // namespace vardel

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPaintEngine>
+#include <QRegion>
+#include <optional>
+
+#include "qt/metafile/MetafileWriter.h"
+
+namespace vardel {
+
+// Turns a painter's calls into the records of a metafile. Pixels are the device's; all that is
+// drawn is transformed into the metafile's units here.
+class MetafileEngine : public QPaintEngine {
+public:
+    MetafileEngine(QSize pixels, int dpi);
+
+    const MetafileWriter& Writer() const { return writer_; }
+
+    bool begin(QPaintDevice* device) override;
+    bool end() override;
+    void updateState(const QPaintEngineState& state) override;
+    using QPaintEngine::drawPoints;
+    using QPaintEngine::drawPolygon;
+    void drawPath(const QPainterPath& path) override;
+    void drawPoints(const QPointF* points, int pointCount) override;
+    void drawPolygon(const QPointF* points, int pointCount, PolygonDrawMode mode) override;
+    void drawTextItem(const QPointF& baseline, const QTextItem& item) override;
+    void drawPixmap(const QRectF& where, const QPixmap& pixmap, const QRectF& part) override;
+    void drawImage(const QRectF& where, const QImage& image, const QRectF& part,
+                   Qt::ImageConversionFlags flags) override;
+    Type type() const override { return User; }
+
+private:
+    struct Clip {
+        QRectF bounds;  // in pixels
+        QRegion holes;  // in pixels
+    };
+
+    static int UnitsPerPixel(QSize pixels);
+    QTransform ToUnits() const;
+    qreal PenWidth() const;  // in units
+    Color OnPaper(const QColor& color) const;
+    void Intersect(const QPainterPath& pixels);
+    // Sets the metafile's clip and tells what of the device shows, in units.
+    QRectF Visible();
+    void Fill(const QList<QPolygonF>& units, Qt::FillRule rule);
+    void Stroke(const QPolygonF& units);
+    void DrawDot(const QPointF& units);
+    MetafileFont FontOf(const QTextItem& item) const;
+
+    QSize pixels_;
+    int dpi_;
+    int unitsPerPixel_;
+    MetafileWriter writer_;
+    std::optional<Clip> clip_;
+    bool clips_ = false;
+};
+
+}  // namespace vardel

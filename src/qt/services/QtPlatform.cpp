@@ -1,0 +1,246 @@
+#include "qt/services/QtPlatform.h"
+
+#include <QClipboard>
+#include <QDateTime>
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QStandardPaths>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QWindow>
+
+#include "qt/chart/ChartPlot.h"
+#include "qt/services/Convert.h"
+#include "qt/services/PictureConvert.h"
+#include "qt/windows/DialogOver.h"
+#include "qt/windows/WindowFactory.h"
+
+namespace vardel {
+
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(Message::Buttons buttons) {
+    switch (buttons) {
+        case Message::Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Message::Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Message::Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+// Closing a box by its frame, or with the program, presses no button.
+Answer AnswerOf(int button, const Message& message) {
+    switch (message.buttons) {
+        case Message::Buttons::OkCancel:
+            return button == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
+        case Message::Buttons::YesNo:
+            return button == QMessageBox::Yes  ? Answer::Yes
+                   : button == QMessageBox::No ? Answer::No
+                                               : message.closed;
+        case Message::Buttons::Ok:
+            break;
+    }
+    return Answer::Ok;
+}
+
+// An installed program's own folder is not the user's to save to.
+QString WorkFolder(const std::string& folder) {
+    if (const QFileInfo asked(ToQt(folder)); asked.isWritable()) return asked.filePath();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo::exists(documents) ? documents : QDir::homePath();
+}
+
+void SetUpFileDialog(QFileDialog& dialog, const FileDialog& request) {
+    const QStringList parts = ToQt(request.filters).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i < parts.size(); i += 2) filters << parts[i];
+    dialog.setDirectory(WorkFolder(request.folder));
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
+}
+
+QString StateDirectory() {
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base = QDir::isAbsolutePath(state) ? state : QDir::homePath() + "/.local/state";
+    return base + "/vardel";
+}
+
+}  // namespace
+
+void SetUpApplication(QApplication& application) {
+    QApplication::setApplicationName("Vardel");
+    QApplication::setApplicationDisplayName("Vardel");
+    QApplication::setApplicationVersion(VARDEL_VERSION);
+    QApplication::setDesktopFileName("vardel");
+    if (const QString icon = QApplication::applicationDirPath() + "/vardel.svg";
+        QFile::exists(icon))
+        QApplication::setWindowIcon(QIcon(icon));
+    // Nothing here is the desktop's own look: the forms' colours are told one by one.
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    // Metric-compatible stand-ins for the fonts that the forms name.
+    QFont::insertSubstitution("MS Sans Serif", "Liberation Sans");
+    QFont::insertSubstitution("Arial", "Liberation Sans");
+    QFont::insertSubstitution("Courier New", "Liberation Mono");
+    QFont font("MS Sans Serif");
+    font.setPointSizeF(10.0);
+    application.setFont(font);
+    application.setQuitOnLastWindowClosed(false);
+}
+
+QtPlatform::QtPlatform() = default;
+
+QtPlatform::~QtPlatform() {
+    windows_.clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+Platform QtPlatform::Services() {
+    return {*this,
+            settings_,
+            help_,
+            *this,
+            *this,
+            printers_,
+            *this,
+            FromQt(QApplication::applicationName()),
+            FromQt(QApplication::applicationDirPath()),
+            FromQt(StateDirectory())};
+}
+
+FormWindow& QtPlatform::WindowOf(Form& form) {
+    auto& window = windows_[&form];
+    if (!window) window.reset(MakeWindow(form).release());
+    return *window;
+}
+
+void QtPlatform::Show(Form& form) {
+    FormWindow& window = WindowOf(form);
+    window.show();
+    window.activateWindow();
+}
+
+void QtPlatform::ShowModal(Form& form, Form* owner) {
+    FormWindow& window = WindowOf(form);
+    window.setWindowModality(Qt::ApplicationModal);
+    const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
+    QWidget* parent = before.Get();
+    window.winId();  // makes the window of the desktop, which can then be told whose it is
+    if (parent != nullptr && parent != &window &&
+        !window.windowHandle()->isAncestorOf(parent->windowHandle()))
+        window.windowHandle()->setTransientParent(parent->windowHandle());
+    const QPointer<FormWindow> stillThere(&window);
+    QEventLoop loop;
+    window.SetOnHidden([&loop] { loop.quit(); });
+    window.show();
+    window.activateWindow();
+    loop.exec();
+    if (!stillThere) return;
+    stillThere->SetOnHidden({});
+    stillThere->windowHandle()->setTransientParent(nullptr);  // it may be the other way round next
+}
+
+void QtPlatform::Forget(Form& form) {
+    const auto it = windows_.find(&form);
+    if (it == windows_.end()) return;
+    it->second->Release();
+    windows_.erase(it);
+}
+
+Answer QtPlatform::ShowMessage(const Message& message) {
+    DialogOver<QMessageBox> box;
+    box->setText(ToQt(message.text));
+    box->setWindowTitle(message.title.empty() ? QApplication::applicationName()
+                                              : ToQt(message.title));
+    box->setTextFormat(Qt::PlainText);
+    box->setStandardButtons(ButtonsOf(message.buttons));
+    box->setIcon(message.icon == Message::Icon::Critical   ? QMessageBox::Critical
+                 : message.buttons == Message::Buttons::Ok ? QMessageBox::Information
+                                                           : QMessageBox::Question);
+    if (message.buttons == Message::Buttons::YesNo)
+        box->setEscapeButton(message.closed == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
+    return AnswerOf(box.Exec(), message);
+}
+
+std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
+    DialogOver<QFileDialog> dialog;
+    SetUpFileDialog(*dialog, request);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
+    if (!request.name.empty()) dialog->selectFile(ToQt(request.name));
+    const QStringList filters = dialog->nameFilters();
+    // A name without an extension gets that of the filter, unless that is for all files.
+    const auto setSuffix = [&](const QString& filter) {
+        const QStringList parts = ToQt(request.filters).split('|');
+        const QString suffix = parts.value(filters.indexOf(filter) * 2 + 1).section('.', 1);
+        dialog->setDefaultSuffix(suffix == "*" ? QString() : suffix);
+    };
+    setSuffix(dialog->selectedNameFilter());
+    QObject::connect(&*dialog, &QFileDialog::filterSelected, &*dialog, setSuffix);
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    const auto filter = static_cast<int>(filters.indexOf(dialog->selectedNameFilter()));
+    return SaveChoice{FromQt(dialog->selectedFiles().constFirst()), filter + 1};
+}
+
+std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
+    DialogOver<QFileDialog> dialog;
+    SetUpFileDialog(*dialog, request);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    return FromQt(dialog->selectedFiles().constFirst());
+}
+
+std::string QtPlatform::AskText(const TextQuestion& question) {
+    DialogOver<QInputDialog> dialog;
+    dialog->setWindowTitle(ToQt(question.title));
+    dialog->setLabelText(ToQt(question.prompt));
+    dialog->setTextValue(ToQt(question.text));
+    if (dialog.Exec() != QDialog::Accepted) return {};
+    return FromQt(dialog->textValue());
+}
+
+void QtPlatform::Yield() { QApplication::processEvents(); }
+
+void QtPlatform::EndProgram() { QApplication::exit(); }
+
+std::optional<Picture> QtPlatform::GetPicture() {
+    const QImage image = QApplication::clipboard()->image();
+    if (image.isNull()) return std::nullopt;
+    return vardel::PictureOf(image);
+}
+
+std::string QtPlatform::GetText() { return FromQt(QApplication::clipboard()->text()); }
+
+void QtPlatform::SetPicture(const Picture& picture) {
+    QApplication::clipboard()->setImage(ImageOf(picture));
+}
+
+void QtPlatform::Clear() { QApplication::clipboard()->clear(); }
+
+Picture QtPlatform::PictureOf(const Chart& chart) { return vardel::PictureOf(DrawChart(chart)); }
+
+std::string QtPlatform::MetafileOf(const Chart& chart) {
+    return ChartAsMetafile(chart).toStdString();
+}
+
+CalendarTime QtPlatform::Now() {
+    const QDateTime now = QDateTime::currentDateTime();
+    return {now.date().year(), now.date().month(),  now.date().day(),
+            now.time().hour(), now.time().minute(), now.time().second()};
+}
+
+}  // namespace vardel

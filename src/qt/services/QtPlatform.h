@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QApplication>
+#include <map>
+#include <memory>
+
+#include "qt/printing/QtPrinters.h"
+#include "qt/services/QtHelp.h"
+#include "qt/services/QtSettings.h"
+#include "qt/windows/FormWindow.h"
+#include "services/Platform.h"
+
+namespace vardel {
+
+// Name, version, look and fonts, the same on every desktop.
+void SetUpApplication(QApplication& application);
+
+// The window system, the clipboard and the clock as Qt brings them.
+class QtPlatform : public Windows, public Clipboard, public ChartDrawing, public Clock {
+public:
+    QtPlatform();
+    ~QtPlatform() override;
+
+    Platform Services();
+    // The window that shows the form, made when it is first asked for.
+    FormWindow& WindowOf(Form& form);
+
+    void Show(Form& form) override;
+    void ShowModal(Form& form, Form* owner) override;
+    void Forget(Form& form) override;
+    Answer ShowMessage(const Message& message) override;
+    std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
+    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+    std::string AskText(const TextQuestion& question) override;
+    void Yield() override;
+    void EndProgram() override;
+    std::optional<Picture> GetPicture() override;
+    std::string GetText() override;
+    void SetPicture(const Picture& picture) override;
+    void Clear() override;
+    Picture PictureOf(const Chart& chart) override;
+    std::string MetafileOf(const Chart& chart) override;
+    CalendarTime Now() override;
+
+    QtHelp& GetHelp() { return help_; }
+    QtPrinters& GetPrinters() { return printers_; }
+
+private:
+    QtSettings settings_;
+    QtHelp help_;
+    QtPrinters printers_;
+    // An event of a window may still be on the stack when its form goes.
+    struct DeleteLater {
+        void operator()(FormWindow* window) const { window->deleteLater(); }
+    };
+    std::map<Form*, std::unique_ptr<FormWindow, DeleteLater>> windows_;
+};
+
+}  // namespace vardel

@@ -1,0 +1,49 @@
+#include "qt/windows/AboutWindow.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "forms/help/AboutForm.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int Margin = 24;
+constexpr int TextWidth = 320;
+
+}  // namespace
+
+AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
+    auto* center = new QWidget;
+    auto* grid = new QGridLayout(center);
+    grid->setContentsMargins(0, 0, Margin, 0);
+    grid->setHorizontalSpacing(Margin);
+    grid->setVerticalSpacing(Margin / 2);
+
+    auto* picture = new QLabel;
+    binder.Bind(form.Image1, *picture);
+    grid->addWidget(picture, 0, 0, 7, 1);
+    grid->setRowStretch(0, 1);
+    QLabel* name = AddLabel(form.Label1, *grid, 1, 1, {});
+    MakeTitle(*name);
+    name->setWordWrap(true);
+    name->setFixedWidth(TextWidth);
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setLineWidth(2);
+    binder.Bind(form.Line1, *line);
+    grid->addWidget(line, 2, 1);
+    AddLabel(form.Label3, *grid, 3, 1);
+    grid->setRowStretch(4, 1);
+    QPushButton* ok = MakeButton(form.cmdOK);
+    grid->addWidget(ok, 5, 1, Qt::AlignRight);
+    grid->setRowMinimumHeight(6, Margin / 2);
+    setCentralWidget(center);
+    setFixedSize(sizeHint());
+    LeaveBy(*ok);
+}
+
+}  // namespace vardel

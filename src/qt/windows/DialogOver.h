@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+
+#include "qt/windows/HelpWindow.h"
+
+namespace vardel {
+
+// The window that is worked in; worked in again when what came over it has gone. Most window
+// managers see to that, but not all.
+class ActiveWindow {
+public:
+    // Null stands for the one that has the focus now, which right after a start none has.
+    explicit ActiveWindow(QWidget* window = nullptr)
+        : window_(window != nullptr ? window : QApplication::activeWindow()) {
+        // An open list is a window as well, and so is the help, but neither is worked in.
+        while (window_ &&
+               (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
+            window_ =
+                window_->parentWidget() != nullptr ? window_->parentWidget()->window() : nullptr;
+    }
+    ActiveWindow(const ActiveWindow&) = delete;
+    ActiveWindow& operator=(const ActiveWindow&) = delete;
+    ~ActiveWindow() {
+        if (window_ && window_->isVisible()) window_->activateWindow();
+    }
+    QWidget* Get() const { return window_; }
+
+private:
+    QPointer<QWidget> window_;
+};
+
+// A dialog over the window that is worked in. Should that window go while the dialog waits, it
+// takes the dialog along.
+template <class Dialog>
+class DialogOver {
+public:
+    // With what the dialog is made of, before its parent.
+    template <class... Parts>
+    explicit DialogOver(Parts&... parts) : dialog_(new Dialog(parts..., before_.Get())) {}
+    ~DialogOver() { delete dialog_; }
+    Dialog* operator->() const { return dialog_; }
+    Dialog& operator*() const { return *dialog_; }
+    // What QDialog::exec gives; a dialog that went was rejected.
+    int Exec() {
+        const int result = dialog_->exec();
+        return dialog_ ? result : static_cast<int>(QDialog::Rejected);
+    }
+
+private:
+    ActiveWindow before_;
+    QPointer<Dialog> dialog_;
+};
+
+}  // namespace vardel

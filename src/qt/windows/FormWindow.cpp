@@ -1,0 +1,195 @@
+#include "qt/windows/FormWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+
+#include "qt/services/Convert.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr double RoomOnScreen = 0.95;  // beside a window's frame
+
+}  // namespace
+
+void MakeBold(QWidget& widget) {
+    QFont font = widget.font();
+    font.setBold(true);
+    widget.setFont(font);
+}
+
+void MakeTitle(QWidget& widget) {
+    QFont font = widget.font();
+    font.setPointSizeF(font.pointSizeF() * 1.8);
+    font.setBold(true);
+    widget.setFont(font);
+}
+
+int WidthOf(const QWidget& widget, int characters) {
+    return widget.fontMetrics().horizontalAdvance(QString(characters, '0'));
+}
+
+FormWindow::FormWindow(Form& form, LabelFont labelFont) : form_(&form), labelFont_(labelFont) {
+    setObjectName(ToQt(form.Name()));
+    AddMenuBar();
+    form.SetView([this] { ShowProperties(); });
+    ShowProperties();
+}
+
+FormWindow::~FormWindow() { Release(); }
+
+void FormWindow::Release() {
+    if (form_ == nullptr) return;
+    form_->SetView({});
+    form_ = nullptr;
+    binder.Release();
+    hide();
+}
+
+void FormWindow::ShowProperties() {
+    setWindowTitle(ToQt(form_->Caption()));
+    setProperty("helpTopic", form_->HelpContextID());
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, ToQt(form_->BackColor()));
+    setPalette(colors);
+    if (form_->MousePointer() == Form::Pointer::Hourglass)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+    if (!form_->Visible()) hide();
+}
+
+void FormWindow::AddMenuBar() {
+    for (MenuItem* menu : form_->MenuBar()) binder.BindMenu(*menu, *menuBar());
+    // The bar keeps the desktop's colours on a form that has its own.
+    menuBar()->setPalette(QApplication::palette());
+    menuBar()->setAutoFillBackground(true);
+}
+
+QLabel* FormWindow::AddLabel(Label& label, QGridLayout& grid, int row, int column,
+                             Qt::Alignment alignment) {
+    auto* widget = new QLabel;
+    if (labelFont_ == LabelFont::Bold) MakeBold(*widget);
+    grid.addWidget(widget, row, column, alignment);
+    binder.Bind(label, *widget);
+    return widget;
+}
+
+QLineEdit* FormWindow::MakeBox(TextBox& box, int characters) {
+    auto* edit = new QLineEdit;
+    edit->setMinimumWidth(WidthOf(*edit, characters));
+    binder.Bind(box, *edit);
+    return edit;
+}
+
+QComboBox* FormWindow::MakeList(ComboBox& list) {
+    auto* combo = new QComboBox;
+    binder.Bind(list, *combo);
+    return combo;
+}
+
+QPushButton* FormWindow::MakeButton(Button& button) {
+    auto* widget = new QPushButton;
+    binder.Bind(button, *widget);
+    return widget;
+}
+
+void FormWindow::ResizeWithinScreen(QSize wanted) {
+    resize(wanted.boundedTo(screen()->availableSize() * RoomOnScreen));
+}
+
+namespace {
+
+// As large as its content, if it may.
+class ContentArea : public QScrollArea {
+public:
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace
+
+void FormWindow::SetScrolledContent(QWidget& content) {
+    auto* area = new ContentArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(&content);
+    setCentralWidget(area);
+    QSize wanted = sizeHint();
+    if (wanted.width() > screen()->availableSize().width() * RoomOnScreen)
+        wanted.rheight() += area->horizontalScrollBar()->sizeHint().height();
+    ResizeWithinScreen(wanted);
+}
+
+void FormWindow::FocusFirst(const TextBox& box) {
+    auto* edit = findChild<QLineEdit*>(ToQt(box.Name()));
+    edit->setFocus();
+    edit->selectAll();
+}
+
+void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action) {
+    for (const QKeySequence& key : keys) {
+        auto* shortcut = new QShortcut(key, this);
+        shortcut->setAutoRepeat(false);
+        QObject::connect(shortcut, &QShortcut::activated, this, action);
+    }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || event->isAutoRepeat()) return QMainWindow::keyPressEvent(event);
+    event->accept();
+    PressEnter();
+}
+
+void FormWindow::PressEnter() {
+    const QPointer<QWidget> control(focusWidget());
+    if (auto* button = qobject_cast<QPushButton*>(control.data())) return button->click();
+    const QPointer<QPushButton> pressed(enterButton_);
+    if (!pressed) return;
+    pressed->setFocus();
+    // What is typed while the button works is for the control already.
+    if (control) control->setFocus();
+    if (auto* edit = qobject_cast<QLineEdit*>(control.data())) edit->selectAll();
+    if (pressed) pressed->click();
+}
+
+void FormWindow::LeaveBy(QPushButton& button) {
+    button.setDefault(true);
+    button.setFocus();
+    PressByEnter(button);
+    OnKeys({Qt::Key_Escape}, [&button] { button.click(); });
+}
+
+void FormWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
+                          int column) {
+    AddLabel(caption, grid, row, column)->setBuddy(&widget);
+    widget.setAccessibleName(ToQt(caption.Caption()));
+    widget.setAccessibleDescription(widget.toolTip());
+    grid.addWidget(&widget, row, column + 1);
+    if (unit != nullptr) AddLabel(*unit, grid, row, column + 2);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (form_ != nullptr) form_->CloseByFrame();
+}
+
+void FormWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    if (onHidden_) onHidden_();
+}
+
+}  // namespace vardel

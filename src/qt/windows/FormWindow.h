@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <initializer_list>
+
+#include "controls/Form.h"
+#include "qt/windows/Binder.h"
+
+class QGridLayout;
+class QPushButton;
+
+namespace vardel {
+
+void MakeBold(QWidget& widget);
+void MakeTitle(QWidget& widget);  // large and bold
+// Of so many digits in the widget's font, in points of the screen.
+int WidthOf(const QWidget& widget, int characters);
+
+// What all windows have in common: caption, pointer and menu bar of their form, and a frame whose
+// closing the form decides about. Derived classes lay the form's controls out.
+class FormWindow : public QMainWindow {
+public:
+    enum class LabelFont { Plain, Bold };
+
+    explicit FormWindow(Form& form, LabelFont labelFont = LabelFont::Plain);
+    ~FormWindow() override;
+
+    // Cuts every tie to the form, which is about to be destroyed, and hides the window.
+    void Release();
+
+    // Called whenever the window has been hidden.
+    void SetOnHidden(std::function<void()> onHidden) { onHidden_ = std::move(onHidden); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+    // Makers of the widgets that forms are laid out of, tied to their controls.
+    QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
+                     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+    // A caption, the widget that it names, and the unit behind it, from the column on.
+    void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
+                  int column);
+    QLineEdit* MakeBox(TextBox& box, int characters);
+    QComboBox* MakeList(ComboBox& list);
+    QPushButton* MakeButton(Button& button);
+
+    // As large as that, where the screen has the room.
+    void ResizeWithinScreen(QSize wanted);
+    // Fills the window, which shows a part of the content where the screen has no room for all.
+    void SetScrolledContent(QWidget& content);
+
+    // Where a user begins: the box has the focus, and typing replaces its text.
+    void FocusFirst(const TextBox& box);
+
+    // Anywhere in the window. A key that is held counts once.
+    void OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action);
+    // Enter, where no button has the focus: the control that has it is left, which has it checked,
+    // and comes back to it, and this button is pressed.
+    void PressByEnter(QPushButton& button) { enterButton_ = &button; }
+    // A window that only shows something: Enter and Escape are its one button.
+    void LeaveBy(QPushButton& button);
+
+    Binder binder;
+
+private:
+    void ShowProperties();
+    void AddMenuBar();
+    void PressEnter();
+
+    Form* form_;
+    QPushButton* enterButton_ = nullptr;
+    LabelFont labelFont_;
+    std::function<void()> onHidden_;
+};
+
+}  // namespace vardel

@@ -1,0 +1,83 @@
+#include "qt/windows/GraphWindow.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "qt/chart/ChartWidget.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int BoxWidth = 10;
+
+}  // namespace
+
+GraphWindow::GraphWindow(GraphForm& form) : FormWindow(form) {
+    QGridLayout* inputs = AddInputs(form);
+    LayOut(form, *inputs);
+    UncoverByKeys(form.lblBaseAntenna);
+}
+
+GraphWindow::GraphWindow(FrmOkumFieldStrength& form) : FormWindow(form) {
+    QGridLayout* inputs = AddInputs(form);
+    AddInput(form.lblPower, *MakeBox(form.txtPowerUnit, BoxWidth), nullptr, *inputs,
+             inputs->rowCount(), 0);
+    QComboBox* unit = MakeList(form.cmbPowerUnit);
+    unit->setAccessibleName(tr("Power unit"));
+    inputs->addWidget(unit, inputs->rowCount(), 1);
+    LayOut(form, *inputs);
+    UncoverByKeys(form.lblPower);
+}
+
+// What a click on the label does.
+void GraphWindow::UncoverByKeys(Label& label) {
+    OnKeys({Qt::CTRL | Qt::SHIFT | Qt::Key_A}, [this, &label] {
+        if (binder.IsAlive()) label.Click.Raise();
+    });
+}
+
+QGridLayout* GraphWindow::AddInputs(PlotForm& form) {
+    auto* grid = new QGridLayout;
+    int row = 0;
+    const auto add = [&](Label& caption, QWidget* widget, Label* unit) {
+        AddInput(caption, *widget, unit, *grid, row++, 0);
+    };
+    add(form.Label3, MakeBox(form.txtFreq, BoxWidth), &form.Label4);
+    add(form.BaseAntennaLabel(), MakeBox(form.txthb, BoxWidth), &form.Label10);
+    add(form.Label9, MakeBox(form.txthm, BoxWidth), &form.Label11);
+    add(form.Label6, MakeList(form.cmbareatype), nullptr);
+    add(form.Label13, MakeList(form.cmbcitysize), nullptr);
+    add(form.Label1, MakeBox(form.txtPctTime, BoxWidth), &form.Label2);
+    add(form.Label7, MakeBox(form.txtPctLoc, BoxWidth), &form.Label5);
+    return grid;
+}
+
+void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
+    const auto add = [&](Button& button) {
+        QPushButton* widget = MakeButton(button);
+        inputs.addWidget(widget, inputs.rowCount(), 0, 1, 3);
+        return widget;
+    };
+    PressByEnter(*add(form.cmdUpdateGraph));
+    add(form.cmdPrintGraph);
+    add(form.ArchiveButton());
+    inputs.setRowStretch(inputs.rowCount(), 1);
+}
+
+void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
+    AddButtons(form, inputs);
+    auto* center = new QWidget;
+    auto* row = new QHBoxLayout(center);
+    row->addLayout(&inputs);
+    row->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
+    setCentralWidget(center);
+    ResizeWithinScreen({1120, 640});
+    FocusFirst(form.txtFreq);
+}
+
+}  // namespace vardel

@@ -1,0 +1,78 @@
+#include "qt/windows/HelpWindow.h"
+
+#include <QListWidget>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "forms/help/UserGuide.h"
+#include "qt/services/Convert.h"
+
+namespace vardel {
+
+HelpWindow::HelpWindow(QWidget* owner)
+    : QWidget(owner, Qt::Window), sections_(new QListWidget), text_(new QTextBrowser) {
+    setObjectName("HelpWindow");
+    setWindowTitle("Vardel Help");
+    setPalette(style()->standardPalette());
+    setAttribute(Qt::WA_DeleteOnClose);
+    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
+
+    sections_->setAccessibleName("Sections");
+    sections_->setSpacing(2);
+    for (const GuideSection& section : GuideSections()) sections_->addItem(ToQt(section.heading));
+    text_->setAccessibleName("Text");
+    text_->document()->setDocumentMargin(16);
+    text_->setOpenExternalLinks(true);
+    text_->setMarkdown(ToQt(GuideMarkdown()));
+
+    auto* splitter = new QSplitter;
+    splitter->addWidget(sections_);
+    splitter->addWidget(text_);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({240, 660});
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(splitter);
+
+    QObject::connect(sections_, &QListWidget::currentRowChanged, this, &HelpWindow::ShowSection);
+    QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
+                     &QWidget::close);
+}
+
+void HelpWindow::ShowTopic(int topic) {
+    const auto sections = GuideSections();
+    const auto it = std::find_if(sections.begin(), sections.end(), [topic](const auto& section) {
+        return std::find(section.topics.begin(), section.topics.end(), topic) !=
+               section.topics.end();
+    });
+    show();
+    raise();
+    activateWindow();
+    if (it != sections.end()) {
+        const auto row = static_cast<int>(it - sections.begin());
+        sections_->setCurrentRow(row);
+        ShowSection(row);
+    }
+    text_->setFocus();
+}
+
+void HelpWindow::ShowSection(int row) {
+    const QListWidgetItem* item = sections_->item(row);
+    if (item == nullptr) return;
+    constexpr int SectionLevel = 2;
+    for (QTextBlock block = text_->document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() != SectionLevel || block.text() != item->text())
+            continue;
+        // From the end backwards, so that the heading comes to the top of the view.
+        text_->verticalScrollBar()->setValue(text_->verticalScrollBar()->maximum());
+        text_->setTextCursor(QTextCursor(block));
+        return;
+    }
+}
+
+}  // namespace vardel

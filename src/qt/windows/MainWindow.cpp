@@ -1,0 +1,197 @@
+#include "qt/windows/MainWindow.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <utility>
+
+#include "forms/main/MainForm.h"
+#include "qt/services/Convert.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int Margin = 12;
+constexpr int Gap = 8;
+constexpr int ColumnGap = 28;
+
+}  // namespace
+
+MainWindow::MainWindow(MainForm& form)
+    : FormWindow(form, LabelFont::Bold),
+      heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
+      tables_(&form.lblFieldStrength) {
+    auto* center = new QWidget;
+    auto* column = new QVBoxLayout(center);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->setSpacing(Margin);
+    column->addWidget(MakeInputs(form));
+    column->addWidget(MakeResults(form));
+    column->addStretch(1);
+    SetScrolledContent(*center);
+    SetTabOrder();
+    FocusFirst(form.txtFreq);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_L && event->modifiers() == Qt::ControlModifier &&
+        binder.IsAlive()) {
+        tables_->DblClick.Raise();
+        return;
+    }
+    const int column = event->key() - Qt::Key_1;
+    const bool isHead = column >= 0 && column < static_cast<int>(heads_.size());
+    if (!isHead || event->modifiers() != Qt::ControlModifier || !binder.IsAlive()) {
+        FormWindow::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat() || heldKey_ != 0) return;
+    heldKey_ = event->key();
+    qApp->installEventFilter(this);
+    heads_[static_cast<std::size_t>(column)]->MouseDown.Raise();
+}
+
+// While a key is held: its release may come to any widget.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyRelease) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == heldKey_ && !key->isAutoRepeat()) EndHeldHint();
+    }
+    return FormWindow::eventFilter(watched, event);
+}
+
+// The release of a key that is let go in another window comes there.
+void MainWindow::changeEvent(QEvent* event) {
+    FormWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) EndHeldHint();
+}
+
+void MainWindow::EndHeldHint() {
+    if (std::exchange(heldKey_, 0) == 0) return;
+    qApp->removeEventFilter(this);
+    if (binder.IsAlive()) heads_[0]->MouseUp.Raise();
+}
+
+std::pair<QGroupBox*, QGridLayout*> MainWindow::MakeGroup(Frame& frame) {
+    auto* group = new QGroupBox;
+    MakeBold(*group);
+    binder.Bind(frame, *group);
+    auto* grid = new QGridLayout(group);
+    grid->setContentsMargins(Margin, Margin, Margin, Margin);
+    grid->setHorizontalSpacing(Gap);
+    grid->setVerticalSpacing(Gap);
+    return {group, grid};
+}
+
+QWidget* MainWindow::MakeInputs(MainForm& form) {
+    const auto [group, grid] = MakeGroup(form.Frame1);
+    constexpr int First = 0, Second = 4, Third = 8;
+    constexpr int BoxWidth = 12;
+    AddInput(form.Label1, *MakeBox(form.txtFreq, BoxWidth), &form.Label9, *grid, 0, First);
+    AddInput(form.Label2, *MakeBox(form.txtDist, BoxWidth), &form.Label12, *grid, 1, First);
+    AddInput(form.Label6, *MakeList(form.cmbareatype), nullptr, *grid, 2, First);
+    AddInput(form.Label3, *MakeBox(form.txthb, BoxWidth), &form.Label10, *grid, 0, Second);
+    AddInput(form.Label4, *MakeBox(form.txthm, BoxWidth), &form.Label11, *grid, 1, Second);
+    AddInput(form.Label13, *MakeList(form.cmbcitysize), nullptr, *grid, 2, Second);
+    AddInput(form.Label17, *MakeBox(form.txtPctTime, BoxWidth / 2), nullptr, *grid, 0, Third);
+    AddInput(form.Label5, *MakeBox(form.txtPctLoc, BoxWidth / 2), nullptr, *grid, 1, Third);
+
+    auto* calculate = new QPushButton;
+    MakeBold(*calculate);
+    binder.Bind(form.cmdLossCalc, *calculate);
+    calculate->setAccessibleName(ToQt(form.cmdLossCalc.Caption()));
+    grid->addWidget(calculate, 2, Third, 1, 2);
+    PressByEnter(*calculate);
+
+    auto* range = AddLabel(form.lblHelpRange, *grid, 3, 0, {});
+    grid->removeWidget(range);
+    grid->addWidget(range, 3, 0, 1, grid->columnCount());
+    range->setMinimumHeight(range->fontMetrics().height() + 4);
+
+    for (const int box : {First + 1, Second + 1, Third + 1}) grid->setColumnStretch(box, 1);
+    for (const int gap : {First + 3, Second + 3}) grid->setColumnMinimumWidth(gap, ColumnGap);
+    // Miles are wider than metres: the boxes do not move when the units change.
+    for (const int unit : {First + 2, Second + 2})
+        grid->setColumnMinimumWidth(unit, group->fontMetrics().horizontalAdvance("miles"));
+    return group;
+}
+
+void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int row) {
+    auto* head = AddLabel(labels.head, grid, row, 0, {});
+    head->setAlignment(Qt::AlignCenter);
+    head->setMargin(6);
+    grid.removeWidget(head);
+    grid.addWidget(head, row, 0, 2, 1);
+    for (std::size_t i = 0; i < labels.models.size(); ++i) {
+        const int column = 2 + 3 * static_cast<int>(i);
+        AddLabel(*labels.models[i], grid, row, column)
+            ->setAccessibleDescription(QString("Hold Ctrl+%1 to see the range").arg(i + 1));
+        auto* value = AddLabel(*labels.values[i], grid, row + 1, column, {});
+        value->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        value->setMargin(4);
+        value->setMinimumWidth(WidthOf(*value, 18));
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        value->setAccessibleName(ToQt(labels.head.Caption() + ", " + labels.models[i]->Caption()));
+        AddLabel(*labels.units[i], grid, row + 1, column + 1);
+        grid.setColumnStretch(column, 1);
+    }
+}
+
+QWidget* MainWindow::MakeResults(MainForm& form) {
+    const auto [group, grid] = MakeGroup(form.Frame2);
+    AddResultRow({form.Label28,
+                  {&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
+                  {&form.lblOH529dBLoss, &form.lblDavidson, &form.lblcost231},
+                  {&form.Label35, &form.Label27, &form.Label15}},
+                 *grid, 0);
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setLineWidth(2);
+    binder.Bind(form.Line2, *line);
+    grid->addWidget(line, 2, 0, 1, 10);
+    AddResultRow({form.lblFieldStrength,
+                  {&form.lblLITU529[1], &form.lblLDavidson[1], &form.lblLCost231[1]},
+                  {&form.lblFITU529, &form.lblPalvernDavFS, &form.lblFCost231},
+                  {&form.Label7, &form.Label32, &form.Label8}},
+                 *grid, 3);
+    group->findChild<QLabel*>(ToQt(form.lblFieldStrength.Name()))
+        ->setAccessibleDescription("Ctrl+L lists the measured tables in the log");
+    grid->addWidget(MakePower(form), 5, 0, 1, 10);
+    grid->setColumnMinimumWidth(1, Gap);
+    for (const int gap : {4, 7}) grid->setColumnMinimumWidth(gap, Gap);
+    return group;
+}
+
+QWidget* MainWindow::MakePower(MainForm& form) {
+    auto* widget = new QWidget;
+    auto* grid = new QGridLayout(widget);
+    grid->setContentsMargins(0, Gap, 0, 0);
+    grid->setHorizontalSpacing(Gap);
+    QLineEdit* power = MakeBox(form.txtPowerUnit, 12);
+    AddInput(form.Label24, *power, nullptr, *grid, 0, 0);
+    QComboBox* unit = MakeList(form.cmbPowerUnit);
+    unit->setAccessibleName(ToQt(form.Label24.Caption()) + " unit");
+    grid->addWidget(unit, 0, 2);
+    grid->setColumnStretch(3, 1);
+    return widget;
+}
+
+void MainWindow::SetTabOrder() {
+    QWidget* before = nullptr;
+    for (const char* name :
+         {"txtFreq", "txtDist", "cmbareatype", "txthb", "txthm", "cmbcitysize", "txtPowerUnit",
+          "cmdLossCalc", "txtPctLoc", "txtPctTime", "cmbPowerUnit"}) {
+        auto* widget = findChild<QWidget*>(name);
+        if (before != nullptr) setTabOrder(before, widget);
+        before = widget;
+    }
+}
+
+}  // namespace vardel

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <utility>
+
+#include "qt/windows/FormWindow.h"
+
+class QGridLayout;
+class QGroupBox;
+
+namespace vardel {
+
+class MainForm;
+
+// MainForm on the screen: the inputs in three columns above, the results of the three models in
+// three columns below.
+class MainWindow : public FormWindow {
+public:
+    explicit MainWindow(MainForm& form);
+
+protected:
+    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
+    // what a double click on the head of the field strengths is.
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void EndHeldHint();
+
+    std::pair<QGroupBox*, QGridLayout*> MakeGroup(Frame& frame);
+    QWidget* MakeInputs(MainForm& form);
+    QWidget* MakeResults(MainForm& form);
+    QWidget* MakePower(MainForm& form);
+    void SetTabOrder();
+
+    struct ResultRow {
+        Label& head;
+        std::array<Label*, 3> models;
+        std::array<Label*, 3> values;
+        std::array<Label*, 3> units;
+    };
+    void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
+
+    std::array<Label*, 3> heads_;
+    Label* tables_;
+    int heldKey_ = 0;  // 0: none
+};
+
+}  // namespace vardel

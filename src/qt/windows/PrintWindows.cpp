@@ -1,0 +1,60 @@
+#include "qt/windows/PrintWindows.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "forms/reports/FrmPrintOut.h"
+#include "forms/reports/frmPrinterSelect.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int ButtonWidth = 26;  // characters
+constexpr int NameWidth = 36;
+constexpr int Spacing = 12;
+
+// A small window is as large as what it holds.
+QVBoxLayout* AddColumn(QMainWindow& window) {
+    auto* center = new QWidget;
+    auto* column = new QVBoxLayout(center);
+    column->setContentsMargins(2 * Spacing, 2 * Spacing, 2 * Spacing, 2 * Spacing);
+    column->setSpacing(Spacing);
+    window.setCentralWidget(center);
+    window.layout()->setSizeConstraint(QLayout::SetFixedSize);
+    return column;
+}
+
+}  // namespace
+
+PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
+    QVBoxLayout* column = AddColumn(*this);
+    for (Button* button : {&form.cmdPrint, &form.cmdPrintSetup, &form.cmdOK}) {
+        auto* widget = new QPushButton;
+        widget->setMinimumWidth(WidthOf(*widget, ButtonWidth));
+        binder.Bind(*button, *widget);
+        column->addWidget(widget);
+    }
+    auto* done = findChild<QPushButton*>("cmdOK");
+    findChild<QPushButton*>("cmdPrint")->setFocus();
+    OnKeys({Qt::Key_Escape}, [done] { done->click(); });
+}
+
+PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(form) {
+    QVBoxLayout* column = AddColumn(*this);
+    auto* names = new QComboBox;
+    binder.Bind(form.cboPrinterNames, *names);
+    names->setMinimumWidth(WidthOf(*names, NameWidth));
+    names->setAccessibleName("Printer");
+    column->addWidget(names);
+    auto* select = new QPushButton;
+    binder.Bind(form.cmdSelect, *select);
+    column->addWidget(select);
+    names->setFocus();
+    QObject::connect(names->lineEdit(), &QLineEdit::returnPressed, select, &QPushButton::click);
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
+}
+
+}  // namespace vardel

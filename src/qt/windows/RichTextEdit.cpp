@@ -1,0 +1,241 @@
+#include "qt/windows/RichTextEdit.h"
+
+#include <QApplication>
+#include <QMimeData>
+#include <QPointer>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+
+#include "qt/services/Convert.h"
+#include "qt/services/PictureConvert.h"
+#include "qt/windows/TextPositions.h"
+#include "richtext/Rtf.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int Margin = 8;
+constexpr std::string_view LineEnd = "\r\n";
+constexpr const char* OwnFormat = "application/x-vardel-log";  // rich text that this editor wrote
+
+QTextCharFormat FormatOf(TextStyle style) {
+    QTextCharFormat format;
+    format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(style.italic);
+    format.setFontUnderline(style.underline);
+    return format;
+}
+
+TextStyle StyleOf(const QTextCharFormat& format) {
+    return {format.fontWeight() >= QFont::Bold, format.fontItalic(), format.fontUnderline()};
+}
+
+QString WithShortLineEnds(const std::string& text) { return ToQt(text).replace("\r\n", "\n"); }
+
+}  // namespace
+
+RichTextEdit::RichTextEdit(RichTextBox& box, Binder& binder) : box_(box), binder_(binder) {
+    setFont(ToQt(box.Font()));
+    setTabChangesFocus(false);
+    setAccessibleName("Report log");
+    setObjectName(ToQt(box.Name()));
+    binder.Show(box, [this] {
+        // Told of every write, of a hidden log too: what stays as it was must cost nothing.
+        if (isReadOnly() != box_.Locked()) setReadOnly(box_.Locked());
+        setLineWrapMode(box_.RightMargin() > 0 ? NoWrap : WidgetWidth);
+        if (editing_ && box_.Revision() != revision_) ReadBox();
+    });
+}
+
+void RichTextEdit::TakeOver() {
+    if (editing_) return;
+    ReadBox();
+    editing_ = true;
+    box_.SetEditor([this] { return UsersEdit(); });
+}
+
+void RichTextEdit::Leave() {
+    if (!editing_ || !binder_.IsAlive()) return;
+    // The caret stays where it is, but the next line of the log replaces nothing.
+    QTextCursor caret = textCursor();
+    caret.clearSelection();
+    setTextCursor(caret);
+    box_.SetEditor({});
+    editing_ = false;
+    ShowAfresh({});
+}
+
+void RichTextEdit::ReadBox() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const RichText& content = box_.HeldContent();
+    if (!editing_)
+        ShowAfresh(content);
+    else if (box_.TextWrites() != textWrites_)
+        ShowAsEdit(content);
+    const auto [start, length] = box_.HeldSelection();
+    const TextPosition from = AdvanceToBytes(content.Text(), {}, start);
+    QTextCursor caret(document());
+    caret.setPosition(from.units);
+    caret.setPosition(AdvanceToBytes(content.Text(), from, start + length).units,
+                      QTextCursor::KeepAnchor);
+    setTextCursor(caret);
+    document()->setModified(false);
+    revision_ = box_.Revision();
+    textWrites_ = box_.TextWrites();
+    QApplication::restoreOverrideCursor();
+}
+
+// Into a document that nobody shows yet: so it is laid out once, and not at every step.
+void RichTextEdit::ShowAfresh(const RichText& content) {
+    auto* filled = new QTextDocument(this);
+    filled->setDefaultFont(font());
+    filled->setDocumentMargin(Margin);
+    filled->setUndoRedoEnabled(false);
+    filled->setPlainText(WithShortLineEnds(content.Text()));
+    pictures_.clear();
+    QTextCursor cursor(filled);
+    cursor.beginEditBlock();
+    ShowStyles(*filled, 0, content);
+    cursor.endEditBlock();
+    filled->setUndoRedoEnabled(true);
+    const QPointer<QTextDocument> before(document());
+    setDocument(filled);
+    delete before;  // where the editor has not done so itself
+}
+
+// What the program writes while the user has the text, such as a cleared log, can be undone like
+// the user's own edits.
+void RichTextEdit::ShowAsEdit(const RichText& content) {
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    InsertAt(cursor, content);
+}
+
+void RichTextEdit::InsertAt(QTextCursor cursor, const RichText& content) {
+    cursor.beginEditBlock();
+    const int start = cursor.selectionStart();
+    cursor.insertText(WithShortLineEnds(content.Text()), FormatOf({}));
+    ShowStyles(*document(), start, content);
+    cursor.endEditBlock();
+}
+
+// Upon the bare text, which begins at start. A line's end stays plain, so that what is typed below
+// a header is.
+void RichTextEdit::ShowStyles(QTextDocument& document, int start, const RichText& content) {
+    QTextCursor cursor(&document);
+    const std::string_view text = content.Text();
+    TextPosition at;
+    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
+        const auto& [begin, style] = content.Stretches()[i];
+        if (style == TextStyle{}) continue;
+        std::size_t end = content.StretchEnd(i);
+        if (text.substr(begin, end - begin).ends_with(LineEnd)) end -= LineEnd.size();
+        at = AdvanceToBytes(text, at, begin);
+        cursor.setPosition(start + at.units);
+        at = AdvanceToBytes(text, at, end);
+        cursor.setPosition(start + at.units, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(FormatOf(style));
+    }
+    at = {};
+    for (const auto& [position, picture] : content.Pictures()) {
+        at = AdvanceToBytes(text, at, position);
+        ShowPicture(document, start + at.units, picture);
+    }
+}
+
+// In the place of the picture's mark, which is one unit long as the picture is.
+void RichTextEdit::ShowPicture(QTextDocument& document, int position,
+                               std::shared_ptr<const Picture> picture) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(position);
+    cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+    QTextImageFormat format;
+    const QString name = QString("picture:%1").arg(pictures_.size());
+    document.addResource(QTextDocument::ImageResource, name, ImageOf(*picture));
+    pictures_[name] = picture;
+    format.setName(name);
+    const QSize size = ScreenSizeOf(*picture);
+    if (!size.isEmpty()) {
+        format.setWidth(size.width());
+        format.setHeight(size.height());
+    }
+    const TextStyle style = StyleOf(cursor.charFormat());
+    format.merge(FormatOf(style));
+    cursor.removeSelectedText();
+    cursor.insertImage(format);
+}
+
+RichTextBox::Edit RichTextEdit::UsersEdit() {
+    RichTextBox::Edit edit;
+    if (document()->isModified()) {
+        edit.content = ContentOf(*document());
+        document()->setModified(false);
+    }
+    const std::string& text = (edit.content ? *edit.content : box_.HeldContent()).Text();
+    const TextPosition from = AdvanceToUnits(text, {}, textCursor().selectionStart());
+    const TextPosition to = AdvanceToUnits(text, from, textCursor().selectionEnd());
+    edit.selection = {from.bytes, to.bytes - from.bytes};
+    return edit;
+}
+
+RichText RichTextEdit::ContentOf(const QTextDocument& document) const {
+    RichText content;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        // A line's end, which has no looks of its own, goes on in the style of its line.
+        if (block != document.begin())
+            content.Replace(
+                content.Length(), 0, LineEnd,
+                content.Stretches().empty() ? TextStyle{} : content.Stretches().back().style);
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const TextStyle style = StyleOf(fragment.charFormat());
+            // Text typed behind a picture inherits its name, but is no picture.
+            const bool isPicture = fragment.charFormat().isImageFormat();
+            const auto picture = pictures_.find(
+                isPicture ? fragment.charFormat().toImageFormat().name() : QString());
+            if (picture == pictures_.end()) {
+                QString text = fragment.text();
+                text.replace(QChar::LineSeparator, '\n');
+                content.Replace(content.Length(), 0, FromQt(text), style);
+                continue;
+            }
+            for (qsizetype i = 0; i < fragment.text().size(); ++i)
+                content.ReplaceByPicture(content.Length(), 0, *picture->second, style);
+        }
+    }
+    return content;
+}
+
+bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
+    return source->hasImage() || source->hasText();
+}
+
+// What is copied or cut keeps its styles and pictures, here and in word processors.
+QMimeData* RichTextEdit::createMimeDataFromSelection() const {
+    QTextDocument selected;
+    QTextCursor(&selected).insertFragment(textCursor().selection());
+    const RichText content = ContentOf(selected);
+    const QByteArray rtf = QByteArray::fromStdString(WriteRtf(content));
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(WithShortLineEnds(content.PlainText()));
+    copied->setData(OwnFormat, rtf);
+    copied->setData("text/rtf", rtf);
+    return copied.release();
+}
+
+// Foreign fonts and colours stay outside: the columns live by the fixed pitch.
+void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (const auto own = ReadRtf(source->data(OwnFormat).toStdString()))
+        return InsertAt(textCursor(), *own);
+    if (source->hasText()) {
+        textCursor().insertText(source->text());
+        return;
+    }
+    RichText picture;
+    picture.ReplaceByPicture(0, 0, PictureOf(qvariant_cast<QImage>(source->imageData())), {});
+    InsertAt(textCursor(), picture);
+}
+
+}  // namespace vardel

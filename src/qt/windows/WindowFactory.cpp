@@ -1,0 +1,44 @@
+#include "qt/windows/WindowFactory.h"
+
+#include <stdexcept>
+
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/help/AboutForm.h"
+#include "forms/help/frmInfoScreen.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmPrintOut.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/frmLogDistRange.h"
+#include "forms/reports/frmPrinterSelect.h"
+#include "qt/windows/AboutWindow.h"
+#include "qt/windows/GraphWindow.h"
+#include "qt/windows/InfoWindow.h"
+#include "qt/windows/MainWindow.h"
+#include "qt/windows/PrintWindows.h"
+#include "qt/windows/RangeWindow.h"
+#include "qt/windows/ReportWindow.h"
+
+namespace vardel {
+
+std::unique_ptr<FormWindow> MakeWindow(Form& form) {
+    if (auto* mainForm = dynamic_cast<MainForm*>(&form))
+        return std::make_unique<MainWindow>(*mainForm);
+    if (auto* report = dynamic_cast<FrmReport*>(&form))
+        return std::make_unique<ReportWindow>(*report);
+    if (auto* graph = dynamic_cast<GraphForm*>(&form)) return std::make_unique<GraphWindow>(*graph);
+    if (auto* graph = dynamic_cast<FrmOkumFieldStrength*>(&form))
+        return std::make_unique<GraphWindow>(*graph);
+    if (auto* range = dynamic_cast<frmLogDistRange*>(&form))
+        return std::make_unique<RangeWindow>(*range);
+    if (auto* info = dynamic_cast<frmInfoScreen*>(&form))
+        return std::make_unique<InfoWindow>(*info);
+    if (auto* about = dynamic_cast<AboutForm*>(&form)) return std::make_unique<AboutWindow>(*about);
+    if (auto* printOut = dynamic_cast<FrmPrintOut*>(&form))
+        return std::make_unique<PrintOutWindow>(*printOut);
+    if (auto* select = dynamic_cast<frmPrinterSelect*>(&form))
+        return std::make_unique<PrinterSelectWindow>(*select);
+    throw std::logic_error("No window for the form " + form.Name());
+}
+
+}  // namespace vardel

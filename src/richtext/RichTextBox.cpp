@@ -1,0 +1,73 @@
+#include "richtext/RichTextBox.h"
+
+#include <algorithm>
+
+namespace vardel {
+
+RichTextBox::RichTextBox(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+void RichTextBox::SetEditor(std::function<Edit()> editor) {
+    FetchEdit();
+    editor_ = std::move(editor);
+}
+
+void RichTextBox::FetchEdit() {
+    if (!editor_) return;
+    Edit edit = editor_();
+    if (edit.content) {
+        content_ = std::move(*edit.content);
+        ++usersEdits_;
+    }
+    selection_ = Within(edit.selection);
+}
+
+const RichText& RichTextBox::Content() {
+    FetchEdit();
+    return content_;
+}
+
+void RichTextBox::SetContent(RichText content) {
+    content_ = std::move(content);
+    Changed(0);
+}
+
+RichTextBox::Selection RichTextBox::Within(Selection selection) const {
+    const std::size_t start = std::min(selection.start, content_.Length());
+    return {start, std::min(selection.length, content_.Length() - start)};
+}
+
+RichTextBox::Selection RichTextBox::Selected() {
+    FetchEdit();
+    return selection_;
+}
+
+void RichTextBox::Select(Selection selection) {
+    FetchEdit();
+    selection_ = Within(selection);
+    Assign(revision_, revision_ + 1);
+}
+
+void RichTextBox::Insert(std::string_view text) {
+    FetchEdit();
+    const auto [start, length] = selection_;
+    Changed(start + content_.Replace(start, length, text, style_));
+}
+
+void RichTextBox::InsertPicture(Picture picture) {
+    FetchEdit();
+    const auto [start, length] = selection_;
+    Changed(start + content_.ReplaceByPicture(start, length, std::move(picture), style_));
+}
+
+unsigned long RichTextBox::Changes() {
+    FetchEdit();
+    return textWrites_ + usersEdits_;
+}
+
+void RichTextBox::Changed(std::size_t caret) {
+    ++textWrites_;
+    selection_ = Within({caret, 0});
+    Assign(revision_, revision_ + 1);
+}
+
+}  // namespace vardel

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "controls/Controls.h"
+#include "richtext/RichText.h"
+#include "services/TextFont.h"
+
+namespace vardel {
+
+// A box of rich text with a caret and a selection. While the user sees it, its view has the text
+// over and is its editor: whatever the user has made of it is fetched from there before the program
+// reads or writes anything here.
+class RichTextBox : public Control {
+public:
+    // Bytes of the text. The caret stands at the start of what is selected.
+    struct Selection {
+        std::size_t start = 0;
+        std::size_t length = 0;
+
+        friend bool operator==(const Selection&, const Selection&) = default;
+    };
+
+    struct Edit {
+        std::optional<RichText> content;  // nothing: the user changed nothing
+        Selection selection;
+    };
+
+    RichTextBox(Form& form, std::string name);
+
+    const RichText& Content();
+    const std::string& Text() { return Content().Text(); }
+    // With the caret at the start and nothing selected.
+    void SetContent(RichText content);
+
+    Selection Selected();
+    // What lies beyond the text counts as at its end.
+    void Select(Selection selection);
+    void CaretToEnd() { Select({Content().Length(), 0}); }
+
+    // The style of what is put in from now on.
+    TextStyle InsertStyle() const { return style_; }
+    void SetInsertStyle(TextStyle style) { style_ = style; }
+
+    // Puts the text in at the caret in place of what is selected; the caret comes behind it.
+    void Insert(std::string_view text);
+    void InsertPicture(Picture picture);
+    void Clear() { SetContent({}); }
+
+    // Of all the text; of a fixed pitch, so that columns stay columns.
+    const TextFont& Font() const { return font_; }
+
+    bool Locked() const { return locked_; }
+    void SetLocked(bool locked) { Assign(locked_, locked); }
+    // Where lines are folded, in twips; 0 folds them at the window's edge.
+    int RightMargin() const { return rightMargin_; }
+    void SetRightMargin(int twips) { Assign(rightMargin_, twips); }
+
+    // For the view. It becomes the editor with a function that tells the user's edit since it last
+    // read what is held here, and ends that with an empty one.
+    void SetEditor(std::function<Edit()> editor);
+    const RichText& HeldContent() const { return content_; }
+    Selection HeldSelection() const { return selection_; }
+    // Grows with every write of the program, so that the view knows when to read again.
+    unsigned long Revision() const { return revision_; }
+    // Grows with those of them that are not of the selection alone.
+    unsigned long TextWrites() const { return textWrites_; }
+
+    // Grows with every change of the text, by the program or the user.
+    unsigned long Changes();
+
+private:
+    void FetchEdit();
+    Selection Within(Selection selection) const;
+    void Changed(std::size_t caret);
+
+    RichText content_;
+    Selection selection_;
+    TextStyle style_;
+    TextFont font_{"Courier New", 8.25};
+    bool locked_ = false;
+    int rightMargin_ = 0;
+    unsigned long revision_ = 0;
+    unsigned long textWrites_ = 0;
+    unsigned long usersEdits_ = 0;
+    std::function<Edit()> editor_;
+};
+
+}  // namespace vardel

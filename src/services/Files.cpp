@@ -1,0 +1,151 @@
+#include "services/Files.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace vardel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Fail(const std::string& path, int error = errno) {
+    throw std::system_error(error, std::generic_category(), path);
+}
+
+class Descriptor {
+public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+    ~Descriptor() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    int Get() const { return fd_; }
+    bool Valid() const { return fd_ >= 0; }
+
+private:
+    int fd_;
+};
+
+struct PartFile {
+    Descriptor file;
+    std::string path;
+};
+
+// Opens the file that is written before it is renamed, for this program alone. Its name is fixed,
+// so that a program killed while writing leaves at most one, which the next save takes up; only
+// where another program is writing just now comes a number behind it.
+PartFile OpenPart(const fs::path& target, mode_t mode) {
+    const std::string base =
+        (target.parent_path() / ("." + target.filename().string().substr(0, 200))).string();
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const std::string path =
+            base + (attempt == 0 ? ".part" : "." + std::to_string(attempt) + ".part");
+        Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode));
+        if (!file.Valid()) Fail(path);
+        if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) continue;
+        // The other program may have renamed it between the opening and the locking.
+        if (!StillNames(path, file.Get())) continue;
+        if (::ftruncate(file.Get(), 0) != 0) Fail(path);
+        return {std::move(file), path};
+    }
+    Fail(base, EBUSY);
+}
+
+void WriteAll(int fd, std::string_view content, const std::string& path) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(fd, content.data(), content.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) Fail(path);
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+// The renaming is on the disk once its folder is.
+void FlushFolder(const fs::path& folder) {
+    const Descriptor fd(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY));
+    if (fd.Valid()) ::fsync(fd.Get());
+}
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+    std::error_code ignored;
+    return fs::exists(path, ignored);
+}
+
+bool MayWriteFile(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && (status.st_mode & 0222) != 0 &&
+           ::access(path.c_str(), W_OK) == 0;
+}
+
+bool StillNames(const std::string& path, int descriptor) {
+    struct stat opened {
+    }, named{};
+    return ::fstat(descriptor, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
+           opened.st_ino == named.st_ino;
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.Valid()) return std::nullopt;
+    std::string content;
+    std::array<char, 65536> buffer;
+    for (;;) {
+        const ssize_t got = ::read(file.Get(), buffer.data(), buffer.size());
+        if (got == 0) return content;
+        if (got > 0)
+            content.append(buffer.data(), static_cast<std::size_t>(got));
+        else if (errno != EINTR)
+            return std::nullopt;
+    }
+}
+
+std::string NewUniqueFile(const std::string& folder) {
+    std::error_code error;
+    if (fs::create_directories(folder, error)) fs::permissions(folder, fs::perms::owner_all, error);
+    std::string path = folder + "/logXXXXXX.rtf";
+    constexpr int SuffixLength = 4;
+    const Descriptor file(::mkostemps(path.data(), SuffixLength, O_CLOEXEC));
+    return file.Valid() ? path : std::string();
+}
+
+void ReplaceFile(const std::string& path, std::string_view content, Access access) {
+    // A link stays one: what it points to is replaced.
+    std::error_code ignored;
+    fs::path target = path;
+    if (fs::is_symlink(target, ignored)) {
+        const fs::path pointedTo = fs::canonical(target, ignored);
+        if (!pointedTo.empty()) target = pointedTo;
+    }
+
+    struct stat status {};
+    const bool replaces = ::stat(target.c_str(), &status) == 0;
+    if (replaces && !S_ISREG(status.st_mode)) Fail(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+    if (replaces && !MayWriteFile(target.string())) Fail(path, EACCES);
+
+    PartFile part = OpenPart(target, access == Access::OwnerOnly ? 0600 : 0666);
+    try {
+        const mode_t mode = replaces ? status.st_mode & 07777 : 0600;
+        if ((replaces || access == Access::OwnerOnly) && ::fchmod(part.file.Get(), mode) != 0)
+            Fail(path);
+        WriteAll(part.file.Get(), content, path);
+        if (::fsync(part.file.Get()) != 0) Fail(path);
+        if (::rename(part.path.c_str(), target.c_str()) != 0) Fail(path);
+    } catch (...) {
+        ::unlink(part.path.c_str());
+        throw;
+    }
+    FlushFolder(target.parent_path());
+}
+
+}  // namespace vardel

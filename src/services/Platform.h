@@ -1,0 +1,148 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "richtext/RichText.h"
+#include "services/Clock.h"
+#include "services/SettingsStore.h"
+#include "services/TextFont.h"
+
+// What the program asks of the outside.
+
+namespace vardel {
+
+class Chart;
+class Form;
+
+enum class Answer { Ok, Cancel, Yes, No };
+
+// A message box. An empty title stands for the application's.
+struct Message {
+    enum class Buttons { Ok, OkCancel, YesNo };
+    enum class Icon { None, Critical };
+
+    std::string text;
+    std::string title = {};
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+    Answer closed = Answer::No;  // what closing a question of yes and no by its frame answers
+};
+
+// A file dialog. The filters are pairs of a description and a pattern, parted by "|", or one
+// pattern, and count from 1.
+struct FileDialog {
+    std::string folder;
+    std::string filters;
+    int filterIndex = 1;
+    std::string name = {};  // that the dialog suggests; empty: none
+};
+
+struct SaveChoice {
+    std::string path;
+    int filterIndex = 1;
+};
+
+// A box that asks for a line of text.
+struct TextQuestion {
+    std::string prompt;
+    std::string title;
+    std::string text;  // the answer proposed
+};
+
+class Windows {
+public:
+    virtual ~Windows() = default;
+
+    virtual void Show(Form& form) = 0;
+    // Blocks all other forms; returns once the form is no longer visible.
+    virtual void ShowModal(Form& form, Form* owner) = 0;
+    // The form is about to be destroyed: nothing of it may be shown or told any more.
+    virtual void Forget(Form& form) = 0;
+
+    virtual Answer ShowMessage(const Message& message) = 0;
+    // Nothing when the user names no file. There is no question before a file that exists.
+    virtual std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) = 0;
+    // The path of a file that exists; nothing when the user names none.
+    virtual std::optional<std::string> AskOpenFile(const FileDialog& dialog) = 0;
+    // An empty text when the user cancels.
+    virtual std::string AskText(const TextQuestion& question) = 0;
+    // Lets the window system handle what has come in meanwhile. Any event routine may run.
+    virtual void Yield() = 0;
+    virtual void EndProgram() = 0;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    // Nothing when the clipboard holds no picture.
+    virtual std::optional<Picture> GetPicture() = 0;
+    virtual std::string GetText() = 0;
+    virtual void SetPicture(const Picture& picture) = 0;
+    virtual void Clear() = 0;
+};
+
+// Draws charts, for everything but the screen: all that is drawn looks as it does there.
+class ChartDrawing {
+public:
+    virtual ~ChartDrawing() = default;
+    virtual Picture PictureOf(const Chart& chart) = 0;
+    // A placeable Windows metafile.
+    virtual std::string MetafileOf(const Chart& chart) = 0;
+};
+
+// The printers of the system, and one more that prints to a PDF file. What is not said of a certain
+// printer is asked of the current one; each printer has an orientation of its own.
+class Printers {
+public:
+    static constexpr int Portrait = 1;
+    static constexpr int Landscape = 2;
+
+    virtual ~Printers() = default;
+
+    virtual std::vector<std::string> PrinterNames() = 0;
+    virtual std::string CurrentPrinter() = 0;  // empty: there is none
+    virtual void SetCurrentPrinter(const std::string& name) = 0;
+    // Printing then needs the path of a file, which is written whole or not at all.
+    virtual bool PrintsToFile() = 0;
+    virtual int Orientation() = 0;
+    virtual void SetOrientation(int orientation) = 0;
+    virtual void SetFont(const TextFont& font) = 0;
+
+    // Adds a line to the document, or several that are parted by line ends.
+    virtual void PrintText(std::string_view text) = 0;
+    // Sends what was added to the printer; the next document begins empty. Throws where that fails,
+    // as does the next.
+    virtual void EndDocument(const std::string& title, const std::string& file) = 0;
+    virtual void PrintChart(const Chart& chart, const std::string& file) = 0;
+    // The user chooses printer, paper and orientation in a dialog.
+    virtual void ShowPrinterSetup() = 0;
+};
+
+// The viewer of the help, and of documents that belong to other programs.
+class Help {
+public:
+    virtual ~Help() = default;
+    // F1 shows its topics from now on.
+    virtual void SetFile(const std::string& path) = 0;
+    virtual void Quit() = 0;
+    // With the system's default action, its result not looked at.
+    virtual void OpenDocument(const std::string& path) = 0;
+};
+
+struct Platform {
+    Windows& windows;
+    SettingsStore& settings;
+    Help& help;
+    Clipboard& clipboard;
+    ChartDrawing& charts;
+    Printers& printers;
+    Clock& clock;
+    std::string applicationTitle;
+    std::string programDirectory;  // without a separator at its end, as is the next
+    std::string stateDirectory;    // the user's own, for what outlives the program
+};
+
+}  // namespace vardel

@@ -1,0 +1,161 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <regex>
+#include <sstream>
+
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/help/UserGuide.h"
+#include "models/ModCalculations.h"
+#include "services/Files.h"
+#include "support/RunningProgram.h"
+#include "support/Shell.h"
+
+namespace vardel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+using Model = double (*)(const ModelInputs&) noexcept;
+
+class ArchiveRunTest : public testing::Test, public RunningProgram {
+protected:
+    ArchiveRunTest() {
+        std::filesystem::copy_file(EMPTY_ARCHIVE, archive);
+        platform.openChoice = archive;
+        platform.onQuestion = [] { return "a comment, größer"; };
+        platform.now.second = 7;
+        Main().cmdLossCalc.Press();
+    }
+
+    std::istringstream Dump() {
+        return std::istringstream(Output("python3 " DUMP_ARCHIVE " \"" + archive + '"'));
+    }
+    static std::string Line(std::istream& dump) {
+        std::string line;
+        std::getline(dump, line);
+        return line;
+    }
+    // Reads a curve's points, each of which must be the model's value.
+    static void ExpectCurve(std::istream& dump, const std::string& head, Model model,
+                            ModelInputs inputs, double to) {
+        EXPECT_EQ(Line(dump), head);
+        inputs.d = 1.0;
+        for (; inputs.d <= to; inputs.d = inputs.d + 0.1) {
+            ASSERT_EQ(std::strtod(Line(dump).c_str(), nullptr), inputs.d);
+            ASSERT_EQ(std::strtod(Line(dump).c_str(), nullptr), model(inputs)) << inputs.d;
+        }
+    }
+
+    std::string archive = platform.folder.Path("it's runs.mdb");
+};
+
+TEST_F(ArchiveRunTest, AnotherReaderFindsEveryFieldAndPoint) {
+    GraphForm& loss = *program.GraphForm;
+    EXPECT_FALSE(loss.cmdArchiveData.Visible());
+    loss.lblBaseAntenna.Click.Raise();
+    EXPECT_TRUE(loss.cmdArchiveData.Visible());
+    loss.mnuGraph300.Pick();
+    loss.cmdArchiveData.Press();
+
+    Main().mnuUnitsEnglish.Pick();
+    FrmOkumFieldStrength& field = *program.FrmOkumFieldStrength;
+    EXPECT_FALSE(field.cmdAddToArchive.Visible());
+    field.lblPower.Click.Raise();
+    field.SelectPlot(GraphCost231);
+    field.cmbareatype.SetText("Suburban");
+    field.txtPctTime.SetText("10");
+    platform.onQuestion = nullptr;  // the user cancels
+    field.cmdAddToArchive.Press();
+
+    EXPECT_THAT(platform.TakeMessages(), IsEmpty());
+    EXPECT_EQ(field.MousePointer(), Form::Pointer::Normal);
+    ASSERT_EQ(platform.openDialogs.size(), 1U) << "the first choice is kept";
+    EXPECT_EQ(platform.openDialogs[0].folder, platform.folder.Path());
+    EXPECT_EQ(platform.openDialogs[0].filters, "*.mdb");
+    EXPECT_EQ(platform.questions[1].prompt, "Comments:");
+    EXPECT_EQ(platform.questions[1].title, "Store Data Run");
+    EXPECT_EQ(platform.questions[1].text, " ");
+
+    std::istringstream dump = Dump();
+    EXPECT_EQ(
+        Line(dump),
+        "run|1|'Okumura-Hata'|'hb:100.0,hm:1.5,frq:450.0,Urban,,Small/Medium,Power:1.kW e.r.p."
+        ",50%T,50%L'|'a comment, größer'|'2026-03-09 14:05:07'|2");
+    EXPECT_EQ(Line(dump),
+              "run|2|'Okumura-Hata'|'hb:328.084,hm:4.9213,frq:450.0,Suburban,,Power:1.kW e.r.p."
+              ",10%T,50%L'|''|'2026-03-09 14:05:07'|2");
+    const ModelInputs urban{450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50};
+    const std::pair<const char*, Model> losses[] = {
+        {"ITU 529", Itu529Loss}, {"Davidson", DavidsonLoss}, {"Cost 231", Cost231Loss}};
+    for (const auto& [name, model] : losses)
+        ExpectCurve(dump, std::string("curve|1|") + name + " Urban|a comment, größer|2991|47857|0",
+                    model, urban, 300);
+    const ModelInputs suburban{
+        450, 0, 328.084 * 0.3048, 4.9213 * 0.3048, "Suburban", "Small/Medium", 10, 50};
+    const std::pair<const char*, Model> fields[] = {{"ITU 529", Itu529FieldStrength},
+                                                    {"Davidson", DavidsonFieldStrength},
+                                                    {"Cost 231", Cost231FieldStrength}};
+    for (const auto& [name, model] : fields)
+        ExpectCurve(dump, std::string("curve|2|") + name + " - Suburban||991|15857|0", model,
+                    suburban, 100);
+    EXPECT_EQ(Line(dump), "");
+}
+
+TEST_F(ArchiveRunTest, WithoutAnArchiveOrANumberNothingIsStored) {
+    GraphForm& form = *program.GraphForm;
+    form.lblBaseAntenna.Click.Raise();
+    for (const auto& choice : {std::optional<std::string>(), std::optional<std::string>("*.mdb")}) {
+        platform.openChoice = choice;
+        form.cmdArchiveData.Press();
+        ASSERT_EQ(platform.messages.size(), 1U);
+        EXPECT_EQ(platform.messages[0].title, "Add To Archive");
+        EXPECT_THAT(platform.TakeMessages(), ElementsAre("Cannot Open Access Database"));
+        EXPECT_EQ(form.MousePointer(), Form::Pointer::Normal);
+    }
+    EXPECT_EQ(platform.openDialogs.size(), 2U);
+    form.txtFreq.SetText("much");
+    form.cmdArchiveData.Press();
+    EXPECT_THAT(platform.TakeMessages(), ElementsAre("Frequency must be a number, not \"much\""));
+    EXPECT_EQ(form.MousePointer(), Form::Pointer::Normal);
+    EXPECT_THAT(platform.questions, IsEmpty());
+    EXPECT_EQ(Dump().str(), "");
+}
+
+// The text between the fences of the guide's blocks in a language, in their order.
+std::vector<std::string> GuideBlocks(const std::string& language) {
+    const std::string guide = GuideMarkdown();
+    const std::regex block("```" + language + "\n([^`]*)```");
+    std::vector<std::string> blocks;
+    for (std::sregex_iterator it(guide.begin(), guide.end(), block), end; it != end; ++it)
+        blocks.push_back((*it)[1]);
+    return blocks;
+}
+
+TEST_F(ArchiveRunTest, TheGuidesExamplesWork) {
+    const auto shell = GuideBlocks("sh");
+    const auto python = GuideBlocks("python");
+    ASSERT_EQ(shell.size(), 2U);
+    ASSERT_EQ(python.size(), 1U);
+    const std::string inFolder = "cd '" + platform.folder.Path() + "' && ";
+    std::filesystem::copy_file(EMPTY_ARCHIVE, platform.folder.Path("New Model Data.mdb"));
+    Output(inFolder + shell[0]);
+    platform.openChoice = platform.folder.Path("runs.mdb");
+    program.GraphForm->lblBaseAntenna.Click.Raise();
+    program.GraphForm->cmdArchiveData.Press();
+    EXPECT_THAT(platform.TakeMessages(), IsEmpty());
+
+    EXPECT_THAT(Output(inFolder + shell[1]),
+                HasSubstr("1|2026-03-09 14:05:07|a comment, größer|Davidson Urban|991"));
+    ReplaceFile(platform.folder.Path("read.py"), python[0]);
+    EXPECT_THAT(Output(inFolder + "python3 read.py"),
+                testing::AllOf(HasSubstr("1 ITU 529 Urban: 143.13 dB at 10.0 km\n"),
+                               HasSubstr("1 Cost 231 Urban: 140.42 dB at 10.0 km\n")));
+}
+
+}  // namespace
+}  // namespace vardel
