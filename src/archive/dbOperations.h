@@ -6,8 +6,8 @@
 #include <span>
 #include <string>
 
-#include "services/Clock.h"
 #include "services/Database.h"
+#include "text/CalendarTime.h"
 
 namespace vardel {
 

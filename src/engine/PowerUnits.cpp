@@ -7,42 +7,37 @@
 
 namespace vardel {
 
-std::vector<ComboBox::Item> PowerUnitEntries() {
-    return {
-        {"W e.r.p.", UnitWatts}, {"kW e.r.p.", UnitKilowatts}, {"dBm", UnitDbm}, {"dBw", UnitDbw}};
-}
-
-double PowerTextToWatts(std::string_view text, int unit) {
+double PowerTextToWatts(std::string_view text, PowerUnit unit) {
     const double x = LeadingNumber(text);
     switch (unit) {
-        case UnitWatts:
+        case PowerUnit::Watts:
             return x;
-        case UnitKilowatts:
+        case PowerUnit::Kilowatts:
             return x * 1000.0;
-        case UnitDbm:
+        case PowerUnit::Dbm:
             return std::pow(10.0, x / 10.0) * 0.001;
-        case UnitDbw:
+        case PowerUnit::Dbw:
             return std::pow(10.0, x / 10.0);
         default:
             return 0.0;
     }
 }
 
-std::string PowerText(double watts, int unit) {
+std::string PowerText(double watts, PowerUnit unit) {
     constexpr const char* PowerPattern = "0000000.000000000000";
     constexpr const char* LevelPattern = "0000000.0000";
     std::string text;
     switch (unit) {
-        case UnitWatts:
+        case PowerUnit::Watts:
             text = FormatNumber(watts, PowerPattern);
             break;
-        case UnitKilowatts:
+        case PowerUnit::Kilowatts:
             text = FormatNumber(watts / 1000.0, PowerPattern);
             break;
-        case UnitDbm:
+        case PowerUnit::Dbm:
             text = FormatNumber(10.0 * Log10(watts / 0.001), LevelPattern);
             break;
-        case UnitDbw:
+        case PowerUnit::Dbw:
             text = FormatNumber(10.0 * Log10(watts), LevelPattern);
             break;
         default:
@@ -51,7 +46,7 @@ std::string PowerText(double watts, int unit) {
     return std::string(Trimmed(FixedWidthNumber(text)));
 }
 
-std::string CorrectedPowerText(std::string_view text, int unit) {
+std::string CorrectedPowerText(std::string_view text, PowerUnit unit) {
     double x = LeadingNumber(text);
     // Zero and negative levels are powers; a level so extreme that no power is left is none.
     const double watts = PowerTextToWatts(text, unit);

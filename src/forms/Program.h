@@ -54,7 +54,7 @@ public:
     Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
     Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on
     Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
-    int PowerUnit = UnitKilowatts;         // of the power box, see PowerUnits.h
+    vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box
 
     FormSlot<vardel::MainForm> MainForm;
     FormSlot<vardel::FrmReport> FrmReport;

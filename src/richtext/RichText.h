@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "services/Picture.h"
+
 namespace vardel {
 
 struct TextStyle {
@@ -14,14 +16,6 @@ struct TextStyle {
     bool underline = false;
 
     friend constexpr bool operator==(const TextStyle&, const TextStyle&) = default;
-};
-
-struct Picture {
-    std::string png;
-    int widthTwips = 0;  // 1440 twips are an inch; 0: as large as its points
-    int heightTwips = 0;
-
-    friend bool operator==(const Picture&, const Picture&) = default;
 };
 
 // Text in stretches of a style, with pictures. Appending costs the same at any length. Positions

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "richtext/RichText.h"
 #include "services/Clock.h"
+#include "services/Picture.h"
 #include "services/SettingsStore.h"
 #include "services/TextFont.h"
 

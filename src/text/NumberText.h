@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "services/Clock.h"
+#include "text/CalendarTime.h"
 
 // The one place where numbers become text and text becomes numbers. The decimal point is a point
 // in every locale. Texts are built from the up to 15 significant decimal digits of a number, so

@@ -20,7 +20,7 @@ FrmOkumFieldStrength::FrmOkumFieldStrength(Program& program)
                          .baseAntennaLabel = "Label8",
                          .archiveButton = "cmdAddToArchive"}),
       // On the main form's unit from the beginning: a change of it would rewrite the power's text.
-      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), program.PowerUnit) {
+      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), static_cast<int>(program.PowerUnit)) {
     SetHelpContextID(TopicFieldStrengthGraphs);
     for (MenuItem* mark : {&mnuModelPalvernFS, &mnuModelOkum529FS, &mnuModelCost231,
                            &mnuModelCompare, &mnuModelDist100, &mnuModelDist300})
@@ -123,7 +123,7 @@ void FrmOkumFieldStrength::txtPowerUnit_LostFocus() {
 
 void FrmOkumFieldStrength::cmbPowerUnit_Click() {
     MainForm& main = *program_.MainForm;
-    program_.PowerUnit = cmbPowerUnit.SelectedItemData();
+    program_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
     txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
     main.cmbPowerUnit.SetText(cmbPowerUnit.Text());
     main.txtPowerUnit.SetText(txtPowerUnit.Text());

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/PowerUnits.h"
 #include "forms/graphs/PlotForm.h"
+#include "forms/shared/PowerUnitList.h"
 
 namespace vardel {
 

@@ -4,6 +4,7 @@
 
 #include "controls/Hourglass.h"
 #include "engine/CurveData.h"
+#include "engine/Units.h"
 #include "forms/Program.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"

@@ -4,9 +4,9 @@
 #include <optional>
 
 #include "controls/Controls.h"
-#include "engine/PowerUnits.h"
 #include "forms/reports/TempLog.h"
 #include "forms/shared/BoxRule.h"
+#include "forms/shared/PowerUnitList.h"
 #include "services/Registry.h"
 
 namespace vardel {
@@ -82,7 +82,8 @@ public:
     Label Label8{*this, "Label8", " dB µv / m"};
     Label Label24{*this, "Label24", "Power"};
     TextBox txtPowerUnit{*this, "txtPowerUnit", "1"};
-    ComboBox cmbPowerUnit{*this, "cmbPowerUnit", PowerUnitEntries(), UnitKilowatts};
+    ComboBox cmbPowerUnit{*this, "cmbPowerUnit", PowerUnitEntries(),
+                          static_cast<int>(PowerUnit::Kilowatts)};
 
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileNew{mnuFile, "mnuFileNew", "&New"};

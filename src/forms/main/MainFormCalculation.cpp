@@ -1,9 +1,9 @@
 #include <array>
 
 #include "engine/LogLine.h"
+#include "engine/Units.h"
 #include "forms/Program.h"
 #include "forms/main/MainForm.h"
-#include "forms/main/UnitSwitch.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModCalculations.h"

@@ -63,7 +63,7 @@ void MainForm::txtPowerUnit_LostFocus() {
 
 // The same power in another unit: what the text rounds does not touch the power itself.
 void MainForm::cmbPowerUnit_Click() {
-    program_.PowerUnit = cmbPowerUnit.SelectedItemData();
+    program_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
     txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
 }
 

@@ -1,9 +1,9 @@
 #include <array>
 
 #include "engine/MeasuredData.h"
+#include "engine/Units.h"
 #include "forms/Program.h"
 #include "forms/main/MainForm.h"
-#include "forms/main/UnitSwitch.h"
 #include "forms/reports/RLogClass.h"
 #include "text/NumberText.h"
 

@@ -2,6 +2,7 @@
 
 #include "engine/LogLine.h"
 #include "engine/MeasuredData.h"
+#include "engine/Units.h"
 #include "forms/Program.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/help/frmInfoScreen.h"
@@ -152,7 +153,7 @@ void MainForm::ReadMeasuredTables() {
 
 // The percentages are not among the defaults.
 void MainForm::SetDefaultInputs() {
-    program_.PowerUnit = UnitKilowatts;
+    program_.PowerUnit = PowerUnit::Kilowatts;
     cmbPowerUnit.SetText("kW e.r.p.");
     PowerWatts = 1000.0;
     txtPowerUnit.SetText("1");

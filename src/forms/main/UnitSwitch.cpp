@@ -1,5 +1,7 @@
 #include "forms/main/UnitSwitch.h"
 
+#include "engine/Units.h"
+
 #include <optional>
 #include <vector>
 

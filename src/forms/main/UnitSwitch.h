@@ -4,10 +4,6 @@ namespace vardel {
 
 class Program;
 
-// The factors between English and metric units, everywhere in the program the same.
-constexpr double KmPerMile = 1.6093;
-constexpr double MetresPerFoot = 0.3048;
-
 // Switch what the boxes of all forms with heights show; the quantities stay the same. The check
 // mark on the main form is the state: where it stands already, nothing happens. A main form box
 // that holds no number gets a message, and nothing is switched.

@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "richtext/RichText.h"
+#include "services/Picture.h"
 
 namespace vardel {
 

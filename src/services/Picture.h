@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace vardel {
+
+struct Picture {
+    std::string png;
+    int widthTwips = 0;  // 1440 twips are an inch; 0: as large as its points
+    int heightTwips = 0;
+
+    friend bool operator==(const Picture&, const Picture&) = default;
+};
+
+}  // namespace vardel
