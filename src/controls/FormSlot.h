@@ -20,7 +20,7 @@ public:
         T* typed;
     };
 
-    explicit FormSlot(std::function<Made()> make) : make_(std::move(make)) {}
+    FormSlot(std::function<Made()> make) : make_(std::move(make)) {}
     FormSlot(const FormSlot&) = delete;
     FormSlot& operator=(const FormSlot&) = delete;
     ~FormSlot() {

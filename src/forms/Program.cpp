@@ -15,9 +15,9 @@ namespace vardel {
 
 namespace {
 
-template <class T>
-typename FormSlot<T>::Made Make(Program& program) {
-    auto form = std::make_unique<T>(program);
+template <class T, class... With>
+typename FormSlot<T>::Made Make(With&... with) {
+    auto form = std::make_unique<T>(with...);
     T* typed = form.get();
     return {std::move(form), typed};
 }
@@ -25,16 +25,21 @@ typename FormSlot<T>::Made Make(Program& program) {
 }  // namespace
 
 Program::Program(Platform services)
-    : platform(std::move(services)),
-      MainForm([this] { return Make<vardel::MainForm>(*this); }),
-      FrmReport([this] { return Make<vardel::FrmReport>(*this); }),
-      GraphForm([this] { return Make<vardel::GraphForm>(*this); }),
-      FrmOkumFieldStrength([this] { return Make<vardel::FrmOkumFieldStrength>(*this); }),
-      frmLogDistRange([this] { return Make<vardel::frmLogDistRange>(*this); }),
-      frmInfoScreen([this] { return Make<vardel::frmInfoScreen>(*this); }),
-      AboutForm([this] { return Make<vardel::AboutForm>(*this); }),
-      FrmPrintOut([this] { return Make<vardel::FrmPrintOut>(*this); }),
-      frmPrinterSelect([this] { return Make<vardel::frmPrinterSelect>(*this); }) {}
+    : Doors{
+          .platform = std::move(services),
+          .MainForm{[this] { return Make<vardel::MainForm>(platform, *this, *this); }},
+          .FrmReport{[this] { return Make<vardel::FrmReport>(platform, *this); }},
+          .GraphForm{[this] { return Make<vardel::GraphForm>(platform, *this, *this); }},
+          .FrmOkumFieldStrength{
+              [this] { return Make<vardel::FrmOkumFieldStrength>(platform, *this, *this); }},
+          .frmLogDistRange{
+              [this] { return Make<vardel::frmLogDistRange>(platform, *this, *this); }},
+          .frmInfoScreen{[this] { return Make<vardel::frmInfoScreen>(platform); }},
+          .AboutForm{[this] { return Make<vardel::AboutForm>(platform); }},
+          .FrmPrintOut{[this] { return Make<vardel::FrmPrintOut>(platform, *this); }},
+          .frmPrinterSelect{[this] { return Make<vardel::frmPrinterSelect>(platform); }},
+          .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
+      } {}
 
 Program::~Program() = default;
 
@@ -54,8 +59,8 @@ void Program::EndSession() {
     });
 }
 
-RLogClass& Program::ReportLog() {
-    if (!reportLog_) reportLog_ = std::make_unique<RLogClass>(*this);
+RLogClass& Program::TheReportLog() {
+    if (!reportLog_) reportLog_ = std::make_unique<RLogClass>(platform, *this);
     return *reportLog_;
 }
 

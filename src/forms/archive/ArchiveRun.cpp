@@ -5,7 +5,7 @@
 #include "archive/dbOperations.h"
 #include "controls/Hourglass.h"
 #include "engine/CurveData.h"
-#include "forms/Program.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModCalculations.h"
@@ -39,15 +39,15 @@ constexpr std::int32_t PointsOfTwoValues = 2;
 constexpr double NearestPoint = 1.0;  // km
 
 // False, after a message, when the user chooses none.
-bool ChooseArchive(Program& program) {
-    Windows& windows = program.platform.windows;
-    const auto file = windows.AskOpenFile({program.platform.programDirectory, "*.mdb", 1});
+bool ChooseArchive(SharedData& shared, Platform& platform) {
+    Windows& windows = platform.windows;
+    const auto file = windows.AskOpenFile({platform.programDirectory, "*.mdb", 1});
     if (!file || file->empty() || file->find('*') != std::string::npos) {
         windows.ShowMessage({.text = "Cannot Open Access Database", .title = "Add To Archive"});
-        program.ArchiveFile.clear();
+        shared.ArchiveFile.clear();
         return false;
     }
-    program.ArchiveFile = *file;
+    shared.ArchiveFile = *file;
     return true;
 }
 
@@ -62,14 +62,14 @@ std::string ParameterLine(const PlotForm& form) {
     return line + TrimmedText(form.txtPctTime) + "%T," + TrimmedText(form.txtPctLoc) + "%L";
 }
 
-void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,
+void StoreRun(const std::string& file, const PlotForm& form, ModelInputs inputs,
               const ArchivedCurves& curves) {
-    dbOperations& archive = program.dbOperations;
-    archive.OpenArchive(program.ArchiveFile);
+    Platform& platform = form.GetPlatform();
+    dbOperations archive(platform.windows);
+    archive.OpenArchive(file);
     const std::string parameters = ParameterLine(form);
-    const std::string comment =
-        program.platform.windows.AskText({"Comments:", "Store Data Run", " "});
-    archive.AddModelRun("Okumura-Hata", parameters, comment, program.platform.clock.Now(),
+    const std::string comment = platform.windows.AskText({"Comments:", "Store Data Run", " "});
+    archive.AddModelRun("Okumura-Hata", parameters, comment, platform.clock.Now(),
                         PointsOfTwoValues);
     for (const ArchivedCurve& curve : curves) {
         const auto valueAt = [&](double d) {
@@ -86,13 +86,13 @@ void StoreRun(Program& program, const PlotForm& form, ModelInputs inputs,
 
 }  // namespace
 
-void ArchiveRun(Program& program, PlotForm& form, ArchivedQuantity quantity) {
+void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity) {
     const Hourglass hourglass(form);
-    program.platform.windows.Yield();
+    form.GetPlatform().windows.Yield();
     if (form.Unloaded()) return;
     if (const auto inputs = form.ReadInputs())
-        if (!program.ArchiveFile.empty() || ChooseArchive(program))
-            StoreRun(program, form, *inputs,
+        if (!shared.ArchiveFile.empty() || ChooseArchive(shared, form.GetPlatform()))
+            StoreRun(shared.ArchiveFile, form, *inputs,
                      quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves);
 }
 

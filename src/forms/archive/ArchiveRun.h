@@ -3,13 +3,13 @@
 namespace vardel {
 
 class PlotForm;
-class Program;
+struct SharedData;
 
 enum class ArchivedQuantity { Loss, FieldStrength };
 
 // Stores the three models, computed from the form's boxes to its MaxDist, as one run of the
 // archive. Asks for the archive where none was chosen yet, and for a comment. Without an archive,
 // or where a box holds no number, there is a message and nothing is stored.
-void ArchiveRun(Program& program, PlotForm& form, ArchivedQuantity quantity);
+void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity);
 
 }  // namespace vardel

@@ -2,7 +2,7 @@
 
 #include "engine/CurveData.h"
 #include "engine/MeasuredData.h"
-#include "forms/Program.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModCalculations.h"
@@ -78,7 +78,7 @@ bool FrmOkumFieldStrength::PlotFieldStrength(bool redrawChart) { return Plot(red
 
 void FrmOkumFieldStrength::DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) {
     SetChartScales(CTWXfs, MaxDist, -10.0, 110.0);
-    if (program_.GraphMode == GraphComparison)
+    if (shared_.GraphMode == GraphComparison)
         DrawComparison(drawing, inputs);
     else
         DrawHeightFamily(drawing, inputs);
@@ -86,7 +86,7 @@ void FrmOkumFieldStrength::DrawPlot(CurveDrawing& drawing, const ModelInputs& in
 }
 
 void FrmOkumFieldStrength::DrawHeightFamily(CurveDrawing& drawing, const ModelInputs& inputs) {
-    const Plotted& plotted = Plots.at(static_cast<std::size_t>(program_.GraphMode));
+    const Plotted& plotted = Plots.at(static_cast<std::size_t>(shared_.GraphMode));
     for (const auto& [height, color] : HeightCurves) {
         ModelInputs atHeight = inputs;
         atHeight.hb = height;
@@ -102,10 +102,10 @@ void FrmOkumFieldStrength::DrawComparison(CurveDrawing& drawing, const ModelInpu
     DrawFreeSpace(drawing, MaxDist, ComparisonFreeSpaceColor);
 
     const MeasuredMatch match = FindMeasuredSegment(inputs.f, inputs.hb, inputs.hm, inputs.area,
-                                                    inputs.pctTime / 100.0, program_.MeasuredTable);
-    if (!match.found || !program_.ShowMeasuredData) return;
+                                                    inputs.pctTime / 100.0, shared_.MeasuredTable);
+    if (!match.found || !shared_.ShowMeasuredData) return;
     const auto segment = static_cast<std::size_t>(match.segment);
-    drawing.DrawMeasuredCurve(MeasuredCurve(program_.MeasuredTable[segment], match.column),
+    drawing.DrawMeasuredCurve(MeasuredCurve(shared_.MeasuredTable[segment], match.column),
                               "Measured", MeasuredColor);
 }
 
@@ -114,13 +114,13 @@ void FrmOkumFieldStrength::DrawComparison(CurveDrawing& drawing, const ModelInpu
 void FrmOkumFieldStrength::SetTitles() {
     const bool urban = IsUrban(cmbareatype);
     std::string line = "Frq:" + TrimmedText(txtFreq) + "MHz,";
-    if (program_.GraphMode == GraphComparison) line += " Ant Hb:" + TrimmedText(txthb) + "m,";
+    if (shared_.GraphMode == GraphComparison) line += " Ant Hb:" + TrimmedText(txthb) + "m,";
     line += " Ant Hm:" + TrimmedText(txthm) + "m, Area:" + cmbareatype.Text() + ", ";
     if (urban) line += "City Size:" + cmbcitysize.Text() + ", ";
     line += "Power:" + FormatNumber(GetPowerWatts() / 1000.0, "###.##") + "kW e.r.p.,";
     line += urban ? txtPctTime.Text() + "%time," + txtPctLoc.Text() + "%Loc"
                   : ' ' + txtPctTime.Text() + "% of Time," + txtPctLoc.Text() + "% of Loc";
-    const char* title = Plots.at(static_cast<std::size_t>(program_.GraphMode)).title;
+    const char* title = Plots.at(static_cast<std::size_t>(shared_.GraphMode)).title;
     SetChartTitles(CTWXfs, std::string(title) + ", " + FormatDateTime(GetPlatform().clock.Now()),
                    line);
 }

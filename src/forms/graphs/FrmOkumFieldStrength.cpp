@@ -1,7 +1,8 @@
 #include "forms/graphs/FrmOkumFieldStrength.h"
 
 #include "controls/Hourglass.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
@@ -10,17 +11,18 @@
 
 namespace vardel {
 
-FrmOkumFieldStrength::FrmOkumFieldStrength(Program& program)
-    : PlotForm(program, {.form = "FrmOkumFieldStrength",
-                         .caption = "Field Strength Plot",
-                         .chart = "CTWXfs",
-                         .chartTitle = "Field Strength",
-                         .distanceTitle = "Distance (km)",
-                         .valueTitle = "dB (uv/m)",
-                         .baseAntennaLabel = "Label8",
-                         .archiveButton = "cmdAddToArchive"}),
+FrmOkumFieldStrength::FrmOkumFieldStrength(Platform& platform, SharedData& shared, Doors& doors)
+    : PlotForm(platform, shared, doors,
+               {.form = "FrmOkumFieldStrength",
+                .caption = "Field Strength Plot",
+                .chart = "CTWXfs",
+                .chartTitle = "Field Strength",
+                .distanceTitle = "Distance (km)",
+                .valueTitle = "dB (uv/m)",
+                .baseAntennaLabel = "Label8",
+                .archiveButton = "cmdAddToArchive"}),
       // On the main form's unit from the beginning: a change of it would rewrite the power's text.
-      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), static_cast<int>(program.PowerUnit)) {
+      cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), static_cast<int>(shared.PowerUnit)) {
     SetHelpContextID(TopicFieldStrengthGraphs);
     for (MenuItem* mark : {&mnuModelPalvernFS, &mnuModelOkum529FS, &mnuModelCost231,
                            &mnuModelCompare, &mnuModelDist100, &mnuModelDist300})
@@ -39,7 +41,7 @@ void FrmOkumFieldStrength::WireEvents() {
     mnuModelOkum529FS.Click = [this] { SelectPlot(GraphItu529); };
     mnuModelCost231.Click = [this] { SelectPlot(GraphCost231); };
     mnuModelCompare.Click = [this] { SelectPlot(GraphComparison); };
-    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
     mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
     mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
     mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
@@ -47,10 +49,10 @@ void FrmOkumFieldStrength::WireEvents() {
 }
 
 void FrmOkumFieldStrength::Form_Load() {
-    const MainForm& main = *program_.MainForm;
-    txthb.SetEnabled(program_.GraphMode == GraphComparison);
+    const MainForm& main = *doors_.MainForm;
+    txthb.SetEnabled(shared_.GraphMode == GraphComparison);
     SetMaxDist(100.0, mnuModelDist100, mnuModelDist300);
-    mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+    mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
     LoadInputs(main);
     txtPowerUnit.SetText(main.txtPowerUnit.Text());
     CheckModelMenu();
@@ -58,14 +60,14 @@ void FrmOkumFieldStrength::Form_Load() {
 }
 
 void FrmOkumFieldStrength::Form_Unload() {
-    if (!program_.MainForm.Loaded()) return;
-    MainForm& main = *program_.MainForm;
+    if (!doors_.MainForm.Loaded()) return;
+    MainForm& main = *doors_.MainForm;
     HandBackInputs(main);
     main.mnuGraphMeasured.SetCaption(mnuGraphMeasured.Caption());
 }
 
 void FrmOkumFieldStrength::CheckModelMenu() {
-    const int mode = program_.GraphMode;
+    const int mode = shared_.GraphMode;
     mnuModelPalvernFS.SetChecked(mode == GraphDavidson);
     mnuModelOkum529FS.SetChecked(mode == GraphItu529);
     mnuModelCost231.SetChecked(mode == GraphCost231);
@@ -75,7 +77,7 @@ void FrmOkumFieldStrength::CheckModelMenu() {
 // A graph that was marked stale stays so, though this takes in all the inputs.
 void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
     const Hourglass hourglass(*this);
-    program_.GraphMode = graph;
+    shared_.GraphMode = graph;
     CheckModelMenu();
     if (!PlotFieldStrength(true)) MarkStale();
 }
@@ -91,14 +93,14 @@ void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
 // The unit's change rewrites the power's text, which is put back.
 void FrmOkumFieldStrength::BringUpToDate() {
     Run([this] {
-        MainForm& main = *program_.MainForm;
+        MainForm& main = *doors_.MainForm;
         const std::string power = main.txtPowerUnit.Text();
         cmbPowerUnit.SetText(main.cmbPowerUnit.Text());
         main.txtPowerUnit.SetText(power);
         txtPowerUnit.SetText(power);
-        mnuGraphMeasured.SetCaption(MeasuredCaption(program_.ShowMeasuredData));
+        mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
         const bool anew = TakeUnitsAfresh();
-        SelectPlot(static_cast<FieldStrengthGraph>(program_.GraphMode));
+        SelectPlot(static_cast<FieldStrengthGraph>(shared_.GraphMode));
         if (anew && !Unloaded()) cmdUpdateGraph.Press();
     });
 }
@@ -110,21 +112,21 @@ void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
 }
 
 void FrmOkumFieldStrength::cmdAddToArchive_Click() {
-    ArchiveRun(program_, *this, ArchivedQuantity::FieldStrength);
+    ArchiveRun(shared_, *this, ArchivedQuantity::FieldStrength);
 }
 
 // The power goes to the main form at once, not only when the form closes.
 void FrmOkumFieldStrength::txtPowerUnit_LostFocus() {
-    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), program_.PowerUnit));
-    program_.MainForm->txtPowerUnit.SetText(txtPowerUnit.Text());
-    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), program_.PowerUnit);
+    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), shared_.PowerUnit));
+    doors_.MainForm->txtPowerUnit.SetText(txtPowerUnit.Text());
+    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), shared_.PowerUnit);
     MarkStale();
 }
 
 void FrmOkumFieldStrength::cmbPowerUnit_Click() {
-    MainForm& main = *program_.MainForm;
-    program_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
-    txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
+    MainForm& main = *doors_.MainForm;
+    shared_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
+    txtPowerUnit.SetText(PowerText(PowerWatts, shared_.PowerUnit));
     main.cmbPowerUnit.SetText(cmbPowerUnit.Text());
     main.txtPowerUnit.SetText(txtPowerUnit.Text());
 }

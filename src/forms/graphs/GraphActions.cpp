@@ -1,6 +1,7 @@
 #include "forms/graphs/GraphActions.h"
 
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/reports/FrmPrintOut.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/SaveWithDialog.h"
@@ -15,25 +16,25 @@ void SaveGraph(Form& form, Chart& chart) {
         chart.Title[0].Text);
 }
 
-void CopyGraphToLog(Program& program, Chart& chart) {
-    program.platform.clipboard.Clear();
+void CopyGraphToLog(Doors& doors, Chart& chart) {
+    doors.platform.clipboard.Clear();
     chart.CopyToClipboard();
-    program.ReportLog().PasteClipboard();
-    program.ReportLog().AddLine("[Clip Board Image]");
+    doors.ReportLog().PasteClipboard();
+    doors.ReportLog().AddLine("[Clip Board Image]");
 }
 
-void PrintGraph(Program& program, Form& form, Chart& chart) {
-    program.ChartToPrint = &chart;
-    program.FrmPrintOut->ShowModal(&form);
+void PrintGraph(SharedData& shared, Doors& doors, Form& form, Chart& chart) {
+    shared.ChartToPrint = &chart;
+    doors.FrmPrintOut->ShowModal(&form);
 }
 
 const char* MeasuredCaption(bool shown) {
     return shown ? "&Hide Measured Data" : "&Show Measured Data";
 }
 
-void ToggleMeasuredData(Program& program, MenuItem& entry) {
-    program.ShowMeasuredData = entry.Caption() != MeasuredCaption(true);
-    entry.SetCaption(MeasuredCaption(program.ShowMeasuredData));
+void ToggleMeasuredData(SharedData& shared, MenuItem& entry) {
+    shared.ShowMeasuredData = entry.Caption() != MeasuredCaption(true);
+    entry.SetCaption(MeasuredCaption(shared.ShowMeasuredData));
 }
 
 }  // namespace vardel

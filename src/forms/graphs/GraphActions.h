@@ -4,7 +4,8 @@
 
 namespace vardel {
 
-class Program;
+class Doors;
+struct SharedData;
 
 // What the menus of all graph forms do with their chart.
 
@@ -13,14 +14,14 @@ class Program;
 void SaveGraph(Form& form, Chart& chart);
 
 // Puts a picture of the chart into the report log, by way of the clipboard.
-void CopyGraphToLog(Program& program, Chart& chart);
+void CopyGraphToLog(Doors& doors, Chart& chart);
 
 // Shows the form that prints the chart, over the form that the chart is on.
-void PrintGraph(Program& program, Form& form, Chart& chart);
+void PrintGraph(SharedData& shared, Doors& doors, Form& form, Chart& chart);
 
 // Whether graphs show measured data is told by the caption of a menu entry, which a pick turns
 // over. Takes effect with the next plot.
 const char* MeasuredCaption(bool shown);
-void ToggleMeasuredData(Program& program, MenuItem& entry);
+void ToggleMeasuredData(SharedData& shared, MenuItem& entry);
 
 }  // namespace vardel

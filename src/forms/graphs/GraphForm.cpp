@@ -1,6 +1,7 @@
 #include "forms/graphs/GraphForm.h"
 
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
@@ -8,22 +9,23 @@
 
 namespace vardel {
 
-GraphForm::GraphForm(Program& program)
-    : PlotForm(program, {.form = "GraphForm",
-                         .caption = "dB Loss Graph",
-                         .chart = "CTWX1",
-                         .chartTitle = "dB Loss Calculation",
-                         .distanceTitle = "Distance (Km)",
-                         .valueTitle = "dB",
-                         .baseAntennaLabel = "lblBaseAntenna",
-                         .archiveButton = "cmdArchiveData"}) {
+GraphForm::GraphForm(Platform& platform, SharedData& shared, Doors& doors)
+    : PlotForm(platform, shared, doors,
+               {.form = "GraphForm",
+                .caption = "dB Loss Graph",
+                .chart = "CTWX1",
+                .chartTitle = "dB Loss Calculation",
+                .distanceTitle = "Distance (Km)",
+                .valueTitle = "dB",
+                .baseAntennaLabel = "lblBaseAntenna",
+                .archiveButton = "cmdArchiveData"}) {
     SetHelpContextID(TopicInputs);
     mnuGraph100.SetCheckable(true);
     mnuGraph300.SetCheckable(true);
 
     lblBaseAntenna.Click = [this] { cmdArchiveData.SetVisible(!cmdArchiveData.Visible()); };
     cmdArchiveData.Click = [this] { cmdArchiveData_Click(); };
-    mnuFileCopyToReportLog.Click = [this] { CopyGraphToLog(program_, CTWX1); };
+    mnuFileCopyToReportLog.Click = [this] { CopyGraphToLog(doors_, CTWX1); };
     mnuFileClose.Click = [this] { Unload(); };
     mnuGraph100.Click = [this] { SetMaxDist(100.0, mnuGraph100, mnuGraph300); };
     mnuGraph300.Click = [this] { SetMaxDist(300.0, mnuGraph100, mnuGraph300); };
@@ -33,7 +35,7 @@ GraphForm::GraphForm(Program& program)
 
 void GraphForm::Form_Load() {
     SetMaxDist(100.0, mnuGraph100, mnuGraph300);
-    LoadInputs(*program_.MainForm);
+    LoadInputs(*doors_.MainForm);
     if (PlotLossGraph(false)) MarkGood();
 }
 
@@ -42,13 +44,13 @@ void GraphForm::BringUpToDate() {
 }
 
 void GraphForm::Form_Unload() {
-    if (!program_.MainForm.Loaded()) return;
-    MainForm& main = *program_.MainForm;
+    if (!doors_.MainForm.Loaded()) return;
+    MainForm& main = *doors_.MainForm;
     HandBackInputs(main);
     main.mnuUnitsMetric.SetChecked(mnuUnitsMetric.Checked());
     main.mnuUnitsEnglish.SetChecked(mnuUnitsEnglish.Checked());
 }
 
-void GraphForm::cmdArchiveData_Click() { ArchiveRun(program_, *this, ArchivedQuantity::Loss); }
+void GraphForm::cmdArchiveData_Click() { ArchiveRun(shared_, *this, ArchivedQuantity::Loss); }
 
 }  // namespace vardel

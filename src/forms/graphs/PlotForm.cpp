@@ -5,7 +5,8 @@
 #include "controls/Hourglass.h"
 #include "engine/CurveData.h"
 #include "engine/Units.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/main/MainForm.h"
@@ -36,9 +37,10 @@ constexpr std::array<RuledBox, 5> RuledBoxes = {{
 
 }  // namespace
 
-PlotForm::PlotForm(Program& program, const Names& names)
-    : Form(program.platform, names.form, names.caption),
-      program_(program),
+PlotForm::PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names)
+    : Form(platform, names.form, names.caption),
+      shared_(shared),
+      doors_(doors),
       chart_(*this, names.chart, names.chartTitle, names.distanceTitle, names.valueTitle),
       baseAntenna_(*this, names.baseAntennaLabel, "Base Antenna"),
       archive_(*this, names.archiveButton, "Add to Archive") {
@@ -47,7 +49,7 @@ PlotForm::PlotForm(Program& program, const Names& names)
 }
 
 PlotForm::~PlotForm() {
-    if (program_.ChartToPrint == &chart_) program_.ChartToPrint = nullptr;
+    if (shared_.ChartToPrint == &chart_) shared_.ChartToPrint = nullptr;
 }
 
 void PlotForm::SetAppearance() {
@@ -82,8 +84,8 @@ void PlotForm::WireEvents() {
     cmdPrintGraph.Click = [this] { cmdPrintGraph_Click(); };
     cmdUpdateGraph.Click = [this] { cmdUpdateGraph_Click(); };
     mnuFileSave.Click = [this] { SaveGraph(*this, chart_); };
-    mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
-    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuUnitsMetric.Click = [this] { SetMetricUnits(doors_); };
+    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(doors_); };
 }
 
 void PlotForm::LoadInputs(const MainForm& main) {
@@ -106,7 +108,7 @@ void PlotForm::LoadInputs(const MainForm& main) {
 }
 
 bool PlotForm::TakeUnitsAfresh() {
-    const MainForm& main = *program_.MainForm;
+    const MainForm& main = *doors_.MainForm;
     if (mnuUnitsEnglish.Checked() == main.mnuUnitsEnglish.Checked()) return false;
     LoadInputs(main);
     return true;
@@ -140,7 +142,7 @@ void PlotForm::CountHeightsAsUnchanged() {
     unchanged_.hm = txthm.Text();
 }
 
-void PlotForm::cmdPrintGraph_Click() { PrintGraph(program_, *this, chart_); }
+void PlotForm::cmdPrintGraph_Click() { PrintGraph(shared_, doors_, *this, chart_); }
 
 void PlotForm::MarkGood() {
     cmdUpdateGraph.SetPictureFile(GoodPicture);

@@ -10,7 +10,9 @@ namespace vardel {
 
 class CurveDrawing;
 class MainForm;
-class Program;
+class Doors;
+struct Platform;
+struct SharedData;
 
 // What the graph forms have in common: a copy of the main form's inputs, the rules of their boxes,
 // the steps of a plot, and a button that shows whether the chart is of the present inputs. The
@@ -78,7 +80,7 @@ public:
     void CountHeightsAsUnchanged();
 
 protected:
-    PlotForm(Program& program, const Names& names);
+    PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names);
 
     // The whole plot. The series from first to last of an earlier one are hidden before a redraw.
     // False, after a message, where a box holds no number: the chart is as it was then.
@@ -99,7 +101,8 @@ protected:
     // Takes effect with the next plot.
     void SetMaxDist(double maxDist, MenuItem& at100, MenuItem& at300);
 
-    Program& program_;
+    SharedData& shared_;
+    Doors& doors_;
     Chart chart_;
     Label baseAntenna_;
     Button archive_;

@@ -1,16 +1,16 @@
 #include "forms/help/AboutForm.h"
 
-#include "forms/Program.h"
 #include "forms/help/ContextIDs.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-AboutForm::AboutForm(Program& program)
-    : Form(program.platform, "AboutForm", "About dB Loss Calculation") {
+AboutForm::AboutForm(Platform& platform)
+    : Form(platform, "AboutForm", "About dB Loss Calculation") {
     SetHelpContextID(TopicAbout);
     Label1.SetForeColor({0, 64, 64});
     Line1.SetForeColor(Teal);
-    Image1.SetPictureFile(program.platform.programDirectory + "/about.bmp");
+    Image1.SetPictureFile(platform.programDirectory + "/about.bmp");
     Image1.SetStateText("A radio mast on a hill sends its waves over a city and a car");
     cmdOK.Click = [this] { Unload(); };
 }

@@ -4,12 +4,12 @@
 
 namespace vardel {
 
-class Program;
+struct Platform;
 
 // Names the program.
 class AboutForm : public Form {
 public:
-    explicit AboutForm(Program& program);
+    explicit AboutForm(Platform& platform);
 
     Label Label1{*this, "Label1", "Okumura-Hata dB Loss / Field Strength Calulation Model"};
     Label Label3{*this, "Label3", "Created for use with Quorne"};

@@ -1,21 +1,24 @@
 #include "forms/help/ContextIDs.h"
 
-#include "forms/Program.h"
+#include "controls/Form.h"
+#include "forms/SharedData.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-void SetHelpFile(Program& program, Form& owner) {
-    program.HelpOwnerWindow = &owner;
-    program.platform.help.SetFile(program.platform.programDirectory + "/Palvern.HLP");
+void SetHelpFile(SharedData& shared, Form& owner) {
+    shared.HelpOwnerWindow = &owner;
+    Platform& platform = owner.GetPlatform();
+    platform.help.SetFile(platform.programDirectory + "/Palvern.HLP");
 }
 
-void CloseHelp(Program& program) {
-    program.platform.help.Quit();
-    program.HelpOwnerWindow = nullptr;
+void CloseHelp(SharedData& shared, Help& help) {
+    help.Quit();
+    shared.HelpOwnerWindow = nullptr;
 }
 
-void OpenManual(Program& program) {
-    program.platform.help.OpenDocument(program.platform.programDirectory + "/Vardel.chm");
+void OpenManual(Platform& platform) {
+    platform.help.OpenDocument(platform.programDirectory + "/Vardel.chm");
 }
 
 }  // namespace vardel

@@ -3,7 +3,9 @@
 namespace vardel {
 
 class Form;
-class Program;
+class Help;
+struct Platform;
+struct SharedData;
 
 // The topics of the context help.
 enum HelpTopic : int {
@@ -20,10 +22,10 @@ enum HelpTopic : int {
 };
 
 // Names the help file beside the program, to which F1 goes from now on.
-void SetHelpFile(Program& program, Form& owner);
+void SetHelpFile(SharedData& shared, Form& owner);
 // Closes the help viewer, if it is open.
-void CloseHelp(Program& program);
+void CloseHelp(SharedData& shared, Help& help);
 // Opens the manual with whatever the system has for it. A missing one gives no message.
-void OpenManual(Program& program);
+void OpenManual(Platform& platform);
 
 }  // namespace vardel

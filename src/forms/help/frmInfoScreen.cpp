@@ -1,6 +1,5 @@
 #include "forms/help/frmInfoScreen.h"
 
-#include "forms/Program.h"
 #include "services/Platform.h"
 
 namespace vardel {
@@ -42,8 +41,7 @@ constexpr std::array<Mark, 8> Marks = {{
 
 }  // namespace
 
-frmInfoScreen::frmInfoScreen(Program& program)
-    : Form(program.platform, "frmInfoScreen", "Introduction") {
+frmInfoScreen::frmInfoScreen(Platform& platform) : Form(platform, "frmInfoScreen", "Introduction") {
     SetAppearance();
     chkShowNext.Click = [this] { chkShowNext_Click(); };
     cmdOK.Click = [this] { Unload(); };

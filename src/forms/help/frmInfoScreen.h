@@ -9,12 +9,12 @@
 
 namespace vardel {
 
-class Program;
+struct Platform;
 
 // The introduction: what the program is for, and a table of which model suits which range.
 class frmInfoScreen : public Form {
 public:
-    explicit frmInfoScreen(Program& program);
+    explicit frmInfoScreen(Platform& platform);
 
     Label lblTitle{*this, "lblTitle", "Vardel Model"};
     Label lblInfo{*this, "lblInfo"};

@@ -1,6 +1,7 @@
 #include "forms/main/MainForm.h"
 
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/graphs/GraphForm.h"
@@ -10,13 +11,15 @@
 #include "forms/main/UnitSwitch.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/reports/frmLogDistRange.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-MainForm::MainForm(Program& program)
-    : Form(program.platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
-      program_(program),
-      tempLog_(program.platform.stateDirectory) {
+MainForm::MainForm(Platform& platform, SharedData& shared, Doors& doors)
+    : Form(platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
+      shared_(shared),
+      doors_(doors),
+      tempLog_(platform.stateDirectory) {
     SetAppearance();
     SetHelpTopics();
     WireEvents();
@@ -87,43 +90,43 @@ void MainForm::WireEvents() {
 
     mnuFileNew.Click = [this] { SetDefaultInputs(); };
     mnuFileExit.Click = [this] { mnuFileExit_Click(); };
-    mnuUnitsMetric.Click = [this] { SetMetricUnits(program_); };
-    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(program_); };
+    mnuUnitsMetric.Click = [this] { SetMetricUnits(doors_); };
+    mnuUnitsEnglish.Click = [this] { SetEnglishUnits(doors_); };
     mnuGraphdBloss.Click = [this] { ShowLossGraph(); };
     mnuOkumGraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphDavidson); };
     mnuOkum529GraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphItu529); };
     mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
     mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(GraphComparison); };
-    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(program_, mnuGraphMeasured); };
-    mnuHelpInfo.Click = [this] { program_.frmInfoScreen->ShowModal(this); };
-    mnuHelpAbout.Click = [this] { program_.AboutForm->ShowModal(); };
-    mnuHelpVardel.Click = [this] { OpenManual(program_); };
+    mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
+    mnuHelpInfo.Click = [this] { doors_.frmInfoScreen->ShowModal(this); };
+    mnuHelpAbout.Click = [this] { doors_.AboutForm->ShowModal(); };
+    mnuHelpVardel.Click = [this] { OpenManual(GetPlatform()); };
     lblFieldStrength.DblClick = [this] { lblFieldStrength_DblClick(); };
     mnuHideShow.Click = [this] { mnuHideShow_Click(); };
-    mnuCalculationLog.Click = [this] { program_.ReportLog().Show(); };
-    mnuCalculationLogDist.Click = [this] { program_.frmLogDistRange->ShowModal(this); };
+    mnuCalculationLog.Click = [this] { doors_.ReportLog().Show(); };
+    mnuCalculationLogDist.Click = [this] { doors_.frmLogDistRange->ShowModal(this); };
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 }
 
 // A first plot yields, when an impatient second pick or the end of the program may come.
 void MainForm::ShowLossGraph() {
-    if (program_.GraphForm.Loading()) return;
-    if (program_.GraphForm.Loaded()) program_.GraphForm->BringUpToDate();
-    if (!program_.MainForm.Loaded()) return;
-    GraphForm& form = *program_.GraphForm;
-    if (program_.MainForm.Loaded()) form.ShowModal();
+    if (doors_.GraphForm.Loading()) return;
+    if (doors_.GraphForm.Loaded()) doors_.GraphForm->BringUpToDate();
+    if (!doors_.MainForm.Loaded()) return;
+    GraphForm& form = *doors_.GraphForm;
+    if (doors_.MainForm.Loaded()) form.ShowModal();
 }
 
 // A form that a unit switch has made stands ready with its inputs, but with the graph of its
 // making.
 void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
-    if (program_.FrmOkumFieldStrength.Loading()) return;
-    const bool made = program_.FrmOkumFieldStrength.Loaded();
-    program_.GraphMode = graph;
-    if (made) program_.FrmOkumFieldStrength->BringUpToDate();
-    if (!program_.MainForm.Loaded()) return;
-    FrmOkumFieldStrength& form = *program_.FrmOkumFieldStrength;
-    if (program_.MainForm.Loaded()) form.ShowModal();
+    if (doors_.FrmOkumFieldStrength.Loading()) return;
+    const bool made = doors_.FrmOkumFieldStrength.Loaded();
+    shared_.GraphMode = graph;
+    if (made) doors_.FrmOkumFieldStrength->BringUpToDate();
+    if (!doors_.MainForm.Loaded()) return;
+    FrmOkumFieldStrength& form = *doors_.FrmOkumFieldStrength;
+    if (doors_.MainForm.Loaded()) form.ShowModal();
 }
 
 }  // namespace vardel

@@ -11,7 +11,9 @@
 
 namespace vardel {
 
-class Program;
+class Doors;
+struct Platform;
+struct SharedData;
 enum FieldStrengthGraph : int;
 struct LogLine;
 
@@ -19,7 +21,7 @@ struct LogLine;
 // calculation, and the menus that lead to everything else.
 class MainForm : public Form {
 public:
-    explicit MainForm(Program& program);
+    explicit MainForm(Platform& platform, SharedData& shared, Doors& doors);
 
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
@@ -157,7 +159,8 @@ private:
     void SaveLogElsewhere();
     void SaveSettings(bool retainLog);
 
-    Program& program_;
+    SharedData& shared_;
+    Doors& doors_;
     std::optional<Registry> registry_;  // from Form_Load on
     TempLog tempLog_;
     bool CalledFromHost = false;

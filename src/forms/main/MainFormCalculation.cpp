@@ -2,11 +2,13 @@
 
 #include "engine/LogLine.h"
 #include "engine/Units.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModCalculations.h"
+#include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -33,11 +35,11 @@ constexpr std::array<Result, 6> Results = {{
 void MainForm::cmdLossCalc_Click() {
     const auto line = ReadRunInputs();
     if (!line || !WithinLimits(*line)) return;
-    AddLogLine(program_.ReportLog(), *line, GetPlatform().clock);
+    AddLogLine(doors_.ReportLog(), *line, GetPlatform().clock);
     ShowResults(*line);
     GetPlatform().windows.Yield();
     // The program may have been closed meanwhile, and its log with it.
-    if (!program_.TempLogFile.empty()) program_.ReportLog().SaveFile(program_.TempLogFile);
+    if (!shared_.TempLogFile.empty()) doors_.ReportLog().SaveFile(shared_.TempLogFile);
 }
 
 std::optional<LogLine> MainForm::ReadInputs(BoxReader read) {
@@ -101,7 +103,7 @@ void MainForm::ShowResults(const LogLine& line) {
     for (const Result& result : Results) {
         const bool inRange = ModelInRange(result.model, in.f, in.hb, in.hm, in.d, in.area);
         Label& label = this->*result.label;
-        label.SetBackColor(inRange ? White : program_.OutOfRangeColor);
+        label.SetBackColor(inRange ? White : shared_.OutOfRangeColor);
         label.SetStateText(inRange ? "In the model's range" : "Out of the model's range");
     }
 }

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "engine/PowerUnits.h"
-#include "forms/Program.h"
+#include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
 #include "models/Primitives.h"
@@ -57,14 +57,14 @@ void MainForm::cmbareatype_Click() {
 }
 
 void MainForm::txtPowerUnit_LostFocus() {
-    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), program_.PowerUnit));
-    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), program_.PowerUnit);
+    txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), shared_.PowerUnit));
+    PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), shared_.PowerUnit);
 }
 
 // The same power in another unit: what the text rounds does not touch the power itself.
 void MainForm::cmbPowerUnit_Click() {
-    program_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
-    txtPowerUnit.SetText(PowerText(PowerWatts, program_.PowerUnit));
+    shared_.PowerUnit = SelectedPowerUnit(cmbPowerUnit);
+    txtPowerUnit.SetText(PowerText(PowerWatts, shared_.PowerUnit));
 }
 
 }  // namespace vardel

@@ -2,7 +2,8 @@
 
 #include "engine/MeasuredData.h"
 #include "engine/Units.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
 #include "text/NumberText.h"
@@ -51,13 +52,13 @@ void MainForm::WireRangeHints() {
             const double height = english ? MetresPerFoot : 1.0;
             const double distance = english ? KmPerMile : 1.0;
             if (Outside(txtFreq, 1.0, hint.fMin, hint.fMax))
-                txtFreq.SetBackColor(program_.OutOfRangeColor);
+                txtFreq.SetBackColor(shared_.OutOfRangeColor);
             if (Outside(txthb, height, hint.hbMin, hint.hbMax))
-                txthb.SetBackColor(program_.OutOfRangeColor);
+                txthb.SetBackColor(shared_.OutOfRangeColor);
             if (Outside(txthm, height, hint.hmMin, hint.hmMax))
-                txthm.SetBackColor(program_.OutOfRangeColor);
+                txthm.SetBackColor(shared_.OutOfRangeColor);
             if (Outside(txtDist, distance, hint.dMin, hint.dMax))
-                txtDist.SetBackColor(program_.OutOfRangeColor);
+                txtDist.SetBackColor(shared_.OutOfRangeColor);
             lblHelpRange.SetCaption(hint.text);
         };
         for (Label& head : this->*hint.heads) {
@@ -77,13 +78,13 @@ void MainForm::mnuHideShow_Click() {
     constexpr const char* Hide = "&Hide Out of Range Values";
     const bool hide = mnuHideShow.Caption() == Hide;
     mnuHideShow.SetCaption(hide ? "&Show Out of Range Values" : Hide);
-    program_.OutOfRangeColor = hide ? HiddenColor : ShownColor;
+    shared_.OutOfRangeColor = hide ? HiddenColor : ShownColor;
 }
 
 // Into the log, which its next saving takes to the file.
 void MainForm::lblFieldStrength_DblClick() {
-    program_.ReportLog().BeginLine();
-    program_.ReportLog().Add(MeasuredListing(program_.MeasuredTable));
+    doors_.ReportLog().BeginLine();
+    doors_.ReportLog().Add(MeasuredListing(shared_.MeasuredTable));
 }
 
 }  // namespace vardel

@@ -3,7 +3,8 @@
 #include "engine/LogLine.h"
 #include "engine/MeasuredData.h"
 #include "engine/Units.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
@@ -11,6 +12,7 @@
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
 #include "models/Primitives.h"
+#include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -73,16 +75,16 @@ void Store(Registry& registry, const char* key, const std::string& text) {
 }  // namespace
 
 void MainForm::Form_Load() {
-    SetHelpFile(program_, *this);
-    program_.MeasuredTable.assign(1, {});
-    program_.ShowMeasuredData = false;
+    SetHelpFile(shared_, *this);
+    shared_.MeasuredTable.assign(1, {});
+    shared_.ShowMeasuredData = false;
     SetDefaultInputs();
-    program_.ReportLog().SetTitle(LogColumnHeader);
-    program_.OutOfRangeColor = {255, 150, 150};
-    program_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
+    doors_.ReportLog().SetTitle(LogColumnHeader);
+    shared_.OutOfRangeColor = {255, 150, 150};
+    doors_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
     registry_.emplace(GetPlatform().settings);
     CalledFromHost = registry_->QuorneActive();
-    program_.ArchiveFile.clear();
+    shared_.ArchiveFile.clear();
     if (CalledFromHost) FillFromHost();
     registry_->SetAppname(GetPlatform().applicationTitle);
     registry_->SetSection(SettingsSection);
@@ -116,15 +118,15 @@ void MainForm::FillFromSettings() {
 void MainForm::RestoreUnits() {
     if (Stored(*registry_, "Units") != "English") return;
     if (CalledFromHost)
-        SetEnglishUnits(program_);
+        SetEnglishUnits(doors_);
     else
-        ShowEnglishUnits(program_);
+        ShowEnglishUnits(doors_);
 }
 
 void MainForm::BeginLog() {
     const bool goesOn = tempLog_.Continue(Stored(*registry_, "TempLogName"));
     bool holdsLog = goesOn || tempLog_.TakeUpOrphan();
-    if (holdsLog && !program_.ReportLog().ReadFile(tempLog_.Path())) {
+    if (holdsLog && !doors_.ReportLog().ReadFile(tempLog_.Path())) {
         TellOfLog("The output log " + tempLog_.Path() +
                   " cannot be read. It stays as it is, and a new log begins.");
         tempLog_.Leave();
@@ -134,10 +136,10 @@ void MainForm::BeginLog() {
         if (!tempLog_.Begin())
             TellOfLog("The output log cannot be kept in " + GetPlatform().stateDirectory +
                       ". Save it to another file before you exit.");
-        program_.ReportLog().AddTitle();
-        program_.ReportLog().CountAsSaved();  // a header alone is no work to be lost
+        doors_.ReportLog().AddTitle();
+        doors_.ReportLog().CountAsSaved();  // a header alone is no work to be lost
     }
-    program_.TempLogFile = tempLog_.Path();
+    shared_.TempLogFile = tempLog_.Path();
 }
 
 void MainForm::TellOfLog(const std::string& text) {
@@ -147,13 +149,13 @@ void MainForm::TellOfLog(const std::string& text) {
 
 void MainForm::ReadMeasuredTables() {
     const std::string path = GetPlatform().programDirectory + "/measured.csv";
-    if (!ReadMeasuredData(path, program_.MeasuredTable, GetPlatform().windows))
-        program_.MeasuredTable[0].Frequency = -1;  // which no input matches
+    if (!ReadMeasuredData(path, shared_.MeasuredTable, GetPlatform().windows))
+        shared_.MeasuredTable[0].Frequency = -1;  // which no input matches
 }
 
 // The percentages are not among the defaults.
 void MainForm::SetDefaultInputs() {
-    program_.PowerUnit = PowerUnit::Kilowatts;
+    shared_.PowerUnit = PowerUnit::Kilowatts;
     cmbPowerUnit.SetText("kW e.r.p.");
     PowerWatts = 1000.0;
     txtPowerUnit.SetText("1");
@@ -170,13 +172,13 @@ void MainForm::SetDefaultInputs() {
     mnuUnitsEnglish.SetChecked(false);
     for (Label* value : {&lblcost231, &lblFITU529, &lblFCost231}) value->SetBackColor(Black);
     // Metric is marked already, so the other forms keep their units until they are next opened.
-    SetMetricUnits(program_);
+    SetMetricUnits(doors_);
 }
 
 // The host's user has come for a calculation, and has the menu entry.
 void MainForm::ShowIntroduction() {
     if (CalledFromHost || Stored(*registry_, InfoScreenKey) == NoInfoScreen) return;
-    Run([this] { program_.frmInfoScreen->ShowModal(this); });
+    Run([this] { doors_.frmInfoScreen->ShowModal(this); });
 }
 
 void MainForm::mnuFileExit_Click() {
@@ -188,7 +190,7 @@ void MainForm::mnuFileExit_Click() {
 }
 
 void MainForm::Form_Unload() {
-    CloseHelp(program_);
+    CloseHelp(shared_, GetPlatform().help);
     SaveUnitsAndHostBoxes();
     sessionEnded_ = false;
     const Answer answer = GetPlatform().windows.ShowMessage({.text = "Retain Output Log?",
@@ -217,9 +219,9 @@ void MainForm::EndSession() {
 // What came into the log behind its last run: notes, graphs, listings. False where that cannot be
 // written, or the log has no file.
 bool MainForm::SaveLogChanges() {
-    RLogClass& log = program_.ReportLog();
+    RLogClass& log = doors_.ReportLog();
     return !log.HasUnsavedChanges() ||
-           (!program_.TempLogFile.empty() && log.SaveFile(program_.TempLogFile));
+           (!shared_.TempLogFile.empty() && log.SaveFile(shared_.TempLogFile));
 }
 
 // Until it is saved, or the user wants it no more.
@@ -230,7 +232,7 @@ void MainForm::SaveLogElsewhere() {
                               .buttons = Message::Buttons::YesNo,
                               .icon = Message::Icon::Critical};
     while (GetPlatform().windows.ShowMessage(question) == Answer::Yes)
-        if (program_.FrmReport->SaveAsRichText()) return;
+        if (doors_.FrmReport->SaveAsRichText()) return;
 }
 
 void MainForm::SaveUnitsAndHostBoxes() {
@@ -253,9 +255,9 @@ void MainForm::HandBackToHost() {
 void MainForm::SaveSettings(bool retainLog) {
     if (!retainLog) {
         tempLog_.Delete();
-        program_.TempLogFile.clear();
+        shared_.TempLogFile.clear();
     }
-    Store(*registry_, "TempLogName", program_.TempLogFile);
+    Store(*registry_, "TempLogName", shared_.TempLogFile);
     for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
     for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
 }

@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "controls/Hourglass.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
+#include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -35,21 +37,21 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
 
 // A graph form that is not there yet is made, hidden, with the main form's inputs and units. Its
 // first plot yields, when the user may close what was there. False where that is the program.
-bool MakeGraphForms(Program& program) {
-    const auto isMissing = [&program](const auto& form) {
-        return program.MainForm.Loaded() && !form.Loaded();
+bool MakeGraphForms(Doors& doors) {
+    const auto isMissing = [&doors](const auto& form) {
+        return doors.MainForm.Loaded() && !form.Loaded();
     };
-    while (isMissing(program.GraphForm) || isMissing(program.FrmOkumFieldStrength)) {
-        if (isMissing(program.GraphForm)) *program.GraphForm;
-        if (isMissing(program.FrmOkumFieldStrength)) *program.FrmOkumFieldStrength;
+    while (isMissing(doors.GraphForm) || isMissing(doors.FrmOkumFieldStrength)) {
+        if (isMissing(doors.GraphForm)) *doors.GraphForm;
+        if (isMissing(doors.FrmOkumFieldStrength)) *doors.FrmOkumFieldStrength;
     }
-    return program.MainForm.Loaded();
+    return doors.MainForm.Loaded();
 }
 
 // The main form first.
-std::vector<UnitControls> FormsWithUnits(Program& program) {
-    return {UnitControlsOf(*program.MainForm), UnitControlsOf(*program.GraphForm),
-            UnitControlsOf(*program.FrmOkumFieldStrength)};
+std::vector<UnitControls> FormsWithUnits(Doors& doors) {
+    return {UnitControlsOf(*doors.MainForm), UnitControlsOf(*doors.GraphForm),
+            UnitControlsOf(*doors.FrmOkumFieldStrength)};
 }
 
 void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {
@@ -96,35 +98,35 @@ void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const 
 }
 
 // Two yields, at which the program may be closed, or the entry be picked and handled once more.
-void Switch(Program& program, MainForm& main, const MenuItem& mark, bool toEnglish) {
+void Switch(Doors& doors, MainForm& main, const MenuItem& mark, bool toEnglish) {
     const Hourglass hourglass(main);
-    program.platform.windows.Yield();
-    if (!program.MainForm.Loaded() || !MakeGraphForms(program) || mark.Checked()) return;
+    doors.platform.windows.Yield();
+    if (!doors.MainForm.Loaded() || !MakeGraphForms(doors) || mark.Checked()) return;
     const auto lengths = ReadLengths(main);
     if (!lengths) return;
-    const auto forms = FormsWithUnits(program);
+    const auto forms = FormsWithUnits(doors);
     ShowUnits(forms, main, toEnglish);
     ConvertBoxes(forms, main, *lengths, toEnglish);
-    program.GraphForm->CountHeightsAsUnchanged();
-    program.FrmOkumFieldStrength->CountHeightsAsUnchanged();
+    doors.GraphForm->CountHeightsAsUnchanged();
+    doors.FrmOkumFieldStrength->CountHeightsAsUnchanged();
 }
 
-void SwitchUnlessOn(Program& program, bool toEnglish) {
-    MainForm& main = *program.MainForm;
+void SwitchUnlessOn(Doors& doors, bool toEnglish) {
+    MainForm& main = *doors.MainForm;
     const MenuItem& mark = toEnglish ? main.mnuUnitsEnglish : main.mnuUnitsMetric;
     // As a routine of the main form's, which lives until it ends.
-    if (!mark.Checked()) main.Run([&] { Switch(program, main, mark, toEnglish); });
+    if (!mark.Checked()) main.Run([&] { Switch(doors, main, mark, toEnglish); });
 }
 
 }  // namespace
 
-void SetMetricUnits(Program& program) { SwitchUnlessOn(program, false); }
-void SetEnglishUnits(Program& program) { SwitchUnlessOn(program, true); }
+void SetMetricUnits(Doors& doors) { SwitchUnlessOn(doors, false); }
+void SetEnglishUnits(Doors& doors) { SwitchUnlessOn(doors, true); }
 
 // The main form's boxes hold feet and miles already, and the graph forms take them as such.
-void ShowEnglishUnits(Program& program) {
-    ShowUnits({UnitControlsOf(*program.MainForm)}, *program.MainForm, true);
-    MakeGraphForms(program);
+void ShowEnglishUnits(Doors& doors) {
+    ShowUnits({UnitControlsOf(*doors.MainForm)}, *doors.MainForm, true);
+    MakeGraphForms(doors);
 }
 
 }  // namespace vardel

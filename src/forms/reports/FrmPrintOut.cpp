@@ -1,12 +1,13 @@
 #include "forms/reports/FrmPrintOut.h"
 
-#include "forms/Program.h"
+#include "forms/SharedData.h"
 #include "forms/graphs/Chart.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-FrmPrintOut::FrmPrintOut(Program& program)
-    : Form(program.platform, "FrmPrintOut", "Print Graph"), program_(program) {
+FrmPrintOut::FrmPrintOut(Platform& platform, SharedData& shared)
+    : Form(platform, "FrmPrintOut", "Print Graph"), shared_(shared) {
     cmdOK.Click = [this] { Hide(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     cmdPrintSetup.Click = [this] { cmdPrintSetup_Click(); };
@@ -17,12 +18,12 @@ void FrmPrintOut::Form_Load() { SavedOrientation = GetPlatform().printers.Orient
 void FrmPrintOut::Form_Unload() { GetPlatform().printers.SetOrientation(SavedOrientation); }
 
 void FrmPrintOut::cmdPrint_Click() {
-    if (program_.ChartToPrint != nullptr) program_.ChartToPrint->PrintChart();
+    if (shared_.ChartToPrint != nullptr) shared_.ChartToPrint->PrintChart();
 }
 
 void FrmPrintOut::cmdPrintSetup_Click() {
     GetPlatform().printers.SetOrientation(Printers::Landscape);
-    if (program_.ChartToPrint != nullptr) program_.ChartToPrint->PrinterSetup();
+    if (shared_.ChartToPrint != nullptr) shared_.ChartToPrint->PrinterSetup();
 }
 
 }  // namespace vardel

@@ -4,13 +4,14 @@
 
 namespace vardel {
 
-class Program;
+struct Platform;
+struct SharedData;
 
 // Prints the chart that the program's ChartToPrint names. Done only hides the form; closed by its
 // frame it puts back the orientation that the printer had when the form was loaded.
 class FrmPrintOut : public Form {
 public:
-    explicit FrmPrintOut(Program& program);
+    explicit FrmPrintOut(Platform& platform, SharedData& shared);
 
     Button cmdOK{*this, "cmdOK", "Done"};
     Button cmdPrint{*this, "cmdPrint", "Print"};
@@ -22,7 +23,7 @@ private:
     void cmdPrint_Click();
     void cmdPrintSetup_Click();
 
-    Program& program_;
+    SharedData& shared_;
     int SavedOrientation = 0;
 };
 

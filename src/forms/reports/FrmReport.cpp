@@ -1,11 +1,13 @@
 #include "forms/reports/FrmReport.h"
 
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/reports/frmPrinterSelect.h"
 #include "forms/shared/Printing.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "richtext/Rtf.h"
 #include "services/Files.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
@@ -18,7 +20,8 @@ constexpr const char* LogName = "Calculation Log";
 
 }  // namespace
 
-FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Calculation Log") {
+FrmReport::FrmReport(Platform& platform, Doors& doors)
+    : Form(platform, "FrmReport", "Calculation Log") {
     cmdClear.Click = [this] { cmdClear_Click(); };
     cmdClose.Click = [this] { cmdClose_Click(); };
     cmdFile.Click = [this] { cmdFile_Click(); };
@@ -27,7 +30,7 @@ FrmReport::FrmReport(Program& program) : Form(program.platform, "FrmReport", "Ca
     mnuFileSaveAs.Click = [this] { cmdFile_Click(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     mnuFilePrint.Click = [this] { cmdPrint_Click(); };
-    mnuFilePrinterSetup.Click = [this, &program] { program.frmPrinterSelect->ShowModal(this); };
+    mnuFilePrinterSetup.Click = [this, &doors] { doors.frmPrinterSelect->ShowModal(this); };
 }
 
 // Unlike RLogClass::Clear, this leaves the header line. One change, so that the user undoes it as

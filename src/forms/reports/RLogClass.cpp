@@ -2,25 +2,28 @@
 
 #include <system_error>
 
-#include "forms/Program.h"
+#include "forms/Doors.h"
 #include "forms/reports/FrmReport.h"
 #include "richtext/Rtf.h"
 #include "services/Files.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-RLogClass::RLogClass(Program& program) : program_(program) { SetTitle("Report Log"); }
+RLogClass::RLogClass(Platform& platform, Doors& doors) : platform_(platform), doors_(doors) {
+    SetTitle("Report Log");
+}
 
-RLogClass::~RLogClass() { program_.FrmReport->Unload(); }
+RLogClass::~RLogClass() { doors_.FrmReport->Unload(); }
 
-void RLogClass::Show() { program_.FrmReport->ShowModal(); }
+void RLogClass::Show() { doors_.FrmReport->ShowModal(); }
 
 bool RLogClass::ReadFile(const std::string& path) {
     const auto file = ReadWholeFile(path);
     if (!file) return false;
     auto content = file->empty() ? RichText() : ReadRtf(*file);
     if (!content) return false;
-    program_.FrmReport->rtbLog.SetContent(std::move(*content));
+    doors_.FrmReport->rtbLog.SetContent(std::move(*content));
     Add();
     CountAsSaved();
     return true;
@@ -28,7 +31,7 @@ bool RLogClass::ReadFile(const std::string& path) {
 
 bool RLogClass::SaveFile(const std::string& path) {
     try {
-        ReplaceFile(path, WriteRtf(program_.FrmReport->rtbLog.Content()), Access::OwnerOnly);
+        ReplaceFile(path, WriteRtf(doors_.FrmReport->rtbLog.Content()), Access::OwnerOnly);
         CountAsSaved();
         return true;
     } catch (const std::system_error&) {
@@ -36,14 +39,12 @@ bool RLogClass::SaveFile(const std::string& path) {
     }
 }
 
-bool RLogClass::HasUnsavedChanges() {
-    return program_.FrmReport->rtbLog.Changes() != savedChanges_;
-}
+bool RLogClass::HasUnsavedChanges() { return doors_.FrmReport->rtbLog.Changes() != savedChanges_; }
 
-void RLogClass::CountAsSaved() { savedChanges_ = program_.FrmReport->rtbLog.Changes(); }
+void RLogClass::CountAsSaved() { savedChanges_ = doors_.FrmReport->rtbLog.Changes(); }
 
 void RLogClass::SetStyle(bool TextStyle::*which, bool on) {
-    RichTextBox& box = program_.FrmReport->rtbLog;
+    RichTextBox& box = doors_.FrmReport->rtbLog;
     TextStyle style = box.InsertStyle();
     style.*which = on;
     box.SetInsertStyle(style);
@@ -53,23 +54,23 @@ void RLogClass::SetUnderline(bool on) { SetStyle(&TextStyle::underline, on); }
 void RLogClass::SetItalic(bool on) { SetStyle(&TextStyle::italic, on); }
 void RLogClass::SetBold(bool on) { SetStyle(&TextStyle::bold, on); }
 
-const std::string& RLogClass::Title() const { return program_.FrmReport->Caption(); }
-void RLogClass::SetTitle(std::string title) { program_.FrmReport->SetCaption(std::move(title)); }
+const std::string& RLogClass::Title() const { return doors_.FrmReport->Caption(); }
+void RLogClass::SetTitle(std::string title) { doors_.FrmReport->SetCaption(std::move(title)); }
 
 void RLogClass::Clear() {
-    program_.FrmReport->rtbLog.Clear();
-    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+    doors_.FrmReport->rtbLog.Clear();
+    doors_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
 }
 
 void RLogClass::BeginLine() {
-    RichTextBox& box = program_.FrmReport->rtbLog;
+    RichTextBox& box = doors_.FrmReport->rtbLog;
     box.CaretToEnd();
     const std::string& text = box.Text();
     if (!text.empty() && !text.ends_with("\r\n")) AddLine();
 }
 
 void RLogClass::Add(std::string_view text) {
-    RichTextBox& box = program_.FrmReport->rtbLog;
+    RichTextBox& box = doors_.FrmReport->rtbLog;
     box.Insert(text);
     box.CaretToEnd();
 }
@@ -77,7 +78,7 @@ void RLogClass::Add(std::string_view text) {
 void RLogClass::AddLine(std::string_view text) { Add(std::string(text) + "\r\n"); }
 
 void RLogClass::AddTitle() {
-    program_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
+    doors_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
     SetUnderline(true);
     SetBold(true);
     AddLine(Title());
@@ -86,8 +87,8 @@ void RLogClass::AddTitle() {
 }
 
 void RLogClass::PasteClipboard() {
-    RichTextBox& box = program_.FrmReport->rtbLog;
-    Clipboard& clipboard = program_.platform.clipboard;
+    RichTextBox& box = doors_.FrmReport->rtbLog;
+    Clipboard& clipboard = platform_.clipboard;
     const bool locked = box.Locked();
     box.SetLocked(false);
     if (auto picture = clipboard.GetPicture())

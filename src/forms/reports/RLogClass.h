@@ -7,7 +7,8 @@
 
 namespace vardel {
 
-class Program;
+class Doors;
+struct Platform;
 
 // The report log as the rest of the program writes it. Its text lives in the box of FrmReport,
 // which is loaded, hidden, from the making of this object to its end.
@@ -15,7 +16,7 @@ class RLogClass {
 public:
     static constexpr int UnfoldedMargin = 32000;  // twips; a log line is never that long
 
-    explicit RLogClass(Program& program);
+    explicit RLogClass(Platform& platform, Doors& doors);
     RLogClass(const RLogClass&) = delete;
     RLogClass& operator=(const RLogClass&) = delete;
     ~RLogClass();
@@ -56,7 +57,8 @@ public:
 private:
     void SetStyle(bool TextStyle::*which, bool on);
 
-    Program& program_;
+    Platform& platform_;
+    Doors& doors_;
     unsigned long savedChanges_ = 0;  // how many changes the log's file has
 };
 

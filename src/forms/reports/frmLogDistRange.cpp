@@ -1,10 +1,12 @@
 #include "forms/reports/frmLogDistRange.h"
 
 #include "engine/LogLine.h"
-#include "forms/Program.h"
+#include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/BoxRule.h"
+#include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -29,8 +31,8 @@ void Correct(TextBox& box, double x) { box.SetText(FormatNumber(x, "####0.00"));
 
 }  // namespace
 
-frmLogDistRange::frmLogDistRange(Program& program)
-    : Form(program.platform, "frmLogDistRange", "Report Distance Range"), program_(program) {
+frmLogDistRange::frmLogDistRange(Platform& platform, SharedData& shared, Doors& doors)
+    : Form(platform, "frmLogDistRange", "Report Distance Range"), shared_(shared), doors_(doors) {
     SetAppearance();
     WireEvents();
 }
@@ -134,18 +136,18 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
         return Outcome::Refused;
     }
     const Range range = ReadRange();
-    auto line = program_.MainForm->ReadInputs(ReadPositiveBox);
+    auto line = doors_.MainForm->ReadInputs(ReadPositiveBox);
     if (!line) return Outcome::Refused;
 
     const bool descending = range.end <= range.start;
     pgbDist.SetMax(static_cast<float>(descending ? range.start : range.end));
     pgbDist.SetMin(static_cast<float>(descending ? range.end : range.start));
     ShowRunning(true);
-    if (chkClearLog.Checked()) program_.ReportLog().Clear();
+    if (chkClearLog.Checked()) doors_.ReportLog().Clear();
     RunRunning = true;
     restartWanted_ = false;
     const Outcome outcome = WriteLines(range, *line);
-    if (outcome == Outcome::Finished) program_.ReportLog().Add("\r\n");
+    if (outcome == Outcome::Finished) doors_.ReportLog().Add("\r\n");
     return outcome;
 }
 
@@ -155,11 +157,11 @@ frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, LogLine
     for (double d = range.start; range.Holds(d); d += range.step) {
         GetPlatform().windows.Yield();
         // The form, or the whole program, may have been closed meanwhile.
-        if (!RunRunning || !program_.MainForm.Loaded()) return Outcome::Ended;
+        if (!RunRunning || !doors_.MainForm.Loaded()) return Outcome::Ended;
         if (restartWanted_) return Outcome::ToBeRestarted;
         ShowProgress(d, descending);
         line.distance = line.inputs.d = d;
-        AddLogLine(program_.ReportLog(), line, GetPlatform().clock);
+        AddLogLine(doors_.ReportLog(), line, GetPlatform().clock);
     }
     return Outcome::Finished;
 }
@@ -187,7 +189,7 @@ void frmLogDistRange::Form_Unload() {
 }
 
 void frmLogDistRange::SaveLog() {
-    if (!program_.TempLogFile.empty()) program_.ReportLog().SaveFile(program_.TempLogFile);
+    if (!shared_.TempLogFile.empty()) doors_.ReportLog().SaveFile(shared_.TempLogFile);
 }
 
 }  // namespace vardel

@@ -6,7 +6,9 @@
 
 namespace vardel {
 
-class Program;
+class Doors;
+struct Platform;
+struct SharedData;
 struct LogLine;
 
 // Repeats the calculation of the main form over a range of distances, with a line in the report log
@@ -14,7 +16,7 @@ struct LogLine;
 // closes itself when the run is over.
 class frmLogDistRange : public Form {
 public:
-    explicit frmLogDistRange(Program& program);
+    explicit frmLogDistRange(Platform& platform, SharedData& shared, Doors& doors);
 
     // Ends a run as its Exit button does, its lines kept and saved.
     void EndSession();
@@ -65,7 +67,8 @@ private:
     void ShowProgress(double d, bool descending);
     void SaveLog();
 
-    Program& program_;
+    SharedData& shared_;
+    Doors& doors_;
     bool restartWanted_ = false;
 };
 

@@ -1,11 +1,11 @@
 #include "forms/reports/frmPrinterSelect.h"
 
-#include "forms/Program.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-frmPrinterSelect::frmPrinterSelect(Program& program)
-    : Form(program.platform, "frmPrinterSelect", "Printer Selection") {
+frmPrinterSelect::frmPrinterSelect(Platform& platform)
+    : Form(platform, "frmPrinterSelect", "Printer Selection") {
     cmdSelect.Click = [this] { cmdSelect_Click(); };
 }
 

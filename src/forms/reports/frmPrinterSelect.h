@@ -4,12 +4,12 @@
 
 namespace vardel {
 
-class Program;
+struct Platform;
 
 // Chooses the program's current printer.
 class frmPrinterSelect : public Form {
 public:
-    explicit frmPrinterSelect(Program& program);
+    explicit frmPrinterSelect(Platform& platform);
 
     Button cmdSelect{*this, "cmdSelect", "Select Printer"};
     TextComboBox cboPrinterNames{*this, "cboPrinterNames"};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "controls/FormSlot.h"
+#include "services/Platform.h"
+
+namespace vardel {
+
+class AboutForm;
+class FrmOkumFieldStrength;
+class FrmPrintOut;
+class FrmReport;
+class GraphForm;
+class MainForm;
+class RLogClass;
+class frmInfoScreen;
+class frmLogDistRange;
+class frmPrinterSelect;
+
+// How forms reach the outside and each other: each form by its name, made when it is first touched.
+struct Doors {
+    Platform platform;
+    FormSlot<vardel::MainForm> MainForm;
+    FormSlot<vardel::FrmReport> FrmReport;
+    FormSlot<vardel::GraphForm> GraphForm;
+    FormSlot<vardel::FrmOkumFieldStrength> FrmOkumFieldStrength;
+    FormSlot<vardel::frmLogDistRange> frmLogDistRange;
+    FormSlot<vardel::frmInfoScreen> frmInfoScreen;
+    FormSlot<vardel::AboutForm> AboutForm;
+    FormSlot<vardel::FrmPrintOut> FrmPrintOut;
+    FormSlot<vardel::frmPrinterSelect> frmPrinterSelect;
+    std::function<RLogClass&()> ReportLog;
+};
+
+}  // namespace vardel

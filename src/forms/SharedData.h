@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "engine/MeasuredData.h"
+#include "engine/PowerUnits.h"
+#include "services/Color.h"
+
+namespace vardel {
+
+class Chart;
+class Form;
+
+// The data that several forms share, one of each to a program.
+struct SharedData {
+    std::string TempLogFile;  // the log's file; empty: the log has none
+    std::string ArchiveFile;  // chosen since the start; empty: none yet
+    vardel::MeasuredTable MeasuredTable;
+    int GraphMode = 0;                     // of the field strength graphs, see FieldStrengthGraph
+    bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
+    Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
+    Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on
+    Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
+    vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box
+};
+
+}  // namespace vardel
