@@ -7,7 +7,7 @@
 
 #include <cstdio>
 
-#include "SampleLine.h"
+#include "SamplePath.h"
 #include "richtext/Rtf.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"
@@ -18,14 +18,13 @@ namespace {
 RunningProgram& ProgramWithLines(long lines) {
     static RunningProgram running;
     running.program.ReportLog().Clear();
-    for (long i = 0; i < lines; ++i)
-        AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
+    for (long i = 0; i < lines; ++i) AddSampleLine(running.program.ReportLog(), running.platform);
     return running;
 }
 
 void AppendLine(benchmark::State& state) {
     RunningProgram& running = ProgramWithLines(state.range(0));
-    for (auto _ : state) AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
+    for (auto _ : state) AddSampleLine(running.program.ReportLog(), running.platform);
 }
 BENCHMARK(AppendLine)->Arg(0)->Arg(100'000)->Iterations(20'000);
 

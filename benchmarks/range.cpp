@@ -7,7 +7,7 @@
 
 #include <QApplication>
 
-#include "SampleLine.h"
+#include "SamplePath.h"
 #include "forms/reports/frmLogDistRange.h"
 #include "models/ModCalculations.h"
 #include "qt/services/QtPlatform.h"
@@ -56,14 +56,14 @@ BENCHMARK(RangeReportOnWidgets)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisec
 void RangeLine(benchmark::State& state) {
     RunningProgram running;
     for (long i = 0; i < state.range(0); ++i)
-        AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
-    for (auto _ : state) AddLogLine(running.program.ReportLog(), SampleLine, running.platform);
+        AddSampleLine(running.program.ReportLog(), running.platform);
+    for (auto _ : state) AddSampleLine(running.program.ReportLog(), running.platform);
 }
 BENCHMARK(RangeLine)->Arg(0)->Arg(100'000)->Iterations(20'000);
 
 // The six model calls and the formatting of a line, and nothing else.
 void RangeLine_floor(benchmark::State& state) {
-    const ModelInputs& in = SampleLine.inputs;
+    const ModelInputs& in = SampleInputs;
     FakePlatform platform;
     std::string text;
     const auto add = [&](double x, std::string_view pattern) {
@@ -71,10 +71,10 @@ void RangeLine_floor(benchmark::State& state) {
     };
     for (auto _ : state) {
         text.clear();
-        add(SampleLine.distance, "00000.00");
-        add(SampleLine.frequency, "00000.0");
-        add(SampleLine.hb, "0000.00");
-        add(SampleLine.hm, "000.00");
+        add(SamplePath.distance, "00000.00");
+        add(SamplePath.frequency, "00000.0");
+        add(SamplePath.hb, "0000.00");
+        add(SamplePath.hm, "000.00");
         text += FormatText(in.area, "@@@@@@@@!");
         text += FormatText(in.city, "@@@@@@@@@@@@!");
         for (const double result :
@@ -83,7 +83,7 @@ void RangeLine_floor(benchmark::State& state) {
             add(result, "0000.00");
         text += FormatNumber(in.pctTime / 100.0, "00%");
         text += FormatNumber(in.pctLoc / 100.0, "00%");
-        add(SampleLine.powerWatts, "000000.0");
+        add(SamplePath.powerWatts, "000000.0");
         text += FormatDateTime(platform.Now());
         benchmark::DoNotOptimize(text.data());
         benchmark::ClobberMemory();
@@ -94,7 +94,7 @@ BENCHMARK(RangeLine_floor);
 void OpenLogWindow(benchmark::State& state) {
     QtPlatform platform;
     Program program(platform.Services());
-    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), SampleLine, platform);
+    for (long i = 0; i < state.range(0); ++i) AddSampleLine(program.ReportLog(), platform);
     FormWindow& window = platform.WindowOf(*program.FrmReport);
     for (auto _ : state) {
         window.show();
@@ -109,11 +109,11 @@ BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecon
 void RangeLineBehindAnOpenedWindow(benchmark::State& state) {
     QtPlatform platform;
     Program program(platform.Services());
-    for (long i = 0; i < state.range(0); ++i) AddLogLine(program.ReportLog(), SampleLine, platform);
+    for (long i = 0; i < state.range(0); ++i) AddSampleLine(program.ReportLog(), platform);
     FormWindow& window = platform.WindowOf(*program.FrmReport);
     window.show();
     window.hide();
-    for (auto _ : state) AddLogLine(program.ReportLog(), SampleLine, platform);
+    for (auto _ : state) AddSampleLine(program.ReportLog(), platform);
 }
 BENCHMARK(RangeLineBehindAnOpenedWindow)->Arg(0)->Arg(100'000)->Iterations(20'000);
 

@@ -1,10 +1,7 @@
 #include "engine/LogLine.h"
 
 #include <array>
-#include <string>
 
-#include "forms/reports/RLogClass.h"
-#include "models/ModCalculations.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -13,26 +10,26 @@ namespace {
 
 struct ResultColumn {
     ModelNumber model;
-    ModelFunction function;
+    double ModelResult::*result;
 };
 
 constexpr std::array<ResultColumn, 6> ResultColumns = {{
-    {ModelDavidson, DavidsonLoss},
-    {ModelCost231, Cost231Loss},
-    {ModelItu529, Itu529Loss},
-    {ModelItu529, Itu529FieldStrength},
-    {ModelDavidson, DavidsonFieldStrength},
-    {ModelCost231, Cost231FieldStrength},
+    {ModelDavidson, &ModelResult::loss},
+    {ModelCost231, &ModelResult::loss},
+    {ModelItu529, &ModelResult::loss},
+    {ModelItu529, &ModelResult::fieldStrength},
+    {ModelDavidson, &ModelResult::fieldStrength},
+    {ModelCost231, &ModelResult::fieldStrength},
 }};
 
 std::string Field(double x, std::string_view pattern) {
     return FixedWidthNumber(FormatNumber(x, pattern));
 }
 
-std::string CityColumn(const ModelInputs& in) {
+std::string CityColumn(const PathInputs& path) {
     constexpr std::string_view Pattern = "@@@@@@@@@@@@!";
-    return FormatText(Trimmed(in.area) == "Urban" ? std::string_view(in.city) : std::string_view(),
-                      Pattern);
+    return FormatText(
+        Trimmed(path.area) == "Urban" ? std::string_view(path.city) : std::string_view(), Pattern);
 }
 
 }  // namespace
@@ -41,24 +38,22 @@ const char* const LogColumnHeader =
     "  Dist     Frq    BaseH   MobilH    Area      City     OHDavLs  C231Ls  H529Ls   H529FS"
     "  HDAVFS C231FS   T%  L% Units    Watts    Date      Time";
 
-void AddLogLine(RLogClass& log, const LogLine& line, Clock& clock) {
-    const ModelInputs& in = line.inputs;
-    log.BeginLine();  // elsewhere it would be torn: only its first piece would go to the caret
-    log.Add(Field(line.distance, "00000.00") + ' ' + Field(line.frequency, "00000.0"));
-    log.Add(' ' + Field(line.hb, "0000.00") + "  " + Field(line.hm, "000.00"));
-    log.Add(' ' + FormatText(in.area, "@@@@@@@@!") + "  ");
-    log.Add(CityColumn(in));
-    for (const ResultColumn& column : ResultColumns) {
-        log.SetUnderline(!ModelInRange(column.model, in.f, in.hb, in.hm, in.d, in.area));
-        log.Add(Field(column.function(in), "0000.00") + ' ');
+std::vector<LogPiece> LogLine(const PathInputs& path, const Calculation& calculation,
+                              const CalendarTime& time) {
+    std::vector<LogPiece> pieces;
+    pieces.reserve(ResultColumns.size() + 2);
+    pieces.push_back({Field(path.distance, "00000.00") + ' ' + Field(path.frequency, "00000.0") +
+                      ' ' + Field(path.hb, "0000.00") + "  " + Field(path.hm, "000.00") + ' ' +
+                      FormatText(path.area, "@@@@@@@@!") + "  " + CityColumn(path)});
+    for (const auto& [model, result] : ResultColumns) {
+        const ModelResult& of = calculation.Of(model);
+        pieces.push_back({Field(of.*result, "0000.00") + ' ', !of.inRange});
     }
-    log.SetUnderline(false);
-    log.Add(' ' + FormatNumber(in.pctTime / 100.0, "00%"));
-    log.Add(' ' + FormatNumber(in.pctLoc / 100.0, "00%"));
-    log.Add(line.english ? " Enlish" : " Metric");
-    log.Add(' ' + Field(line.powerWatts, "000000.0"));
-    log.Add(' ' + FormatDateTime(clock.Now()));
-    log.Add("\r\n");
+    pieces.push_back({' ' + FormatNumber(path.pctTime / 100.0, "00%") + ' ' +
+                      FormatNumber(path.pctLoc / 100.0, "00%") +
+                      (path.units == Units::English ? " Enlish " : " Metric ") +
+                      Field(path.powerWatts, "000000.0") + ' ' + FormatDateTime(time) + "\r\n"});
+    return pieces;
 }
 
 }  // namespace vardel

@@ -1,28 +1,25 @@
 #pragma once
 
-#include "models/ModelInputs.h"
-#include "services/Clock.h"
+#include <string>
+#include <vector>
+
+#include "engine/Calculation.h"
+#include "engine/PathInputs.h"
+#include "text/CalendarTime.h"
 
 namespace vardel {
 
-class RLogClass;
-
-// What one line of the report log tells.
-struct LogLine {
-    // As the user entered them, in his own units.
-    double distance = 0.0;
-    double frequency;
-    double hb;
-    double hm;
-    bool english;
-
-    ModelInputs inputs;
-    double powerWatts;
+// A stretch of a line of the report log, in one style.
+struct LogPiece {
+    std::string text;
+    bool underlined = false;
 };
 
-// Writes the line with its six results in fixed columns; a result that its model does not cover is
-// underlined, with the blank behind it. The clock gives the line's date and time.
-void AddLogLine(RLogClass& log, const LogLine& line, Clock& clock);
+// One line of the report log: a calculation in fixed columns, with its line end. A result that its
+// model does not cover is underlined, with the blank behind it. Inputs stand in the units in which
+// they were entered.
+std::vector<LogPiece> LogLine(const PathInputs& path, const Calculation& calculation,
+                              const CalendarTime& time);
 
 // The heads of those columns.
 extern const char* const LogColumnHeader;

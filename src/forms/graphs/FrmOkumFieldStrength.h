@@ -18,7 +18,7 @@ enum FieldStrengthGraph : int {
 // The window of the field strength graphs.
 class FrmOkumFieldStrength : public PlotForm {
 public:
-    explicit FrmOkumFieldStrength(Platform& platform, SharedData& shared, Doors& doors);
+    FrmOkumFieldStrength(Platform& platform, SharedData& shared, Doors& doors);
 
     // Plots what the program's GraphMode says. False, after a message, where a box holds no number:
     // the chart is as it was then.

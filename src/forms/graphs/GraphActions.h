@@ -4,7 +4,7 @@
 
 namespace vardel {
 
-class Doors;
+struct Doors;
 struct SharedData;
 
 // What the menus of all graph forms do with their chart.

@@ -7,7 +7,7 @@ namespace vardel {
 // The window of the loss graph: the three models and free space.
 class GraphForm : public PlotForm {
 public:
-    explicit GraphForm(Platform& platform, SharedData& shared, Doors& doors);
+    GraphForm(Platform& platform, SharedData& shared, Doors& doors);
 
     // False, after a message, where a box holds no number: the chart is as it was then.
     bool PlotLossGraph(bool redrawChart);

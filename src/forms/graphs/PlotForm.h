@@ -10,7 +10,7 @@ namespace vardel {
 
 class CurveDrawing;
 class MainForm;
-class Doors;
+struct Doors;
 struct Platform;
 struct SharedData;
 

@@ -11,25 +11,25 @@
 
 namespace vardel {
 
-class Doors;
+class Calculation;
+struct Doors;
+struct PathInputs;
 struct Platform;
 struct SharedData;
 enum FieldStrengthGraph : int;
-struct LogLine;
 
 // The program's one permanent window: the inputs as text in boxes, the six results of a
 // calculation, and the menus that lead to everything else.
 class MainForm : public Form {
 public:
-    explicit MainForm(Platform& platform, SharedData& shared, Doors& doors);
+    MainForm(Platform& platform, SharedData& shared, Doors& doors);
 
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
     void SetDefaultInputs();
-    // What a run takes from the boxes but for the distance, as they show it and in metric units.
-    // Nothing, after a message, where a box holds no number that read takes, which can only be one
-    // that still has the focus.
-    std::optional<LogLine> ReadInputs(BoxReader read);
+    // What a run takes from the boxes, but for the distance. Nothing, after a message, where a box
+    // holds no number that read takes, which can only be one that still has the focus.
+    std::optional<PathInputs> ReadInputs(BoxReader read);
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
@@ -127,9 +127,8 @@ private:
 
     // MainFormCalculation.cpp
     void cmdLossCalc_Click();
-    std::optional<LogLine> ReadRunInputs();
-    bool WithinLimits(const LogLine& line);
-    void ShowResults(const LogLine& line);
+    std::optional<PathInputs> ReadRunInputs();
+    void ShowResults(const Calculation& calculation);
 
     // MainFormInputRules.cpp
     void WireInputRules();

@@ -2,7 +2,7 @@
 
 namespace vardel {
 
-class Doors;
+struct Doors;
 
 // Switch what the boxes of all forms with heights show; the quantities stay the same. The check
 // mark on the main form is the state: where it stands already, nothing happens. A main form box

@@ -11,7 +11,7 @@ struct SharedData;
 // frame it puts back the orientation that the printer had when the form was loaded.
 class FrmPrintOut : public Form {
 public:
-    explicit FrmPrintOut(Platform& platform, SharedData& shared);
+    FrmPrintOut(Platform& platform, SharedData& shared);
 
     Button cmdOK{*this, "cmdOK", "Done"};
     Button cmdPrint{*this, "cmdPrint", "Print"};

@@ -5,14 +5,14 @@
 
 namespace vardel {
 
-class Doors;
+struct Doors;
 struct Platform;
 
 // The window of the report log. Its box holds the log's text for as long as the program runs;
 // closing the window, by its button or its frame, only hides it.
 class FrmReport : public Form {
 public:
-    explicit FrmReport(Platform& platform, Doors& doors);
+    FrmReport(Platform& platform, Doors& doors);
 
     void CloseByFrame() override { Hide(); }
     // Asks for a file, proposing rich text, and saves the log there. True when it has.

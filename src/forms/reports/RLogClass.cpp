@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "engine/LogLine.h"
 #include "forms/Doors.h"
 #include "forms/reports/FrmReport.h"
 #include "richtext/Rtf.h"
@@ -76,6 +77,16 @@ void RLogClass::Add(std::string_view text) {
 }
 
 void RLogClass::AddLine(std::string_view text) { Add(std::string(text) + "\r\n"); }
+
+// At a caret elsewhere it would be torn: only its first piece would go there.
+void RLogClass::AddCalculation(const std::vector<LogPiece>& line) {
+    BeginLine();
+    for (const LogPiece& piece : line) {
+        SetUnderline(piece.underlined);
+        Add(piece.text);
+    }
+    SetUnderline(false);
+}
 
 void RLogClass::AddTitle() {
     doors_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);

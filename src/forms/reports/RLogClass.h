@@ -2,12 +2,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "richtext/RichText.h"
 
 namespace vardel {
 
-class Doors;
+struct Doors;
+struct LogPiece;
 struct Platform;
 
 // The report log as the rest of the program writes it. Its text lives in the box of FrmReport,
@@ -16,7 +18,7 @@ class RLogClass {
 public:
     static constexpr int UnfoldedMargin = 32000;  // twips; a log line is never that long
 
-    explicit RLogClass(Platform& platform, Doors& doors);
+    RLogClass(Platform& platform, Doors& doors);
     RLogClass(const RLogClass&) = delete;
     RLogClass& operator=(const RLogClass&) = delete;
     ~RLogClass();
@@ -49,6 +51,8 @@ public:
     // text.
     void Add(std::string_view text = {});
     void AddLine(std::string_view text = {});
+    // A line of a calculation, on a line of its own at the end.
+    void AddCalculation(const std::vector<LogPiece>& line);
     // The title as a header line.
     void AddTitle();
     // At the caret, also when the box is locked against typing.

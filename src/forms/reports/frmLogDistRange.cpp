@@ -136,8 +136,8 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
         return Outcome::Refused;
     }
     const Range range = ReadRange();
-    auto line = doors_.MainForm->ReadInputs(ReadPositiveBox);
-    if (!line) return Outcome::Refused;
+    const auto path = doors_.MainForm->ReadInputs(ReadPositiveBox);
+    if (!path) return Outcome::Refused;
 
     const bool descending = range.end <= range.start;
     pgbDist.SetMax(static_cast<float>(descending ? range.start : range.end));
@@ -146,13 +146,14 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
     if (chkClearLog.Checked()) doors_.ReportLog().Clear();
     RunRunning = true;
     restartWanted_ = false;
-    const Outcome outcome = WriteLines(range, *line);
+    const Outcome outcome = WriteLines(range, *path);
     if (outcome == Outcome::Finished) doors_.ReportLog().Add("\r\n");
     return outcome;
 }
 
 // The end of the range is compared as it stands: what the additions have rounded may leave it out.
-frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, LogLine& line) {
+frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, PathInputs path) {
+    ModelInputs inputs = MetricInputs(path);
     const bool descending = range.end <= range.start;
     for (double d = range.start; range.Holds(d); d += range.step) {
         GetPlatform().windows.Yield();
@@ -160,8 +161,9 @@ frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, LogLine
         if (!RunRunning || !doors_.MainForm.Loaded()) return Outcome::Ended;
         if (restartWanted_) return Outcome::ToBeRestarted;
         ShowProgress(d, descending);
-        line.distance = line.inputs.d = d;
-        AddLogLine(doors_.ReportLog(), line, GetPlatform().clock);
+        path.distance = inputs.d = d;
+        doors_.ReportLog().AddCalculation(
+            LogLine(path, Calculation(inputs), GetPlatform().clock.Now()));
     }
     return Outcome::Finished;
 }

@@ -6,17 +6,17 @@
 
 namespace vardel {
 
-class Doors;
+struct Doors;
 struct Platform;
 struct SharedData;
-struct LogLine;
+struct PathInputs;
 
 // Repeats the calculation of the main form over a range of distances, with a line in the report log
 // for each. It takes all inputs but the distance from there as they stand when a run begins, and
 // closes itself when the run is over.
 class frmLogDistRange : public Form {
 public:
-    explicit frmLogDistRange(Platform& platform, SharedData& shared, Doors& doors);
+    frmLogDistRange(Platform& platform, SharedData& shared, Doors& doors);
 
     // Ends a run as its Exit button does, its lines kept and saved.
     void EndSession();
@@ -63,7 +63,7 @@ private:
     // True if it had to put a value right.
     bool CheckDistanceRange();
     Outcome RunOnce();
-    Outcome WriteLines(const Range& range, LogLine& line);
+    Outcome WriteLines(const Range& range, PathInputs path);
     void ShowProgress(double d, bool descending);
     void SaveLog();
 

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "engine/Units.h"
+#include "models/ModelInputs.h"
+
+namespace vardel {
+
+// The inputs of one path as the user entered them, in his own units.
+struct PathInputs {
+    double distance = 0.0;   // km or miles
+    double frequency = 0.0;  // MHz
+    double hb = 0.0;         // base antenna height, m or ft
+    double hm = 0.0;         // mobile antenna height, m or ft
+    Units units = Units::Metric;
+    std::string area;
+    std::string city;
+    double pctTime = 50.0;  // percent of time, 50 meaning 50 %
+    double pctLoc = 50.0;   // percent of locations
+    double powerWatts = 1000.0;
+};
+
+// What the models take of a path: the same in metric units.
+inline ModelInputs MetricInputs(const PathInputs& path) {
+    return {.f = path.frequency,
+            .d = path.distance * KmPerDistance(path.units),
+            .hb = path.hb * MetresPerHeight(path.units),
+            .hm = path.hm * MetresPerHeight(path.units),
+            .area = path.area,
+            .city = path.city,
+            .pctTime = path.pctTime,
+            .pctLoc = path.pctLoc};
+}
+
+}  // namespace vardel
