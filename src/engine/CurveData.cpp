@@ -49,20 +49,19 @@ CurveData ComputeFreeCurve(const std::function<double(double)>& valueAt, double 
     return curve;
 }
 
-void CurveDrawing::AddLegendLine(std::string_view text) {
+void CurveDrawing::AddSeries(std::string_view name, bool continued, const CurveData& curve,
+                             int from, int count, const Look& look) {
     if (!legend_.empty()) legend_ += '\r';
-    legend_ += text;
-}
-
-void CurveDrawing::AddSeries(const CurveData& curve, int from, int count, Color color,
-                             LinePattern pattern) {
+    legend_ += continued ? "(cont.)" : name;
     const auto begin = static_cast<std::size_t>(from);
     ++series_;
     chart_.SetSeriesData(series_, "Line Data", curve.Distances.data() + begin,
                          curve.Values.data() + begin, static_cast<std::size_t>(count));
     ChartSeries& series = chart_.Series(series_);
-    series.LineStyle = pattern;
-    series.LineColor = color;
+    series.Curve = name;
+    series.Continued = continued;
+    series.LineStyle = look.pattern;
+    series.LineColor = look.color;
     series.LineWidth = 1;
     series.MarkerStyle = 0;
     series.MarkerSize = 0;
@@ -72,21 +71,19 @@ void CurveDrawing::AddSeries(const CurveData& curve, int from, int count, Color 
 
 // A stretch ends one point before the range changes, and the next begins at that point.
 void CurveDrawing::DrawModelCurve(const CurveData& curve, std::string_view legend, Color color) {
-    AddLegendLine(legend);
     if (curve.LastPoint <= 0) return;
     bool inRange = curve.InRangeAtStart;
-    const auto pattern = [&] { return inRange ? PatternInRange : PatternOutOfRange; };
+    const auto look = [&] { return Look{color, inRange ? PatternInRange : PatternOutOfRange}; };
     if (curve.BreakCount == 0) {
-        AddSeries(curve, 0, curve.LastPoint + 1, color, pattern());
+        AddSeries(legend, false, curve, 0, curve.LastPoint + 1, look());
         return;
     }
-    AddSeries(curve, 0, curve.Breaks[0], color, pattern());
+    AddSeries(legend, false, curve, 0, curve.Breaks[0], look());
     for (int j = 0; j < curve.BreakCount; ++j) {
         const int from = curve.Breaks[static_cast<std::size_t>(j)];
         const int to = curve.Breaks[static_cast<std::size_t>(j) + 1];
         inRange = !inRange;
-        AddSeries(curve, from, to - from + 1, color, pattern());
-        AddLegendLine("(cont.)");
+        AddSeries(legend, true, curve, from, to - from + 1, look());
     }
 }
 
@@ -99,8 +96,7 @@ void CurveDrawing::DrawModelCurves(std::span<const ModelCurve> curves, const Mod
 
 void CurveDrawing::DrawWholeCurve(const CurveData& curve, std::string_view legend, Color color,
                                   LinePattern pattern) {
-    AddLegendLine(legend);
-    AddSeries(curve, 0, curve.LastPoint + 1, color, pattern);
+    AddSeries(legend, false, curve, 0, curve.LastPoint + 1, {color, pattern});
 }
 
 void CurveDrawing::DrawMeasuredCurve(const CurveData& curve, std::string_view legend, Color color) {

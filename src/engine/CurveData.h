@@ -61,8 +61,12 @@ public:
     const std::string& Legend() const { return legend_; }
 
 private:
-    void AddLegendLine(std::string_view text);
-    void AddSeries(const CurveData& curve, int from, int count, Color color, LinePattern pattern);
+    struct Look {
+        Color color;
+        LinePattern pattern;
+    };
+    void AddSeries(std::string_view name, bool continued, const CurveData& curve, int from,
+                   int count, const Look& look);
 
     Chart& chart_;
     int series_ = -1;

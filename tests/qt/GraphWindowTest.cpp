@@ -80,6 +80,28 @@ TEST_F(GraphWindowTest, ZoomsAndGoesBackToTheChartsScales) {
     });
 }
 
+TEST_F(GraphWindowTest, TicksSayWhereTheyStandAtEveryZoom) {
+    WhileOpen([&] {
+        const auto labels = [&](double lower, double upper) {
+            Plot().xAxis->setRange(lower, upper);
+            Plot().replot();
+            return Plot().xAxis->tickVectorLabels().join(' ').toStdString();
+        };
+        EXPECT_EQ(labels(0, 100), "0 10 20 30 40 50 60 70 80 90 100");
+        EXPECT_EQ(labels(10, 22.5), "10.0 12.5 15.0 17.5 20.0 22.5");
+        EXPECT_EQ(labels(44.008, 44.052), "44.01 44.02 44.03 44.04 44.05");
+
+        for (int i = 0; i < 200; ++i) QTest::keyClick(&Plot(), Qt::Key_Minus);
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(-50, 150));
+        EXPECT_EQ(Plot().yAxis->range(), QCPRange(-50, 350));
+        EXPECT_LT(Plot().xAxis->tickVector().size(), 30);
+        for (int i = 0; i < 200; ++i) QTest::keyClick(&Plot(), Qt::Key_Up, Qt::NoModifier);
+        EXPECT_EQ(Plot().yAxis->range(), QCPRange(-50, 350)) << "and panned no further";
+        for (int i = 0; i < 200; ++i) QTest::keyClick(&Plot(), Qt::Key_Plus);
+        EXPECT_NEAR(Plot().xAxis->range().size(), 0.01, 1e-9);
+    });
+}
+
 TEST_F(GraphWindowTest, TheReadoutTellsEachCurvesValue) {
     WhileOpen([&] {
         Plot().ShowReadout(10.0);
@@ -96,6 +118,40 @@ TEST_F(GraphWindowTest, TheReadoutTellsEachCurvesValue) {
         const QString there = QString::number(Plot().xAxis->pixelToCoord(middle.x()), 'f', 1);
         EXPECT_TRUE(Plot().ReadoutText().contains("Distance (Km): " + there))
             << Plot().ReadoutText().toStdString();
+
+        QWheelEvent wheel(middle + QPoint(90, 0), Plot().mapToGlobal(middle), {}, {0, 120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Plot(), &wheel);
+        EXPECT_FALSE(Plot().ReadoutText().contains("Distance (Km): " + there)) << "zoomed under it";
+        Plot().ResetScales();
+        QTest::keyClick(&Plot(), Qt::Key_Right, Qt::ShiftModifier);
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(10, 110));
+        Plot().ShowReadout(80);
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+        EXPECT_NEAR(Plot().xAxis->range().lower, 24, 1e-9) << "about the readout";
+    });
+}
+
+// 1500 MHz: all models are in range, to 100 km two of them.
+TEST_F(GraphWindowTest, TheReadoutLosesNoCurveWhereARangeEnds) {
+    WhileOpen([&] {
+        Graph().txtFreq.SetText("1500");
+        for (MenuItem* reach : {&Graph().mnuGraph100, &Graph().mnuGraph300}) {
+            reach->Pick();
+            Graph().cmdUpdateGraph.Press();
+            Plot().ShowReadout(100.0);
+            EXPECT_EQ(Plot().ReadoutText().count(" dB"), 4) << reach->Name();
+            EXPECT_FALSE(Plot().ReadoutText().contains("out of range")) << reach->Name();
+        }
+        Plot().ShowReadout(100.06);
+        EXPECT_EQ(Plot().ReadoutText().count(" dB (out of range)"), 2);
+        Plot().ShowReadout(300.0);
+        EXPECT_EQ(Plot().ReadoutText().count(" dB"), 4);
+        Plot().HideReadout();
+        Graph().txtFreq.SetText("900");
+        Graph().cmdUpdateGraph.Press();
+        EXPECT_EQ(Plot().accessibleDescription().toStdString(),
+                  "dB Loss Calculation, ITU 529, Davidson, Cost 231, Free Space");
     });
 }
 

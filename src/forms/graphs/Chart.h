@@ -16,6 +16,8 @@ struct ChartSeries {
     int MarkerStyle = 0;  // 0: a plain line
     int MarkerSize = 0;
     bool SinglePoints = false;  // each point a value of its own, shown as a dot on the line
+    std::string Curve;          // the name of the curve that this is a stretch of
+    bool Continued = false;     // the curve began in the series before
     std::string Label;
     std::vector<double> X;
     std::vector<double> Y;

@@ -9,8 +9,11 @@
 #include <QScreen>
 #include <QSvgGenerator>
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
+#include "qt/chart/ClippedCurve.h"
+#include "qt/chart/StepTicker.h"
 #include "qt/metafile/MetafileDevice.h"
 #include "qt/services/Convert.h"
 
@@ -49,41 +52,61 @@ void SetAxis(QCPAxis& shown, const ChartAxis& axis) {
     shown.setTickLabelFont(FontOf(axis.LabelFontName, axis.LabelFontSize));
     shown.setLabelColor(ToQt(axis.TitleColor));
     shown.setTickLabelColor(ToQt(axis.LabelColor));
-    shown.setNumberFormat("f");
-    shown.setNumberPrecision(0);
+    shown.setTicker(QSharedPointer<QCPAxisTicker>(new StepTicker(axis.MajorStep)));
     shown.grid()->setPen(QPen(QColor(215, 220, 220)));
 }
 
-// Fixed steps hold for the whole view; zoomed in, the finer ones of a plain ticker are wanted.
-class StepTicker : public QCPAxisTicker {
-public:
-    explicit StepTicker(double step) : step_(step) {}
-
-protected:
-    double getTickStep(const QCPRange& range) override {
-        const double fine = QCPAxisTicker::getTickStep(range);
-        return range.size() >= 4 * step_ && step_ > 0 ? step_ : fine;
-    }
-
-private:
-    double step_;
-};
+QCPGraph* AddGraph(QCustomPlot& plot, const ChartSeries& series) {
+    QCPGraph* graph = plot.addGraph();
+    graph->setPen(PenOf(series));
+    graph->setAntialiased(true);
+    graph->setAdaptiveSampling(true);
+    graph->setName(ToQt(series.Continued ? "(cont.)" : series.Curve));
+    if (series.SinglePoints) graph->setScatterStyle(PointMark(series));
+    return graph;
+}
 
 void AddGraphs(QCustomPlot& plot, const Chart& chart) {
-    const QStringList lines = ToQt(chart.Legend.Text).split('\r');
-    qsizetype line = 0;
     for (const ChartSeries& series : chart.AllSeries()) {
         if (!series.Visible) continue;
-        QCPGraph* graph = plot.addGraph();
         const auto size = static_cast<qsizetype>(series.X.size());
-        graph->setData(QVector<double>(series.X.data(), series.X.data() + size),
-                       QVector<double>(series.Y.data(), series.Y.data() + size),
-                       !series.SinglePoints);  // measured rows may come in any order
-        graph->setPen(PenOf(series));
-        graph->setAntialiased(true);
-        graph->setAdaptiveSampling(true);
-        if (series.SinglePoints) graph->setScatterStyle(PointMark(series));
-        graph->setName(lines.value(line++));
+        AddGraph(plot, series)
+            ->setData(QVector<double>(series.X.data(), series.X.data() + size),
+                      QVector<double>(series.Y.data(), series.Y.data() + size),
+                      !series.SinglePoints);  // measured rows may come in any order
+    }
+}
+
+void SetPoints(QCPGraph& graph, const std::vector<CurvePoint>& points) {
+    QVector<QCPGraphData> data;
+    data.reserve(static_cast<qsizetype>(points.size()));
+    for (const auto& [x, y] : points) data.append({x, y});
+    graph.data()->set(data, true);
+}
+
+// Takes off every curve what lies outside the axes. Marks stay where their points are, so that
+// their line is a graph of its own.
+void ClipGraphs(QCustomPlot& plot) {
+    const QCPRange x = plot.xAxis->range(), y = plot.yAxis->range();
+    const ClipFrame frame{x.lower, x.upper, y.lower, y.upper};
+    for (int i = plot.graphCount() - 1; i >= 0; --i) {
+        QCPGraph& graph = *plot.graph(i);
+        std::vector<CurvePoint> line;
+        for (const QCPGraphData& point : *graph.data()) line.push_back({point.key, point.value});
+        const auto isInside = [&frame](const CurvePoint& p) { return frame.Holds(p); };
+        if (std::all_of(line.begin(), line.end(), isInside)) continue;
+        const std::vector<CurvePoint> parts = Clipped(line, frame);
+        if (graph.scatterStyle().isNone()) {
+            SetPoints(graph, parts);
+            continue;
+        }
+        QCPGraph* lineOnly = plot.addGraph();
+        lineOnly->setPen(graph.pen());
+        lineOnly->removeFromLegend();
+        SetPoints(*lineOnly, parts);
+        for (CurvePoint& p : line)
+            if (!isInside(p)) p.y = std::numeric_limits<double>::quiet_NaN();
+        SetPoints(graph, line);
     }
 }
 
@@ -109,21 +132,23 @@ Qt::Alignment LegendCorner(const Chart& chart) {
     return (below < above ? Qt::AlignBottom : Qt::AlignTop) | Qt::AlignRight;
 }
 
-// Smaller where it is wider than the chart: a number that is cut off reads as another number.
-class FittingTitle : public QCPTextElement {
+// Wrapped where it is wider than the chart: a number that is cut off reads as another number.
+class WrappedTitle : public QCPTextElement {
 public:
-    using QCPTextElement::QCPTextElement;
+    WrappedTitle(QCustomPlot& plot, const QString& text) : QCPTextElement(&plot, text) {
+        setTextFlags(Qt::AlignCenter | Qt::TextWordWrap);
+    }
 
 protected:
-    QSize minimumOuterSizeHint() const override {
-        return {0, QCPTextElement::minimumOuterSizeHint().height()};
-    }
-    void draw(QCPPainter* painter) override {
-        const QFont usual = mFont;
-        const double width = QFontMetricsF(usual).horizontalAdvance(mText);
-        if (width > mRect.width()) mFont.setPointSizeF(usual.pointSizeF() * mRect.width() / width);
-        QCPTextElement::draw(painter);
-        mFont = usual;
+    QSize minimumOuterSizeHint() const override { return {0, Height()}; }
+    QSize maximumOuterSizeHint() const override { return {QWIDGETSIZE_MAX, Height()}; }
+
+private:
+    int Height() const {
+        const int width = mParentPlot->viewport().width() - mMargins.left() - mMargins.right();
+        const QRect room(0, 0, std::max(width, 1), QWIDGETSIZE_MAX);
+        return QFontMetrics(mFont).boundingRect(room, textFlags(), mText).height() +
+               mMargins.top() + mMargins.bottom();
     }
 };
 
@@ -133,7 +158,7 @@ void AddTitles(QCustomPlot& plot, const Chart& chart) {
     for (const ChartTitle& title : chart.Title) {
         if (title.Text.empty()) continue;
         layout.insertRow(row);
-        auto* element = new FittingTitle(&plot, ToQt(title.Text));
+        auto* element = new WrappedTitle(plot, ToQt(title.Text));
         QFont font = FontOf("Arial", title.FontSize);
         font.setBold(row == 0);
         element->setFont(font);
@@ -157,7 +182,6 @@ void FillPlot(QCustomPlot& plot, const Chart& chart) {
     AddGraphs(plot, chart);
     SetAxis(*plot.xAxis, chart.Axis[0]);
     SetAxis(*plot.yAxis, chart.Axis[1]);
-    plot.xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new StepTicker(chart.Axis[0].MajorStep)));
     plot.axisRect()->setupFullAxesBox();
     for (QCPAxis* axis : {plot.xAxis2, plot.yAxis2}) axis->setTickLabels(false);
     plot.legend->setVisible(chart.Legend.Visible);
@@ -174,6 +198,7 @@ namespace {
 bool DrawOn(QPaintDevice& device, const Chart& chart, QSize size, double scale = 1.0) {
     QCustomPlot plot;
     FillPlot(plot, chart);
+    ClipGraphs(plot);  // not every device clips
     QCPPainter painter;
     if (!painter.begin(&device)) return false;
     painter.scale(scale, scale);

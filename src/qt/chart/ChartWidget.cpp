@@ -1,14 +1,13 @@
 #include "qt/chart/ChartWidget.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
+#include "forms/graphs/ChartText.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "qt/chart/ChartPlot.h"
 #include "qt/services/Convert.h"
 #include "services/Files.h"
-#include "text/NumberText.h"
 
 namespace vardel {
 
@@ -16,67 +15,25 @@ namespace {
 
 constexpr const char* ReadoutLayer = "readout";
 
-// Calls visit with each shown series and the name of its curve, which further stretches of it
-// share.
-template <class Visit>
-void ForEachShownSeries(const Chart& chart, Visit visit) {
-    const QStringList lines = ToQt(chart.Legend.Text).split('\r');
-    qsizetype line = 0;
-    QString curve;
-    for (const ChartSeries& series : chart.AllSeries()) {
-        if (!series.Visible) continue;
-        if (const QString name = lines.value(line++); name != "(cont.)") curve = name;
-        visit(series, curve);
-    }
+// A view may go this share of the chart's own beyond its edges, and show this small a part of it.
+constexpr double MostBeyond = 0.5;
+constexpr double SmallestPart = 1e-4;
+
+QCPRange Bounded(const QCPRange& wanted, const ChartAxis& axis) {
+    const double whole = axis.Maximum - axis.Minimum;
+    const QCPRange most(axis.Minimum - MostBeyond * whole, axis.Maximum + MostBeyond * whole);
+    const double size = std::clamp(wanted.size(), SmallestPart * whole, most.size());
+    const double lower = wanted.center() - size / 2;
+    return QCPRange(0, size) + std::clamp(lower, most.lower, most.upper - size);
 }
 
-// The titles, which tell the inputs, as comments; then a line for each point: the curve, the
-// distance, the value, and whether the model covers it.
-QByteArray ChartAsCsv(const Chart& chart) {
-    QByteArray csv;
-    for (const ChartTitle& title : chart.Title) csv += ("# " + title.Text + '\n').c_str();
-    csv += ("# value: " + chart.Axis[1].Title + '\n').c_str();
-    csv += "curve,distance_km,value,in_range\n";
-    ForEachShownSeries(chart, [&csv](const ChartSeries& series, const QString& curve) {
-        const char* inRange = series.LineStyle == PatternOutOfRange ? "no" : "yes";
-        for (std::size_t i = 0; i < series.X.size(); ++i)
-            csv += curve.toUtf8() + ',' + ShortestText(series.X[i]).c_str() + ',' +
-                   ShortestText(series.Y[i]).c_str() + ',' + inRange + '\n';
-    });
-    return csv;
+QString Joined(const std::vector<std::string>& lines, const char* between) {
+    QStringList texts;
+    for (const std::string& line : lines) texts << ToQt(line);
+    return texts.join(between);
 }
 
-// The value of the curve at the distance, between points in a straight line.
-std::optional<double> ValueAt(const ChartSeries& series, double distance) {
-    if (series.X.empty() || distance < series.X.front() || distance > series.X.back())
-        return std::nullopt;
-    const auto next = std::lower_bound(series.X.begin(), series.X.end(), distance);
-    const auto i = static_cast<std::size_t>(next - series.X.begin());
-    if (i == 0 || *next == distance) return series.Y[i];
-    const double t = (distance - series.X[i - 1]) / (series.X[i] - series.X[i - 1]);
-    return (1.0 - t) * series.Y[i - 1] + t * series.Y[i];
-}
-
-// What the readout says of a series. Between single points there is nothing to be told: it names
-// the nearest of them.
-QString ReadoutLine(const ChartSeries& series, const QString& curve, double distance,
-                    const QString& unit) {
-    const auto number = [](double x, const char* pattern) {
-        return ToQt(FormatNumber(x, pattern));
-    };
-    if (series.SinglePoints && !series.X.empty()) {
-        const auto nearest = std::min_element(
-            series.X.begin(), series.X.end(),
-            [&](double a, double b) { return std::abs(a - distance) < std::abs(b - distance); });
-        const double value = series.Y[static_cast<std::size_t>(nearest - series.X.begin())];
-        return curve + " at " + number(*nearest, "0.0#") + " km: " + number(value, "0.00") + ' ' +
-               unit;
-    }
-    const auto value = ValueAt(series, distance);
-    if (!value) return {};
-    return curve + ": " + number(*value, "0.00") + ' ' + unit +
-           (series.LineStyle == PatternOutOfRange ? " (out of range)" : "");
-}
+QByteArray CsvOf(const Chart& chart) { return QByteArray::fromStdString(ChartCsv(chart)); }
 
 }  // namespace
 
@@ -104,12 +61,21 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     readout_->setPen(QPen(QColor(150, 150, 150)));
     HideReadout();
 
-    for (const auto& [axis, opposite] : {std::pair(xAxis, xAxis2), std::pair(yAxis, yAxis2)})
-        connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), opposite,
-                qOverload<const QCPRange&>(&QCPAxis::setRange));
-    connect(this, &QCustomPlot::afterReplot, this, [this] { readoutPlaced_ = false; });
+    for (const auto& [axis, opposite, i] :
+         {std::tuple(xAxis, xAxis2, 0), std::tuple(yAxis, yAxis2, 1)})
+        connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+                [this, axis = axis, opposite = opposite,
+                 i = static_cast<std::size_t>(i)](const QCPRange& range) {
+                    axis->setRange(Bounded(range, chart_.Axis[i]));
+                    opposite->setRange(axis->range());
+                });
+    connect(this, &QCustomPlot::afterReplot, this, [this] {
+        readoutPlaced_ = false;
+        if (pointer_) ShowReadout(xAxis->pixelToCoord(*pointer_));
+    });
     connect(this, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
-        ShowReadout(xAxis->pixelToCoord(event->position().x()));
+        pointer_ = event->position().x();
+        ShowReadout(xAxis->pixelToCoord(*pointer_));
     });
     connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { ResetScales(); });
     binder.Show(chart, [this] { ShowChart(); });
@@ -118,7 +84,10 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
 void ChartWidget::ShowChart() {
     FillPlot(*this, chart_);
     replot(rpQueuedReplot);
-    if (readout_->visible()) ShowReadout(distance_);
+    if (readout_->visible())
+        ShowReadout(distance_);
+    else
+        setAccessibleDescription(ToQt(ChartSummary(chart_)));
 }
 
 void ChartWidget::ResetScales() {
@@ -130,16 +99,12 @@ void ChartWidget::ResetScales() {
 void ChartWidget::ShowReadout(double distance) {
     const ChartAxis& axis = chart_.Axis[0];
     distance_ = std::clamp(distance, axis.Minimum, axis.Maximum);
-    QStringList lines{ToQt(axis.Title) + ": " + ToQt(FormatNumber(distance_, "0.0"))};
-    ForEachShownSeries(chart_, [&](const ChartSeries& series, const QString& curve) {
-        const QString line = ReadoutLine(series, curve, distance_, ToQt(chart_.Axis[1].Title));
-        if (!line.isEmpty()) lines << line;
-    });
+    const std::vector<std::string> lines = ChartReadout(chart_, distance_);
     cursor_->point1->setCoords(distance_, 0);
     cursor_->point2->setCoords(distance_, 1);
-    readout_->setText(lines.join('\n'));
+    readout_->setText(Joined(lines, "\n"));
     if (!readoutPlaced_) PlaceReadout();
-    setAccessibleDescription(lines.join(", "));
+    setAccessibleDescription(Joined(lines, ", "));
     cursor_->setVisible(true);
     readout_->setVisible(true);
     layer(ReadoutLayer)->replot();
@@ -184,30 +149,65 @@ void ChartWidget::HideReadout() {
 }
 
 void ChartWidget::leaveEvent(QEvent* event) {
+    pointer_.reset();
     HideReadout();
+    setAccessibleDescription(ToQt(ChartSummary(chart_)));
     QCustomPlot::leaveEvent(event);
+}
+
+// Keys move the readout themselves, wherever the pointer rests.
+void ChartWidget::ShowReadoutByKey(double distance) {
+    pointer_.reset();
+    ShowReadout(distance);
+    if (xAxis->range().contains(distance_)) return;
+    xAxis->moveRange(distance_ - xAxis->range().center());
+    replot();
+}
+
+void ChartWidget::ZoomAboutReadout(double factor) {
+    const QCPRange shown = xAxis->range();
+    const bool readoutShown = readout_->visible() && shown.contains(distance_);
+    xAxis->scaleRange(factor, readoutShown ? distance_ : shown.center());
+    yAxis->scaleRange(factor);
+    replot();
+}
+
+void ChartWidget::Pan(QCPAxis& axis, double share) {
+    axis.moveRange(share * axis.range().size());
+    replot();
 }
 
 void ChartWidget::keyPressEvent(QKeyEvent* event) {
     constexpr double Zoom = 0.8;
+    constexpr double Share = 0.1;  // of the view, for a step of panning
+    const bool pans = event->modifiers() & Qt::ShiftModifier;
     const double step = event->modifiers() & Qt::ControlModifier ? 10.0 : 1.0;
     switch (event->key()) {
         case Qt::Key_Left:
-            return ShowReadout(distance_ - step);
+            return pans ? Pan(*xAxis, -Share) : ShowReadoutByKey(distance_ - step);
         case Qt::Key_Right:
-            return ShowReadout(distance_ + step);
+            return pans ? Pan(*xAxis, Share) : ShowReadoutByKey(distance_ + step);
+        case Qt::Key_Up:
+            return Pan(*yAxis, Share);
+        case Qt::Key_Down:
+            return Pan(*yAxis, -Share);
         case Qt::Key_Home:
             return ResetScales();
         case Qt::Key_Plus:
-        case Qt::Key_Minus: {
-            const double factor = event->key() == Qt::Key_Plus ? Zoom : 1.0 / Zoom;
-            xAxis->scaleRange(factor);
-            yAxis->scaleRange(factor);
-            return replot();
-        }
+            return ZoomAboutReadout(Zoom);
+        case Qt::Key_Minus:
+            return ZoomAboutReadout(1.0 / Zoom);
         default:
             QCustomPlot::keyPressEvent(event);
     }
+}
+
+void ChartWidget::paintEvent(QPaintEvent* event) {
+    QCustomPlot::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 // The window may be closed with the menu open.
@@ -223,7 +223,7 @@ void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
     addSave("Save Picture as PNG ...", "PNG Files (*.png)|*.png", ChartAsPng);
     addSave("Save Picture as SVG ...", "SVG Files (*.svg)|*.svg", ChartAsSvg);
     addSave("Save Picture as PDF ...", "PDF Files (*.pdf)|*.pdf", ChartAsPdf);
-    addSave("Save Points as CSV ...", "CSV Files (*.csv)|*.csv", ChartAsCsv);
+    addSave("Save Points as CSV ...", "CSV Files (*.csv)|*.csv", CsvOf);
     menu->addSeparator();
     menu->addAction("Whole Graph", this, [this] { ResetScales(); });
     menu->popup(event->globalPos());

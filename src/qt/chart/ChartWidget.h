@@ -2,14 +2,17 @@
 
 #include <qcustomplot.h>
 
+#include <optional>
+
 #include "forms/graphs/Chart.h"
 #include "qt/windows/Binder.h"
 
 namespace vardel {
 
-// A chart on the screen: the wheel zooms, dragging moves, a double click or Home goes back to the
-// chart's own scales. Under the pointer, and moved by the arrow keys, stands a readout of the
-// distance and of each curve's value there.
+// A chart on the screen: the wheel and + and - zoom, dragging, Shift with left and right, up and
+// down move, a double click or Home goes back to the chart's own scales, all within some margin
+// around these. Under the pointer, and moved by the arrow keys, stands a readout of the distance
+// and of each curve's value there.
 class ChartWidget : public QCustomPlot {
 public:
     ChartWidget(Chart& chart, Binder& binder);
@@ -17,16 +20,21 @@ public:
     // The readout at a distance in km.
     void ShowReadout(double distance);
     void HideReadout();
+    // Back to the scales that the chart gives.
+    void ResetScales();
     QString ReadoutText() const { return readout_->text(); }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;  // the frame of the keyboard's focus
 
 private:
     void ShowChart();
-    void ResetScales();
+    void ShowReadoutByKey(double distance);
+    void ZoomAboutReadout(double factor);
+    void Pan(QCPAxis& axis, double share);
     void PlaceReadout();
     int PointsWithin(const QRect& area) const;
     void SaveAs(const std::string& filter, const QByteArray& bytes);
@@ -36,6 +44,7 @@ private:
     QCPItemText* readout_;
     bool readoutPlaced_ = false;  // for the curves as they are drawn now
     double distance_ = 0.0;
+    std::optional<double> pointer_;  // where the mouse holds the readout, in points of the widget
 };
 
 }  // namespace vardel

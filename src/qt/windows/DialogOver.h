@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QPointer>
 
+#include "qt/windows/FormWindow.h"
 #include "qt/windows/HelpWindow.h"
 
 namespace vardel {
@@ -12,9 +13,9 @@ namespace vardel {
 // managers see to that, but not all.
 class ActiveWindow {
 public:
-    // Null stands for the one that has the focus now, which right after a start none has.
+    // Null stands for the one that is worked in now, which right after a start is none.
     explicit ActiveWindow(QWidget* window = nullptr)
-        : window_(window != nullptr ? window : QApplication::activeWindow()) {
+        : window_(window != nullptr ? window : WorkedIn()) {
         // An open list is a window as well, and so is the help, but neither is worked in.
         while (window_ &&
                (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
@@ -29,6 +30,15 @@ public:
     QWidget* Get() const { return window_; }
 
 private:
+    // Between two dialogs no window has the focus until the desktop has given it back.
+    static QWidget* WorkedIn() {
+        if (QWidget* active = QApplication::activeWindow()) return active;
+        if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && dynamic_cast<FormWindow*>(window)) return window;
+        return nullptr;
+    }
+
     QPointer<QWidget> window_;
 };
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/graphs/Chart.h"
+
+// What a chart says in words and numbers.
+
+namespace vardel {
+
+// The chart's title and the names of its curves.
+std::string ChartSummary(const Chart& chart);
+
+// The distance, then each curve's value there: between points in a straight line, marked where its
+// model is out of range. Of single points, between which there is nothing to be told, the nearest.
+// distance in km.
+std::vector<std::string> ChartReadout(const Chart& chart, double distance);
+
+// The titles, which tell the inputs, as comments; then a line for each point: the curve, the
+// distance, the value, and whether the model covers it.
+std::string ChartCsv(const Chart& chart);
+
+}  // namespace vardel
