@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh test
 scripts/build.sh benchmark
 programs=(build/benchmark/benchmarks/*_benchmark)
 filter=${1:-.}

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 seconds=${1:-60}
-scripts/setup.sh
+scripts/setup.sh test
 scripts/build.sh fuzz
 mkdir -p build/fuzz/found
 for target in rtf measured number settings; do

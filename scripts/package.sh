@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh package
 scripts/build.sh release
 rm -rf build/packages
 cpack --config build/release/CPackConfig.cmake -B build/packages

@@ -1,23 +1,28 @@
 #!/usr/bin/env bash
-# Installs what building, testing and running Vardel needs, where it is missing. On a system without
-# apt it says what is needed and fails.
+# Installs what building and running Vardel needs, where it is missing; with "test", what its tests and
+# checks need as well, with "package", what the Debian packages need. On a system without apt it says
+# what is needed and fails.
 set -euo pipefail
 
 packages=(
   # building
-  g++ cmake ninja-build git pkg-config
+  g++ cmake ninja-build git pkg-config python3 librsvg2-bin
   # the program
-  qt6-base-dev qt6-svg-dev libcups2-dev qt6-qpa-plugins libqcustomplot-dev fonts-liberation
+  qt6-base-dev qt6-svg-dev libcups2-dev qt6-qpa-plugins qt6-wayland libqcustomplot-dev fonts-liberation
   libsqlitecpp-dev libsqlite3-dev sqlite3
   # the compiled manual
   cmark-gfm fp-utils
-  # tests and checks
-  libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
-  libreoffice-draw-nogui python3 xvfb xdotool imagemagick gnuplot-nox
-  clang clang-format libclang-rt-14-dev
-  # the package
-  librsvg2-bin desktop-file-utils appstream man-db dpkg-dev file
 )
+for purpose in "$@"; do
+  case $purpose in
+    test) packages+=(
+      libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
+      libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox
+      clang clang-format libclang-rt-14-dev desktop-file-utils appstream man-db) ;;
+    package) packages+=(dpkg-dev file) ;;
+    *) echo "usage: $0 [test] [package]" >&2; exit 2 ;;
+  esac
+done
 
 missing=()
 if command -v dpkg-query >/dev/null; then

@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh test
 scripts/build.sh sanitize
 stress=build/sanitize/tests/stress/vardel_stress
 seed=${1:-1}

@@ -3,6 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh test
 scripts/build.sh test
 ctest --test-dir build/test --output-on-failure --parallel "$(nproc)" "$@"

@@ -221,7 +221,9 @@ TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
 
 TEST_F(MainWindowTest, ClosingTheFrameUnloadsTheForm) {
     AnswerNextMessage(QMessageBox::No);
-    Window().close();
+    // In the program's own loop, which the end of the program ends.
+    QTimer::singleShot(0, &Window(), [this] { Window().close(); });
+    QApplication::exec();
     EXPECT_EQ(shownText, "Retain Output Log?");
     EXPECT_FALSE(program.MainForm.Loaded());
 }
