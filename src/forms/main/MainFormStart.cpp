@@ -170,6 +170,7 @@ void MainForm::SetDefaultInputs() {
     Label12.SetCaption("Km");
     mnuUnitsMetric.SetChecked(true);
     mnuUnitsEnglish.SetChecked(false);
+    MarkValuesStale();  // also where these texts change nothing, as after another power
     for (Label* value : {&lblcost231, &lblFITU529, &lblFCost231}) value->SetBackColor(Black);
     // Metric is marked already, so the other forms keep their units until they are next opened.
     SetMetricUnits(doors_);

@@ -107,7 +107,11 @@ TEST_F(InputRules, ChangesThatReachTheModelsDarkenTheResults) {
     }
     Main().mnuFileNew.Pick();
     Main().cmdLossCalc.Press();
-    Main().txtFreq.SetText("450.0");
+    Main().mnuFileNew.Pick();
+    EXPECT_EQ(Main().lblDavidson.BackColor(), Stale) << "though no input has changed";
+    EXPECT_EQ(Main().lblFCost231.BackColor(), Black);
+    EXPECT_EQ(Main().lblFCost231.StateText(), "Not of the present inputs");
+    Main().cmdLossCalc.Press();
     Leave(Main().txtPctTime, "10");
     EnterPower("5");
     Main().cmbPowerUnit.SetText("dBm");
