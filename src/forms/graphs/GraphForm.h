@@ -9,7 +9,7 @@ class GraphForm : public PlotForm {
 public:
     GraphForm(Platform& platform, SharedData& shared, Doors& doors);
 
-    // False, after a message, where a box holds no number: the chart is as it was then.
+    // False where a box holds no number: the chart is as it was then. A redraw says so.
     bool PlotLossGraph(bool redrawChart);
     // Before it is shown where it was made earlier, hidden.
     void BringUpToDate();

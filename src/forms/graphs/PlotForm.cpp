@@ -1,6 +1,7 @@
 #include "forms/graphs/PlotForm.h"
 
 #include <array>
+#include <utility>
 
 #include "controls/Hourglass.h"
 #include "engine/CurveData.h"
@@ -114,6 +115,10 @@ bool PlotForm::TakeUnitsAfresh() {
     return true;
 }
 
+void PlotForm::TellRefusal() {
+    if (std::exchange(refusalUntold_, false)) Run([this] { ReadInputs(); });
+}
+
 PlotForm::Inputs PlotForm::Entered() const {
     return {txthm.Text(),       txthb.Text(),      txtFreq.Text(),  cmbareatype.Text(),
             cmbcitysize.Text(), txtPctTime.Text(), txtPctLoc.Text()};
@@ -171,10 +176,10 @@ void PlotForm::SetMaxDist(double maxDist, MenuItem& at100, MenuItem& at300) {
     at300.SetChecked(maxDist == 300.0);
 }
 
-std::optional<ModelInputs> PlotForm::ReadInputs() {
-    const auto f = ReadPositiveBox(txtFreq, Label3, *this);
-    const auto hb = f ? ReadPositiveBox(txthb, baseAntenna_, *this) : f;
-    const auto hm = hb ? ReadPositiveBox(txthm, Label9, *this) : hb;
+std::optional<ModelInputs> PlotForm::ReadInputs(BoxReader read) {
+    const auto f = read(txtFreq, Label3, *this);
+    const auto hb = f ? read(txthb, baseAntenna_, *this) : f;
+    const auto hm = hb ? read(txthm, Label9, *this) : hb;
     if (!hm) return std::nullopt;
     const double height = mnuUnitsEnglish.Checked() ? MetresPerFoot : 1.0;
     return ModelInputs{.f = *f,
@@ -190,7 +195,8 @@ std::optional<ModelInputs> PlotForm::ReadInputs() {
 bool PlotForm::Plot(bool redrawChart, int first, int last) {
     const Hourglass hourglass(*this);
     GetPlatform().windows.Yield();
-    const auto inputs = ReadInputs();
+    const auto inputs = ReadInputs(redrawChart ? ReadPositiveBox : ReadPositiveBoxQuietly);
+    refusalUntold_ = !inputs && !redrawChart;
     if (!inputs) return false;
     if (redrawChart)
         for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/graphs/Chart.h"
+#include "forms/shared/BoxRule.h"
 #include "models/ModelInputs.h"
 
 namespace vardel {
@@ -71,7 +72,10 @@ public:
 
     // The boxes in metric units, for a distance of 0. Nothing, after a message, where a box holds
     // no number.
-    std::optional<ModelInputs> ReadInputs();
+    std::optional<ModelInputs> ReadInputs(BoxReader read = ReadPositiveBox);
+    // Before it is shown: the message of a first plot that found no numbers. A form that a unit
+    // switch makes may never be opened, and says nothing.
+    void TellRefusal();
 
     // Gives the main form what was changed here: each of these writes is an edit there. What was
     // not changed is left alone, since the main form may have moved on while this form was hidden.
@@ -82,8 +86,9 @@ public:
 protected:
     PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names);
 
-    // The whole plot. The series from first to last of an earlier one are hidden before a redraw.
-    // False, after a message, where a box holds no number: the chart is as it was then.
+    // The whole plot. The series from first to last of an earlier one are hidden before a redraw;
+    // the first plot, of the form's loading, draws none. False, after a message unless it is the
+    // first, where a box holds no number: the chart is as it was then.
     bool Plot(bool redrawChart, int first, int last);
     // Curves, scales and titles of a plot.
     virtual void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) = 0;
@@ -118,6 +123,7 @@ private:
     void cmbareatype_Click();
     void cmdUpdateGraph_Click();
 
+    bool refusalUntold_ = false;
     Inputs unchanged_;  // as the main form and this one had them alike
 };
 

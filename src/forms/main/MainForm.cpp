@@ -108,13 +108,25 @@ void MainForm::WireEvents() {
     mnuCalculationCalculate.Click = [this] { cmdLossCalc_Click(); };
 }
 
+namespace {
+
+// The program may be closed while the form loads, and under its message.
+template <class Graph>
+void OpenGraph(Doors& doors, FormSlot<Graph>& slot) {
+    Graph& form = *slot;
+    if (!doors.MainForm.Loaded()) return;
+    form.TellRefusal();
+    if (doors.MainForm.Loaded() && slot.Loaded()) slot->ShowModal();
+}
+
+}  // namespace
+
 // A first plot yields, when an impatient second pick or the end of the program may come.
 void MainForm::ShowLossGraph() {
     if (doors_.GraphForm.Loading()) return;
     if (doors_.GraphForm.Loaded()) doors_.GraphForm->BringUpToDate();
     if (!doors_.MainForm.Loaded()) return;
-    GraphForm& form = *doors_.GraphForm;
-    if (doors_.MainForm.Loaded()) form.ShowModal();
+    OpenGraph(doors_, doors_.GraphForm);
 }
 
 // A form that a unit switch has made stands ready with its inputs, but with the graph of its
@@ -125,8 +137,7 @@ void MainForm::ShowFieldStrengthGraph(FieldStrengthGraph graph) {
     shared_.GraphMode = graph;
     if (made) doors_.FrmOkumFieldStrength->BringUpToDate();
     if (!doors_.MainForm.Loaded()) return;
-    FrmOkumFieldStrength& form = *doors_.FrmOkumFieldStrength;
-    if (doors_.MainForm.Loaded()) form.ShowModal();
+    OpenGraph(doors_, doors_.FrmOkumFieldStrength);
 }
 
 }  // namespace vardel

@@ -44,4 +44,9 @@ std::optional<double> ReadPositiveBox(const TextBox& box, const Label& caption, 
     return Refuse(box, caption, " must be above zero", form);
 }
 
+std::optional<double> ReadPositiveBoxQuietly(const TextBox& box, const Label&, Form&) {
+    const auto number = WholeTextNumber(box.Text());
+    return number && *number > 0.0 ? number : std::nullopt;
+}
+
 }  // namespace vardel

@@ -35,6 +35,8 @@ void ApplyAreaRule(const ComboBox& area, ComboBox& city);
 std::optional<double> ReadNumberBox(const TextBox& box, const Label& caption, Form& form);
 // As ReadNumberBox, and the number is above zero, as the models want it.
 std::optional<double> ReadPositiveBox(const TextBox& box, const Label& caption, Form& form);
+// As ReadPositiveBox, with no message.
+std::optional<double> ReadPositiveBoxQuietly(const TextBox& box, const Label&, Form&);
 using BoxReader = decltype(&ReadNumberBox);
 
 }  // namespace vardel

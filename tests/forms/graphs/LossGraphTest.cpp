@@ -221,6 +221,22 @@ TEST_F(LossGraph, AStartInEnglishUnitsPlotsFeetOfTheStoredArea) {
     EXPECT_EQ(next.MainForm->txthb.Text(), "328.084");
 }
 
+TEST_F(LossGraph, AFormTellsOfItsInputsWhenItIsOpenedAndNotWhenASwitchMakesIt) {
+    Main().mnuUnitsEnglish.Pick();
+    Main().txtFreq.SetText("none");
+    Main().mnuFileExit.Pick();
+    Program next{platform.Services()};
+    platform.TakeMessages();
+    next.Start();
+    EXPECT_THAT(platform.TakeMessages(), ElementsAre(testing::HasSubstr("Cannot find file")));
+    next.GraphForm->Unload();  // so that its opening makes it
+    for (MenuItem* entry : {&next.MainForm->mnuGraphdBloss, &next.MainForm->mnuGraphCompare}) {
+        entry->Pick();
+        EXPECT_THAT(platform.TakeMessages(),
+                    ElementsAre("Frequency must be a number, not \"none\""));
+    }
+}
+
 TEST_F(LossGraph, SavingAndCopying) {
     platform.saveChoice = SaveChoice{platform.folder.Path("graph.wmf"), 1};
     Graph().mnuFileSave.Pick();
