@@ -141,6 +141,7 @@ struct Platform {
     Printers& printers;
     Clock& clock;
     std::string applicationTitle;
+    std::string applicationVersion;
     std::string programDirectory;  // without a separator at its end, as is the next
     std::string stateDirectory;    // the user's own, for what outlives the program
 };

@@ -4,6 +4,7 @@ usage: whole_program.py PROGRAM
 """
 
 import sqlite3
+import subprocess
 import sys
 import time
 import unittest
@@ -85,6 +86,12 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(metafile[:4], b"\xd7\xcd\xc6\x9a")
 
     # The tests.
+
+    def test_version_and_help_need_no_display(self):
+        for argument, answer in (("--version", r"^Vardel \d+\.\d+\.\d+\n$"),
+                                 ("--help", r"^Usage: vardel .*--version")):
+            told = subprocess.check_output([PROGRAM, argument], env={}, text=True, timeout=20)
+            self.assertRegex(told, answer)
 
     def test_calculations_in_both_units(self):
         user = self.user

@@ -33,8 +33,9 @@ class FakePlatform : public Windows,
                      public Clock {
 public:
     Platform Services() {
-        return {*this, *this, *this,    *this,         *this,
-                *this, *this, "Vardel", folder.Path(), folder.Path("state")};
+        const std::string state = folder.Path("state");
+        return {*this, *this,    *this,   *this,         *this, *this,
+                *this, "Vardel", "1.2.3", folder.Path(), state};
     }
 
     void Show(Form& form) override { shown.push_back(form.Name()); }

@@ -12,6 +12,7 @@ AboutForm::AboutForm(Platform& platform)
     Line1.SetForeColor(Teal);
     Image1.SetPictureFile(platform.programDirectory + "/about.bmp");
     Image1.SetStateText("A radio mast on a hill sends its waves over a city and a car");
+    lblVersion.SetCaption("Version " + platform.applicationVersion);
     cmdOK.Click = [this] { Unload(); };
 }
 

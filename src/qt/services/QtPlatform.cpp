@@ -114,6 +114,7 @@ Platform QtPlatform::Services() {
             printers_,
             *this,
             FromQt(QApplication::applicationName()),
+            FromQt(QApplication::applicationVersion()),
             FromQt(QApplication::applicationDirPath()),
             FromQt(StateDirectory())};
 }

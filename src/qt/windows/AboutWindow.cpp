@@ -25,7 +25,7 @@ AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
 
     auto* picture = new QLabel;
     binder.Bind(form.Image1, *picture);
-    grid->addWidget(picture, 0, 0, 7, 1);
+    grid->addWidget(picture, 0, 0, 8, 1);
     grid->setRowStretch(0, 1);
     QLabel* name = AddLabel(form.Label1, *grid, 1, 1, {});
     MakeTitle(*name);
@@ -37,10 +37,11 @@ AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
     binder.Bind(form.Line1, *line);
     grid->addWidget(line, 2, 1);
     AddLabel(form.Label3, *grid, 3, 1);
-    grid->setRowStretch(4, 1);
+    AddLabel(form.lblVersion, *grid, 4, 1);
+    grid->setRowStretch(5, 1);
     QPushButton* ok = MakeButton(form.cmdOK);
-    grid->addWidget(ok, 5, 1, Qt::AlignRight);
-    grid->setRowMinimumHeight(6, Margin / 2);
+    grid->addWidget(ok, 6, 1, Qt::AlignRight);
+    grid->setRowMinimumHeight(7, Margin / 2);
     setCentralWidget(center);
     setFixedSize(sizeHint());
     LeaveBy(*ok);

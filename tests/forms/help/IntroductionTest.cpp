@@ -42,7 +42,7 @@ TEST_F(Introduction, TheCheckBoxDecidesAboutTheNextStart) {
     EXPECT_FALSE(ShownAtStart(true)) << "the host's user has come for a calculation";
 }
 
-TEST_F(Introduction, TheTableReadsAsItsMarksSay) {
+TEST_F(Introduction, TheTableReadsAsItsMarksSayAndTheVersionIsTold) {
     frmInfoScreen& form = *program.frmInfoScreen;
     std::vector<std::string> read;
     for (Label* head : form.ColumnHeads()) read.push_back(form.HeadAsRead(*head));
@@ -57,6 +57,7 @@ TEST_F(Introduction, TheTableReadsAsItsMarksSay) {
                                   "d> 100km; hb ≤200m: Davidson Davidson X",
                                   "d> 100km; hb >200m: Davidson Davidson X"));
     EXPECT_EQ(form.Label1.Caption(), "30 < Freq < 150");
+    EXPECT_EQ(program.AboutForm->lblVersion.Caption(), "Version 1.2.3");
 }
 
 }  // namespace
