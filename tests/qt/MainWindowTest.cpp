@@ -212,6 +212,41 @@ TEST_F(MainWindowTest, TheRangeHintLastsAsLongAsTheMouseOrTheKeysAreHeld) {
     EXPECT_EQ(box.text(), "450.0");
 }
 
+TEST_F(MainWindowTest, AKeyOfARangeHintIsNoInputUntilItIsReleased) {
+    const struct {
+        Qt::Key key, bare;  // while Ctrl is held, and once that and Shift are let go of
+        Qt::KeyboardModifiers held;
+        const char *text, *hint;
+    } cases[] = {
+        {Qt::Key_1, Qt::Key_1, Qt::ControlModifier, "1", "ITU 529>"},
+        {Qt::Key_2, Qt::Key_2, Qt::ControlModifier | Qt::KeypadModifier, "2", "Davidson>"},
+        {Qt::Key_3, Qt::Key_QuoteDbl, Qt::ControlModifier | Qt::ShiftModifier, "\"", "Cost 231>"},
+    };
+    auto& hint = Widget<QLabel>("lblHelpRange");
+    for (const char* name : {"cmbareatype", "txtFreq"}) {
+        Widget<QWidget>(name).setFocus();
+        for (const auto& c : cases) {
+            const auto send = [&](QEvent::Type type, quint64 time, bool ctrl, bool repeat = false) {
+                QKeyEvent event(type, ctrl ? c.key : c.bare, ctrl ? c.held : Qt::NoModifier, 12, 0,
+                                0, c.text, repeat);
+                event.setTimestamp(time);
+                QApplication::sendEvent(&Widget<QWidget>(name), &event);
+            };
+            send(QEvent::KeyPress, 100, true);
+            send(QEvent::KeyPress, 700, false, true);
+            send(QEvent::KeyRelease, 740, false);  // of a repeat, which X11 leaves to be told by
+            send(QEvent::KeyPress, 740, false);    // the time
+            QTest::qWait(100);
+            EXPECT_TRUE(hint.text().startsWith(c.hint)) << name << ' ' << hint.text().toStdString();
+            send(QEvent::KeyRelease, 780, false);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return hint.text().isEmpty(); })) << c.hint;
+        }
+    }
+    EXPECT_EQ(Main().txtFreq.Text(), "450.0");
+    QTest::keyClick(&Widget<QLineEdit>("txtFreq"), Qt::Key_1);
+    EXPECT_EQ(Main().txtFreq.Text(), "450.01") << "a stroke of its own";
+}
+
 TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
     for (auto* box : Window().findChildren<QLineEdit*>())
         EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();

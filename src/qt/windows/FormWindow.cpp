@@ -143,7 +143,10 @@ void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys, std::function<
     for (const QKeySequence& key : keys) {
         auto* shortcut = new QShortcut(key, this);
         shortcut->setAutoRepeat(false);
-        QObject::connect(shortcut, &QShortcut::activated, this, action);
+        QObject::connect(shortcut, &QShortcut::activated, this, [this, key, action] {
+            heldKeys.Hold(key[0].key());
+            action();
+        });
     }
 }
 
@@ -151,6 +154,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter || event->isAutoRepeat()) return QMainWindow::keyPressEvent(event);
     event->accept();
+    heldKeys.Hold(*event);
     PressEnter();
 }
 

@@ -6,6 +6,7 @@
 
 #include "controls/Form.h"
 #include "qt/windows/Binder.h"
+#include "qt/windows/HeldKeys.h"
 
 class QGridLayout;
 class QPushButton;
@@ -64,6 +65,7 @@ protected:
     void LeaveBy(QPushButton& button);
 
     Binder binder;
+    HeldKeys heldKeys;
 
 private:
     void ShowProperties();

@@ -1,6 +1,5 @@
 #include "qt/windows/MainWindow.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -40,42 +39,44 @@ MainWindow::MainWindow(MainForm& form)
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_L && event->modifiers() == Qt::ControlModifier &&
-        binder.IsAlive()) {
-        tables_->DblClick.Raise();
-        return;
-    }
-    const int column = event->key() - Qt::Key_1;
-    const bool isHead = column >= 0 && column < static_cast<int>(heads_.size());
-    if (!isHead || event->modifiers() != Qt::ControlModifier || !binder.IsAlive()) {
-        FormWindow::keyPressEvent(event);
-        return;
-    }
-    if (event->isAutoRepeat() || heldKey_ != 0) return;
-    heldKey_ = event->key();
-    qApp->installEventFilter(this);
-    heads_[static_cast<std::size_t>(column)]->MouseDown.Raise();
+    if (!IsCommand(*event)) FormWindow::keyPressEvent(event);
 }
 
-// While a key is held: its release may come to any widget.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyRelease) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == heldKey_ && !key->isAutoRepeat()) EndHeldHint();
-    }
+    if (event->type() == QEvent::KeyPress && IsCommand(*static_cast<QKeyEvent*>(event)))
+        return true;
     return FormWindow::eventFilter(watched, event);
 }
 
-// The release of a key that is let go in another window comes there.
+bool MainWindow::IsCommand(QKeyEvent& press) {
+    if (!binder.IsAlive()) return false;
+    // On some keyboards a digit needs Shift; on the others, with Shift, its key gives none.
+    const auto modifiers = press.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (modifiers != Qt::ControlModifier) return false;
+    const int column = press.key() - Qt::Key_1;
+    const bool isHead = column >= 0 && column < static_cast<int>(heads_.size());
+    if (!isHead && press.key() != Qt::Key_L) return false;
+    if (press.isAutoRepeat()) return true;
+    heldKeys.Hold(press, [this, key = press.key()] {
+        if (key == hintKey_) EndHeldHint();
+    });
+    if (!isHead) {
+        tables_->DblClick.Raise();
+    } else if (hintKey_ == 0) {
+        hintKey_ = press.key();
+        heads_[static_cast<std::size_t>(column)]->MouseDown.Raise();
+    }
+    return true;
+}
+
+// The release of a key that is let go in another program does not come here.
 void MainWindow::changeEvent(QEvent* event) {
     FormWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && !isActiveWindow()) EndHeldHint();
 }
 
 void MainWindow::EndHeldHint() {
-    if (std::exchange(heldKey_, 0) == 0) return;
-    qApp->removeEventFilter(this);
-    if (binder.IsAlive()) heads_[0]->MouseUp.Raise();
+    if (std::exchange(hintKey_, 0) != 0 && binder.IsAlive()) heads_[0]->MouseUp.Raise();
 }
 
 std::pair<QGroupBox*, QGridLayout*> MainWindow::MakeGroup(Frame& frame) {
@@ -190,6 +191,7 @@ void MainWindow::SetTabOrder() {
           "cmdLossCalc", "txtPctLoc", "txtPctTime", "cmbPowerUnit"}) {
         auto* widget = findChild<QWidget*>(name);
         if (before != nullptr) setTabOrder(before, widget);
+        widget->installEventFilter(this);
         before = widget;
     }
 }

@@ -19,13 +19,15 @@ public:
     explicit MainWindow(MainForm& form);
 
 protected:
-    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
-    // what a double click on the head of the field strengths is.
     void keyPressEvent(QKeyEvent* event) override;
+    // Of the controls, which would take some of these keys as input.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
+    // what a double click on the head of the field strengths is. False for any other key.
+    bool IsCommand(QKeyEvent& press);
     void EndHeldHint();
 
     std::pair<QGroupBox*, QGridLayout*> MakeGroup(Frame& frame);
@@ -44,7 +46,7 @@ private:
 
     std::array<Label*, 3> heads_;
     Label* tables_;
-    int heldKey_ = 0;  // 0: none
+    int hintKey_ = 0;  // that holds a hint; 0: none
 };
 
 }  // namespace vardel
