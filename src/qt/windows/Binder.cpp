@@ -17,6 +17,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <cmath>
+#include <utility>
 
 #include "qt/services/Convert.h"
 
@@ -38,6 +39,13 @@ void CompleteLostPress(const QWidget& window) {
             if (button->isDown() && !pressed) button->click();
         },
         Qt::QueuedConnection);
+}
+
+// The box that Tab has reached is selected as it gets the focus; but where a message box comes
+// between, it gets it from that.
+void SelectReached(const QWidget& window, Qt::FocusReason reason) {
+    if (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) return;
+    if (auto* edit = qobject_cast<QLineEdit*>(window.focusWidget())) edit->selectAll();
 }
 
 // Raises LostFocus when the focus goes to another control of the window. A menu, a pop-up list, a
@@ -64,6 +72,7 @@ public:
         allSelected_ = false;
         box_.LostFocus.Raise();
         CompleteLostPress(*edit->window());
+        SelectReached(*edit->window(), static_cast<QFocusEvent*>(event)->reason());
         return false;
     }
 
@@ -83,20 +92,28 @@ public:
         // A widget that takes the press has the mouse until the release, wherever that comes.
         switch (event->type()) {
             case QEvent::MouseButtonPress:
+                pressed_ = true;
                 doubleClicked_ = false;
                 label_.MouseDown.Raise();
                 return true;
             case QEvent::MouseButtonRelease: {
+                if (!std::exchange(pressed_, false)) return true;
                 const bool click = !doubleClicked_ && IsOn(watched, *event);
                 label_.MouseUp.Raise();
                 if (*alive_ && click) label_.Click.Raise();
                 return true;
             }
             case QEvent::MouseButtonDblClick:
+                pressed_ = true;
                 doubleClicked_ = true;  // its release is no click of its own
                 label_.MouseDown.Raise();
                 if (*alive_) label_.DblClick.Raise();
                 return true;
+            // The release comes to what has come up.
+            case QEvent::WindowBlocked:
+            case QEvent::WindowDeactivate:
+                if (std::exchange(pressed_, false)) label_.MouseUp.Raise();
+                return false;
             default:
                 return false;
         }
@@ -116,7 +133,24 @@ private:
 
     Label& label_;
     Alive alive_;
+    bool pressed_ = false;
     bool doubleClicked_ = false;
+};
+
+// A turn of the wheel that passes over a list scrolls what the list lies on, and picks no entry.
+class WheelFilter : public QObject {
+public:
+    explicit WheelFilter(QComboBox& list) : QObject(&list) {
+        list.setFocusPolicy(Qt::StrongFocus);  // which the wheel does not give
+        list.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
 };
 
 void SetColors(QWidget& widget, const Control& control) {
@@ -176,6 +210,7 @@ void Binder::Bind(TextBox& box, QLineEdit& edit) {
 }
 
 void Binder::Bind(ComboBox& list, QComboBox& combo) {
+    new WheelFilter(combo);
     for (const ComboBox::Item& item : list.Items()) combo.addItem(ToQt(item.text));
     Show(list, [this, &list, &combo] {
         const QSignalBlocker programWrites(combo);
@@ -204,6 +239,7 @@ std::function<void()> Binder::AtPace(Pace pace, QWidget& widget, std::function<v
 }
 
 void Binder::Bind(TextComboBox& list, QComboBox& combo) {
+    new WheelFilter(combo);
     combo.setEditable(true);
     combo.setInsertPolicy(QComboBox::NoInsert);
     Show(list, [this, &list, &combo] {

@@ -124,6 +124,7 @@ public:
 void FormWindow::SetScrolledContent(QWidget& content) {
     auto* area = new ContentArea;
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);  // a click on the ground leaves no box
     area->setWidgetResizable(true);
     area->setWidget(&content);
     setCentralWidget(area);
