@@ -263,16 +263,29 @@ void Binder::Bind(TextComboBox& list, QComboBox& combo) {
 }
 
 void Binder::Bind(Label& label, QLabel& widget, Pace pace) {
+    BindLabel(label, widget, pace, [] {});
+}
+
+void Binder::BindValue(Label& value, QLabel& widget, const std::string& what, const Label& unit) {
+    BindLabel(value, widget, Pace::AtOnce, [&value, &widget, &unit, what = ToQt(what)] {
+        const QString shown = ToQt(value.Caption() + ' ' + unit.Caption()).simplified();
+        widget.setAccessibleName(value.Caption().empty() ? what : what + ": " + shown);
+    });
+}
+
+void Binder::BindLabel(Label& label, QLabel& widget, Pace pace, std::function<void()> alsoShow) {
     widget.setTextFormat(Qt::PlainText);
     widget.setAutoFillBackground(true);
     const auto showCaption = [&label, &widget] {
         widget.setText(ToQt(label.Caption()).trimmed());  // the layout does the spacing
     };
     showCaption();
-    Show(label, [this, &label, &widget, captionChanged = AtPace(pace, widget, showCaption)] {
+    Show(label, [this, &label, &widget, captionChanged = AtPace(pace, widget, showCaption),
+                 alsoShow = std::move(alsoShow)] {
         BindCommon(label, widget);
         SetColors(widget, label);
         captionChanged();
+        alsoShow();
         if (!label.StateText().empty()) widget.setAccessibleDescription(ToQt(label.StateText()));
     });
     widget.installEventFilter(new MouseFilter(label, alive_, widget));

@@ -39,6 +39,8 @@ public:
     // The list becomes one that can be typed into.
     void Bind(TextComboBox& list, QComboBox& combo);
     void Bind(Label& label, QLabel& widget, Pace pace = Pace::AtOnce);
+    // A screen reader hears what the value is of, the value and its unit.
+    void BindValue(Label& value, QLabel& widget, const std::string& what, const Label& unit);
     void Bind(Button& button, QAbstractButton& widget);
     void Bind(Frame& frame, QGroupBox& group);
     void Bind(Line& line, QFrame& widget);
@@ -57,6 +59,8 @@ public:
 
 private:
     void BindCommon(Control& control, QWidget& widget);
+    // Shows the label, and says by alsoShow what it shows.
+    void BindLabel(Label& label, QLabel& widget, Pace pace, std::function<void()> alsoShow);
     void BindEntries(MenuItem& menu, QMenu& shown);
     void BindEntry(MenuItem& entry, QMenu& menu);
     void BindLine(Control& control, QFrame& widget);

@@ -20,6 +20,31 @@ constexpr int Margin = 12;
 constexpr int Gap = 8;
 constexpr int ColumnGap = 28;
 
+// Its text can be selected by the mouse. It takes the focus, in which it can be copied by keys,
+// only then: a mere click on it leaves no box.
+class ResultLabel : public QLabel {
+public:
+    ResultLabel() {
+        MakeBold(*this);
+        setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setMargin(4);
+        setMinimumWidth(WidthOf(*this, 18));
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QLabel::mouseReleaseEvent(event);
+        if (hasSelectedText()) setFocus(Qt::MouseFocusReason);
+    }
+    void mouseDoubleClickEvent(QMouseEvent*) override {
+        setSelection(0, static_cast<int>(text().size()));
+        setFocus(Qt::MouseFocusReason);
+    }
+};
+
 }  // namespace
 
 MainWindow::MainWindow(MainForm& form)
@@ -133,13 +158,11 @@ void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int ro
         const int column = 2 + 3 * static_cast<int>(i);
         AddLabel(*labels.models[i], grid, row, column)
             ->setAccessibleDescription(QString("Hold Ctrl+%1 to see the range").arg(i + 1));
-        auto* value = AddLabel(*labels.values[i], grid, row + 1, column, {});
-        value->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        value->setMargin(4);
-        value->setMinimumWidth(WidthOf(*value, 18));
-        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        value->setAccessibleName(ToQt(labels.head.Caption() + ", " + labels.models[i]->Caption()));
+        auto* value = new ResultLabel;
+        binder.BindValue(*labels.values[i], *value,
+                         labels.head.Caption() + ", " + labels.models[i]->Caption(),
+                         *labels.units[i]);
+        grid.addWidget(value, row + 1, column);
         AddLabel(*labels.units[i], grid, row + 1, column + 1);
         grid.setColumnStretch(column, 1);
     }
