@@ -285,6 +285,19 @@ TEST_F(MainWindowTest, TheWheelChangesOnlyTheListWithTheFocus) {
     }
 }
 
+TEST_F(MainWindowTest, TheFocusAndNoEmptyHintShowsOnTheGround) {
+    const auto colorAt = [&](const char* name, int x, int y) {
+        const QPoint point = Widget<QWidget>(name).mapTo(&Window(), QPoint(x, y));
+        return Window().grab().toImage().pixelColor(point);
+    };
+    EXPECT_EQ(colorAt("lblHelpRange", 5, 5), colorAt("lblHelpRange", 5, -3));
+    for (const char* name : {"cmbareatype", "cmdLossCalc", "cmbPowerUnit"}) {
+        EXPECT_NE(colorAt(name, 50, -4), QColor(Qt::white)) << name;
+        Widget<QWidget>(name).setFocus();
+        EXPECT_EQ(colorAt(name, 50, -4), QColor(Qt::white)) << name;
+    }
+}
+
 TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
     for (auto* box : Window().findChildren<QLineEdit*>())
         EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();

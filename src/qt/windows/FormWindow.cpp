@@ -85,6 +85,8 @@ QLabel* FormWindow::AddLabel(Label& label, QGridLayout& grid, int row, int colum
     if (labelFont_ == LabelFont::Bold) MakeBold(*widget);
     grid.addWidget(widget, row, column, alignment);
     binder.Bind(label, *widget);
+    // The ground shows as it is, with what a frame shades it by.
+    if (label.BackColor() == form_->BackColor()) widget->setAutoFillBackground(false);
     return widget;
 }
 

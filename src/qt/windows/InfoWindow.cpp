@@ -59,6 +59,7 @@ QWidget* InfoWindow::MakeTable(frmInfoScreen& form) {
 
     const auto addCell = [&](Label& label, int row, int column, bool head) {
         QLabel* cell = AddLabel(label, *grid, row, column, {});
+        cell->setAutoFillBackground(true);
         cell->setMargin(CellMargin);
         cell->setAlignment(column == 0 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
         if (head) {

@@ -11,6 +11,7 @@
 
 #include "forms/main/MainForm.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/FocusRing.h"
 
 namespace vardel {
 
@@ -59,6 +60,7 @@ MainWindow::MainWindow(MainForm& form)
     column->addWidget(MakeResults(form));
     column->addStretch(1);
     SetScrolledContent(*center);
+    new FocusRing(*this);
     SetTabOrder();
     FocusFirst(form.txtFreq);
 }
@@ -196,7 +198,7 @@ QWidget* MainWindow::MakeResults(MainForm& form) {
 QWidget* MainWindow::MakePower(MainForm& form) {
     auto* widget = new QWidget;
     auto* grid = new QGridLayout(widget);
-    grid->setContentsMargins(0, Gap, 0, 0);
+    grid->setContentsMargins(0, Gap, 0, FocusRing::Width);
     grid->setHorizontalSpacing(Gap);
     QLineEdit* power = MakeBox(form.txtPowerUnit, 12);
     AddInput(form.Label24, *power, nullptr, *grid, 0, 0);

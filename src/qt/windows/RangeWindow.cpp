@@ -10,6 +10,7 @@
 
 #include "forms/reports/frmLogDistRange.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/FocusRing.h"
 
 namespace vardel {
 
@@ -57,13 +58,14 @@ RangeWindow::RangeWindow(frmLogDistRange& form)
     setCentralWidget(center);
     setFixedSize(sizeHint());
     SetKeys();
+    new FocusRing(*this);
     FocusFirst(form.txtStart);
 }
 
 QWidget* RangeWindow::MakeInputs(frmLogDistRange& form) {
     auto* panel = new QWidget;
     auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setContentsMargins(0, FocusRing::Width, 0, FocusRing::Width);
     grid->setHorizontalSpacing(Gap);
     constexpr int BoxWidth = 12;
     const struct {
