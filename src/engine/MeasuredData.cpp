@@ -23,12 +23,15 @@ struct Field {
 class FieldReader {
 public:
     explicit FieldReader(std::string_view text) : rest_(text) {
-        constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-        if (rest_.starts_with(ByteOrderMark)) rest_.remove_prefix(ByteOrderMark.size());
+        Take("\xEF\xBB\xBF");  // a byte order mark
+        CutEndMark();
     }
 
-    // Nothing at the end of the text.
-    std::optional<Field> Next();
+    enum class Place { BetweenGroups, InGroup };
+
+    // Nothing at the end of the text. In a group, empty fields at the end of a line are a fault as
+    // well: what comes on the next line would be taken in their place.
+    std::optional<Field> Next(Place place);
 
     // Of the field last taken: where a text breaks off, not where its blank lines end.
     int Line() const { return lastLine_; }
@@ -42,15 +45,26 @@ private:
         rest_.remove_prefix(start.size());
         return true;
     }
+    void CutEndMark();
     std::string_view TakePlain();
     std::string_view TakeQuoted();
 
     std::string_view rest_;
+    bool commaTaken_ = false;  // behind the field last taken
     int line_ = 1;
     int lastLine_ = 1;
 };
 
-std::optional<Field> FieldReader::Next() {
+// Programs of the time of DOS end a text with a Ctrl-Z, or fill it up with them.
+void FieldReader::CutEndMark() {
+    constexpr char CtrlZ = '\x1A';
+    std::size_t end;
+    while ((end = rest_.find_last_not_of(" \t\r\n")) != rest_.npos && rest_[end] == CtrlZ)
+        rest_ = rest_.substr(0, end);
+}
+
+std::optional<Field> FieldReader::Next(Place place) {
+    const auto fail = [this] { throw MeasuredFault{line_, "a field is empty."}; };
     bool gap = false;
     for (;;) {
         SkipBlanks();
@@ -58,17 +72,18 @@ std::optional<Field> FieldReader::Next() {
         if (Take(",")) {
             gap = true;
         } else if (Take("\r\n") || Take("\n") || Take("\r")) {
+            if (place == Place::InGroup && (gap || commaTaken_)) fail();
             gap = false;
             ++line_;
         } else {
             break;
         }
     }
-    if (gap) throw MeasuredFault{line_, "a field is empty."};
+    if (gap) fail();
     lastLine_ = line_;
     const std::string_view text = rest_.front() == '"' ? TakeQuoted() : TakePlain();
     SkipBlanks();
-    Take(",");
+    commaTaken_ = Take(",");
     return Field{text, line_};
 }
 
@@ -89,6 +104,23 @@ std::string_view FieldReader::TakeQuoted() {
     if (!rest_.empty() && std::string_view(",\r\n").find(rest_.front()) == std::string_view::npos)
         throw MeasuredFault{line_, "a comma is missing behind a quoted text."};
     return text;
+}
+
+bool EqualButForCase(std::string_view a, std::string_view b) {
+    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : +c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return upper(x) == upper(y); });
+}
+
+// Names what spreadsheets of other settings write, and else what should be a number.
+std::string NoNumberFault(std::string_view text, const std::string& what) {
+    using namespace std::string_view_literals;
+    const auto has = [text](std::string_view part) { return text.find(part) != text.npos; };
+    if (EqualButForCase(text.substr(0, 4), "sep=")) return "a \"sep=\" line is no data.";
+    if (has("\0"sv) && !has("\0\0"sv)) return "the text is in UTF-16 instead of UTF-8.";
+    if (has(";")) return "semicolons stand between the fields instead of commas.";
+    if (has("\t")) return "tabs stand between the fields instead of commas.";
+    return what + " is not a number.";
 }
 
 class MeasuredParser {
@@ -113,7 +145,7 @@ private:
 };
 
 void MeasuredParser::Parse() {
-    while (const auto first = fields_.Next()) {
+    while (const auto first = fields_.Next(FieldReader::Place::BetweenGroups)) {
         const double x = Number(*first, "a distance");
         if (x == 0.0) {
             EndTable();
@@ -127,7 +159,7 @@ void MeasuredParser::Parse() {
 }
 
 Field MeasuredParser::Need(const std::string& what) {
-    const auto field = fields_.Next();
+    const auto field = fields_.Next(FieldReader::Place::InGroup);
     if (!field)
         throw MeasuredFault{fields_.Line(), "the file ends where " + what + " should follow."};
     return *field;
@@ -135,7 +167,7 @@ Field MeasuredParser::Need(const std::string& what) {
 
 double MeasuredParser::Number(const Field& field, const std::string& what) {
     const auto x = WholeTextNumber(field.text);
-    if (!x) throw MeasuredFault{field.line, what + " is not a number."};
+    if (!x) throw MeasuredFault{field.line, NoNumberFault(field.text, what)};
     return *x;
 }
 
@@ -177,12 +209,6 @@ void MeasuredParser::EndTable() {
     for (int c = 0; c < segment_->HeightCount; ++c) segment_->RowValue[rows_][c] = MeasuredEndMark;
     table_.push_back(std::move(*segment_));
     segment_.reset();
-}
-
-bool EqualButForCase(std::string_view a, std::string_view b) {
-    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : +c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return upper(x) == upper(y); });
 }
 
 }  // namespace

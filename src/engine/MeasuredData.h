@@ -43,7 +43,8 @@ struct MeasuredFault {
 
 // Puts the tables of the text into table: with a fault, those that ended before it, and where there
 // are none, an empty one of a frequency of -1. Empty fields at the end of a line, with which
-// spreadsheets fill their rows up, are no fields; elsewhere an empty field is a fault. Takes linear
+// spreadsheets fill their rows up, are no fields where a head or row is complete; elsewhere an
+// empty field is a fault. Takes linear
 // time. A table of a few characters takes as much memory as a full one, so there may be 32768 of
 // them, which is 150 MB, and no more.
 std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTable& table);

@@ -40,6 +40,7 @@ TEST(MeasuredData, OnlyTheSequenceOfFieldsCounts) {
              "0\n450\n.5\nUrban\n1.50\n2\n30\n100\n\n1\n90.5\n95\n2.5\n-80\n85\n\n\n",
              "-0, 4.5e2 ,\t0.5\t, \"Urban\" ,+1.5, 2.0,30 ,100 \n \n1,90.5,95\n2.5,-80,85 \n\t",
              "0,450,0.5,Urban\n1.5,2,30,100,\n1,90.5,95,,,,,\r\n, ,,\r\n2.5,-80,85,,",
+             "0,450,0.5,Urban,1.5,2,30,100\r\n1,90.5,95\r\n2.5,-80,85\x1A\r\n\x1A\x1A",
          })
         EXPECT_EQ(MeasuredListing(Parsed(text)), listing) << text;
 }
@@ -58,9 +59,9 @@ TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
         {"0,1,1,U,1,2,30", 1, "the file ends where a base antenna height should follow.", 0},
         {Complete + "0,450,0.5\n\n\n", 4, "the file ends where the area should follow.", 1},
         {Complete + "3,70\r\n", 4, "the file ends where a field strength should follow.", 0},
-        {"0,1,1,U,1,\n0,1,5,5", 2, NoCount, 0},
-        {"0,1,1,U,1,\n7,1,2,3,4,5,6,7", 2, NoCount, 0},
-        {"0,1,1,U,1,\n1.5,1,5,5", 2, NoCount, 0},
+        {"0,1,1,U,1\n0,1,5,5", 2, NoCount, 0},
+        {"0,1,1,U,1\n7,1,2,3,4,5,6,7", 2, NoCount, 0},
+        {"0,1,1,U,1\n1.5,1,5,5", 2, NoCount, 0},
         {"\n1,2,3", 2, "a data row stands before the first table head.", 0},
         {Complete + "\r" + Head + Complete, 5, "a table has no data rows.", 1},
         {Complete + Head, 4, "a table has no data rows.", 1},
@@ -69,6 +70,12 @@ TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
         {Complete + "3,1 2,4", 4, "a field strength is not a number.", 0},
         {Complete + "3,,4", 4, "a field is empty.", 0},
         {Complete + ",3,4,5", 4, "a field is empty.", 0},
+        {Head + "1,90.5,\n2,95,99\n", 2, "a field is empty.", 0},
+        {Head + "1,90.5, ,,\r\n2,95,99\n", 2, "a field is empty.", 0},
+        {"sep=;\n0;450;0,5;Urban\n", 1, "a \"sep=\" line is no data.", 0},
+        {"0;450;0,5;Urban\n", 1, "semicolons stand between the fields instead of commas.", 0},
+        {"0\t450\t0.5\tUrban\n", 1, "tabs stand between the fields instead of commas.", 0},
+        {std::string("\xFF\xFE\x30\0,\0", 6), 1, "the text is in UTF-16 instead of UTF-8.", 0},
         {"0,1,1,\"Urban\n\",", 1, "a quotation mark is not closed.", 0},
         {"0,1,1,\"Ur\"ban,1", 1, "a comma is missing behind a quoted text.", 0},
         {Repeated(Complete, 2) + Head + Repeated("1,2,3\n", 76), 83,
