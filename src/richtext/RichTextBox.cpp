@@ -8,6 +8,7 @@ RichTextBox::RichTextBox(Form& form, std::string name) : Control(form, std::move
 
 void RichTextBox::SetEditor(std::function<Edit()> editor) {
     FetchEdit();
+    if (editor_) cleared_.clear();
     editor_ = std::move(editor);
 }
 
@@ -29,6 +30,14 @@ const RichText& RichTextBox::Content() {
 void RichTextBox::SetContent(RichText content) {
     content_ = std::move(content);
     Changed(0);
+}
+
+void RichTextBox::Clear() {
+    if (!editor_ && content_.Length() > 0) {
+        if (!content_.Text().ends_with("\r\n")) content_.Replace(content_.Length(), 0, "\r\n", {});
+        cleared_.push_back(std::move(content_));
+    }
+    SetContent({});
 }
 
 RichTextBox::Selection RichTextBox::Within(Selection selection) const {

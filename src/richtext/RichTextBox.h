@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "controls/Controls.h"
 #include "richtext/RichText.h"
@@ -46,7 +47,8 @@ public:
     // Puts the text in at the caret in place of what is selected; the caret comes behind it.
     void Insert(std::string_view text);
     void InsertPicture(Picture picture);
-    void Clear() { SetContent({}); }
+    // The user can undo this, also where the text is not seen at the time: see Cleared.
+    void Clear();
 
     // Of all the text; of a fixed pitch, so that columns stay columns.
     const TextFont& Font() const { return font_; }
@@ -62,6 +64,9 @@ public:
     void SetEditor(std::function<Edit()> editor);
     const RichText& HeldContent() const { return content_; }
     Selection HeldSelection() const { return selection_; }
+    // What was cleared away while there was no editor, in its order and each with a line end: the
+    // next editor brings it back in front of the text by one undo, and takes it along when it goes.
+    const std::vector<RichText>& Cleared() const { return cleared_; }
     // Grows with every write of the program, so that the view knows when to read again.
     unsigned long Revision() const { return revision_; }
     // Grows with those of them that are not of the selection alone.
@@ -76,6 +81,7 @@ private:
     void Changed(std::size_t caret);
 
     RichText content_;
+    std::vector<RichText> cleared_;
     Selection selection_;
     TextStyle style_;
     TextFont font_{"Courier New", 8.25};

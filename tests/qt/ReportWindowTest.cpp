@@ -14,6 +14,7 @@
 #include "qt/services/PictureConvert.h"
 #include "qt/services/QtPlatform.h"
 #include "qt/windows/RichTextEdit.h"
+#include "forms/reports/frmLogDistRange.h"
 
 namespace vardel {
 namespace {
@@ -109,6 +110,22 @@ TEST_F(ReportWindowTest, TheButtonsWorkOnWhatTheUserSees) {
         Edit().undo();
     });
     EXPECT_EQ(Log().Text(), program.ReportLog().Title() + "\r\nabc") << "a clearing is undone";
+}
+
+TEST_F(ReportWindowTest, WhatAReportClearedComesBackInFrontOfItsLinesByOneUndo) {
+    program.ReportLog().Add("a note without a line end");
+    const std::string before = Log().Text() + "\r\n";
+    program.frmLogDistRange->cmdLogDistRange.Press();
+    const std::string first = Log().Text();
+    program.frmLogDistRange->cmdLogDistRange.Press();
+    const std::string second = Log().Text();
+    WhileOpen([&] {
+        EXPECT_EQ(Log().Text(), second);
+        Edit().undo();
+        EXPECT_TRUE(Log().Content().Stretches().front().style.bold);
+    });
+    EXPECT_EQ(Log().Text(), before + first + second);
+    WhileOpen([&] { EXPECT_FALSE(Edit().document()->isUndoAvailable()); });
 }
 
 TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {

@@ -93,13 +93,15 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
     filled->setDefaultFont(font());
     filled->setDocumentMargin(Margin);
     filled->setUndoRedoEnabled(false);
-    filled->setPlainText(WithShortLineEnds(content.Text()));
     pictures_.clear();
     QTextCursor cursor(filled);
-    cursor.beginEditBlock();
-    ShowStyles(*filled, 0, content);
-    cursor.endEditBlock();
+    for (const RichText& cleared : box_.Cleared()) InsertAt(cursor, cleared);
+    const int start = cursor.position();
+    InsertAt(cursor, content);
     filled->setUndoRedoEnabled(true);
+    cursor.setPosition(0);
+    cursor.setPosition(start, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
     const QPointer<QTextDocument> before(document());
     setDocument(filled);
     delete before;  // where the editor has not done so itself
@@ -117,7 +119,7 @@ void RichTextEdit::InsertAt(QTextCursor cursor, const RichText& content) {
     cursor.beginEditBlock();
     const int start = cursor.selectionStart();
     cursor.insertText(WithShortLineEnds(content.Text()), FormatOf({}));
-    ShowStyles(*document(), start, content);
+    ShowStyles(*cursor.document(), start, content);
     cursor.endEditBlock();
 }
 
