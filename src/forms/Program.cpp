@@ -50,6 +50,7 @@ void Program::Introduce() {
 }
 
 void Program::EndSession() {
+    ++SessionEnds;
     if (!MainForm.Loaded()) return;
     MainForm->Run([this] {
         if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();

@@ -13,6 +13,9 @@ class Form;
 
 // The data that several forms share, one of each to a program.
 struct SharedData {
+    // How often the session was said to end, which may be called off. Whoever waits for an answer
+    // has none from the user where this has grown meanwhile.
+    int SessionEnds = 0;
     std::string TempLogFile;  // the log's file; empty: the log has none
     std::string ArchiveFile;  // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;

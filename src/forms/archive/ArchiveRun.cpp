@@ -1,6 +1,8 @@
 #include "forms/archive/ArchiveRun.h"
 
 #include <array>
+#include <optional>
+#include <string>
 
 #include "archive/dbOperations.h"
 #include "controls/Hourglass.h"
@@ -62,14 +64,23 @@ std::string ParameterLine(const PlotForm& form) {
     return line + TrimmedText(form.txtPctTime) + "%T," + TrimmedText(form.txtPctLoc) + "%L";
 }
 
-void StoreRun(const std::string& file, const PlotForm& form, ModelInputs inputs,
-              const ArchivedCurves& curves) {
+// A box that is cancelled leaves the comment empty; one that the end of the session takes away
+// leaves none.
+std::optional<std::string> AskComment(const SharedData& shared, Windows& windows, int sessionEnds) {
+    std::string comment = windows.AskText({"Comments:", "Store Data Run", " "});
+    if (comment.empty() && shared.SessionEnds != sessionEnds) return std::nullopt;
+    return comment;
+}
+
+void StoreRun(const SharedData& shared, const PlotForm& form, ModelInputs inputs,
+              const ArchivedCurves& curves, int sessionEnds) {
     Platform& platform = form.GetPlatform();
     dbOperations archive(platform.windows);
-    archive.OpenArchive(file);
+    archive.OpenArchive(shared.ArchiveFile);
     const std::string parameters = ParameterLine(form);
-    const std::string comment = platform.windows.AskText({"Comments:", "Store Data Run", " "});
-    archive.AddModelRun("Okumura-Hata", parameters, comment, platform.clock.Now(),
+    const auto comment = AskComment(shared, platform.windows, sessionEnds);
+    if (!comment) return;
+    archive.AddModelRun("Okumura-Hata", parameters, *comment, platform.clock.Now(),
                         PointsOfTwoValues);
     for (const ArchivedCurve& curve : curves) {
         const auto valueAt = [&](double d) {
@@ -78,7 +89,7 @@ void StoreRun(const std::string& file, const PlotForm& form, ModelInputs inputs,
         };
         const CurveData points = ComputeFreeCurve(valueAt, NearestPoint, form.MaxDist);
         archive.AddDataSet(archive.CurrentRunId, curve.legend + std::string(Trimmed(inputs.area)),
-                           comment, points.LastPoint + 1, PointsOfTwoValues, points.Distances,
+                           *comment, points.LastPoint + 1, PointsOfTwoValues, points.Distances,
                            points.Values, {});
     }
     archive.CloseArchive();
@@ -87,13 +98,15 @@ void StoreRun(const std::string& file, const PlotForm& form, ModelInputs inputs,
 }  // namespace
 
 void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity) {
+    const int sessionEnds = shared.SessionEnds;
     const Hourglass hourglass(form);
     form.GetPlatform().windows.Yield();
     if (form.Unloaded()) return;
     if (const auto inputs = form.ReadInputs())
         if (!shared.ArchiveFile.empty() || ChooseArchive(shared, form.GetPlatform()))
-            StoreRun(shared.ArchiveFile, form, *inputs,
-                     quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves);
+            StoreRun(shared, form, *inputs,
+                     quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves,
+                     sessionEnds);
 }
 
 }  // namespace vardel

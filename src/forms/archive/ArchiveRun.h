@@ -9,7 +9,8 @@ enum class ArchivedQuantity { Loss, FieldStrength };
 
 // Stores the three models, computed from the form's boxes to its MaxDist, as one run of the
 // archive. Asks for the archive where none was chosen yet, and for a comment. Without an archive,
-// or where a box holds no number, there is a message and nothing is stored.
+// or where a box holds no number, there is a message and nothing is stored; nor is anything where
+// the session ends before the comment is given.
 void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity);
 
 }  // namespace vardel

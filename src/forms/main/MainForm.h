@@ -163,8 +163,7 @@ private:
     std::optional<Registry> registry_;  // from Form_Load on
     TempLog tempLog_;
     bool CalledFromHost = false;
-    bool started_ = false;       // all is as an exit may save it
-    bool sessionEnded_ = false;  // since the exit's question came up
+    bool started_ = false;  // all is as an exit may save it
 };
 
 }  // namespace vardel

@@ -193,16 +193,17 @@ void MainForm::mnuFileExit_Click() {
 void MainForm::Form_Unload() {
     CloseHelp(shared_, GetPlatform().help);
     SaveUnitsAndHostBoxes();
-    sessionEnded_ = false;
+    const int ends = shared_.SessionEnds;
+    const auto sessionEnded = [&] { return shared_.SessionEnds != ends; };
     const Answer answer = GetPlatform().windows.ShowMessage({.text = "Retain Output Log?",
                                                              .title = "Output Log",
                                                              .buttons = Message::Buttons::YesNo,
                                                              .closed = Answer::Yes});
     // The session may end under the question, which then has no answer.
-    const bool retainLog = sessionEnded_ || answer == Answer::Yes;
-    if (retainLog && !SaveLogChanges() && !sessionEnded_) SaveLogElsewhere();
+    const bool retainLog = sessionEnded() || answer == Answer::Yes;
+    if (retainLog && !SaveLogChanges() && !sessionEnded()) SaveLogElsewhere();
     SaveSettings(retainLog);
-    if (GetPlatform().settings.HasFailed() && !sessionEnded_)
+    if (GetPlatform().settings.HasFailed() && !sessionEnded())
         GetPlatform().windows.ShowMessage(
             {.text = "The settings cannot be saved: the next start may begin with other inputs.",
              .icon = Message::Icon::Critical});
@@ -211,7 +212,6 @@ void MainForm::Form_Unload() {
 
 void MainForm::EndSession() {
     if (!started_) return;
-    sessionEnded_ = true;
     SaveUnitsAndHostBoxes();
     SaveLogChanges();
     SaveSettings(true);

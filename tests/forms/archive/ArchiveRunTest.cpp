@@ -123,7 +123,13 @@ TEST_F(ArchiveRunTest, WithoutAnArchiveOrANumberNothingIsStored) {
     EXPECT_THAT(platform.TakeMessages(), ElementsAre("Frequency must be a number, not \"much\""));
     EXPECT_EQ(form.MousePointer(), Form::Pointer::Normal);
     EXPECT_THAT(platform.questions, IsEmpty());
-    EXPECT_EQ(Dump().str(), "");
+    form.txtFreq.SetText("450");
+    platform.openChoice = archive;
+    platform.onQuestion = [this] { return program.EndSession(), std::string(); };
+    form.cmdArchiveData.Press();
+    EXPECT_EQ(platform.questions.size(), 1U) << "which the end of the session answers";
+    std::istringstream dump = Dump();
+    EXPECT_EQ(Line(dump), "");
 }
 
 // The text between the fences of the guide's blocks in a language, in their order.
