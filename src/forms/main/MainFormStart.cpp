@@ -126,12 +126,14 @@ void MainForm::RestoreUnits() {
 void MainForm::BeginLog() {
     const bool goesOn = tempLog_.Continue(Stored(*registry_, "TempLogName"));
     bool holdsLog = goesOn || tempLog_.TakeUpOrphan();
-    if (holdsLog && !doors_.ReportLog().ReadFile(tempLog_.Path())) {
-        TellOfLog("The output log " + tempLog_.Path() +
-                  " cannot be read. It stays as it is, and a new log begins.");
-        tempLog_.Leave();
-        holdsLog = false;
+    std::string unreadable;
+    while (holdsLog && !doors_.ReportLog().ReadFile(tempLog_.Path())) {
+        unreadable += "The output log " + tempLog_.Path() + " cannot be read.";
+        unreadable += " It is kept as " + tempLog_.SetAside() + ".\n";
+        holdsLog = tempLog_.TakeUpOrphan();
     }
+    if (!unreadable.empty())
+        TellOfLog(unreadable + (holdsLog ? "Another log goes on." : "A new log begins."));
     if (!holdsLog) {
         if (!tempLog_.Begin())
             TellOfLog("The output log cannot be kept in " + GetPlatform().stateDirectory +

@@ -38,6 +38,7 @@ bool TempLog::Continue(const std::string& path) {
 
 bool TempLog::TakeUpOrphan() {
     for (const fs::path& path : LogsIn(folder_)) {
+        if (std::ranges::count(refused_, path.string()) > 0) continue;
         auto claim = FileClaim::Take(path.string());
         std::error_code error;
         if (!claim || !fs::exists(path, error)) continue;
@@ -59,6 +60,21 @@ bool TempLog::Begin() {
         if (Continue(path)) return true;
     }
     return false;
+}
+
+std::string TempLog::SetAside() {
+    const fs::path path = Path();
+    const std::string name = path.filename().string();
+    std::error_code error;
+    fs::path aside = path;
+    aside.replace_filename("unreadable-" + name);
+    for (int n = 1; fs::exists(aside, error); ++n)
+        aside.replace_filename("unreadable-" + std::to_string(n) + '-' + name);
+    fs::rename(path, aside, error);
+    claim_.reset();
+    if (!error) return aside.string();
+    refused_.push_back(path.string());
+    return path.string();
 }
 
 void TempLog::Delete() {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "services/FileClaim.h"
 
@@ -25,14 +26,16 @@ public:
     // Empty: there is none.
     std::string Path() const { return claim_ ? claim_->Path() : std::string(); }
 
-    // The next start finds the file by its name.
-    void Leave() { claim_.reset(); }
+    // For a file that is no log: gives it a name that no start takes up, and lets go of it. Returns
+    // the new path, or the old one where it cannot be renamed; TakeUpOrphan passes over that too.
+    std::string SetAside();
     // A file that has gone meanwhile is no error.
     void Delete();
 
 private:
     std::string folder_;
     std::optional<FileClaim> claim_;
+    std::vector<std::string> refused_;  // that keep their names
 };
 
 }  // namespace vardel

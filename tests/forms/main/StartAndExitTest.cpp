@@ -204,6 +204,24 @@ TEST_F(StartAndExit, AKilledProgramsLogIsTakenUp) {
     EXPECT_EQ(second.FrmReport->rtbLog.Text(), Header());
 }
 
+TEST_F(StartAndExit, AnUnreadableLogIsToldOnceAndHidesNoOlderOne) {
+    Start();
+    Main().cmdLossCalc.Press();
+    const std::string log = Log();
+    program.reset();
+    for (const char* name : {"state/logbad.rtf", "state/unreadable-logbad.rtf"})
+        ReplaceFile(platform.folder.Path(name), "no rich text");
+    platform.store[Own + "TempLogName"] = platform.folder.Path("state/logbad.rtf");
+    for (const bool told : {true, false}) {
+        Start();
+        EXPECT_EQ(Log(), log);
+        EXPECT_EQ(platform.TakeMessages().size(), told ? 2U : 1U) << "one is of measured data";
+        program.reset();
+        EXPECT_EQ(ReadWholeFile(platform.folder.Path("state/unreadable-1-logbad.rtf")),
+                  "no rich text");
+    }
+}
+
 TEST_F(StartAndExit, TheEndOfTheSessionSavesWithoutAQuestion) {
     Start();
     Main().cmdLossCalc.Press();
