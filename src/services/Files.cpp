@@ -119,6 +119,16 @@ std::string NewUniqueFile(const std::string& folder) {
     return file.Valid() ? path : std::string();
 }
 
+FolderLock::FolderLock(const std::string& folder)
+    : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (folder_ >= 0 && ::flock(folder_, LOCK_EX) != 0 && errno == EINTR) {
+    }
+}
+
+FolderLock::~FolderLock() {
+    if (folder_ >= 0) ::close(folder_);
+}
+
 void ReplaceFile(const std::string& path, std::string_view content, Access access) {
     // A link stays one: what it points to is replaced.
     std::error_code ignored;

@@ -25,6 +25,19 @@ std::optional<std::string> ReadWholeFile(const std::string& path);
 // for the user alone. Returns its path, or an empty text where that fails.
 std::string NewUniqueFile(const std::string& folder);
 
+// Keeps the other programs that take one of the same folder waiting for as long as it lives: for a
+// file there that is read, changed and written again. Where none can be had, nobody waits.
+class FolderLock {
+public:
+    explicit FolderLock(const std::string& folder);
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    ~FolderLock();
+
+private:
+    int folder_;
+};
+
 // Writes the content beside the file, flushes it to the disk and renames it over, so that at every
 // moment the path holds all of the old or all of the new. A file that may not be written stays. A
 // file that is replaced keeps its permissions; access is for a new one. Throws std::system_error,

@@ -6,7 +6,6 @@ namespace vardel {
 
 namespace {
 
-constexpr const char* HostApplication = "Ostrel_Quorne";
 constexpr const char* HostSection = "Global Parameters";
 constexpr const char* CalledFlag = "CalledFromQuorne";
 

@@ -12,6 +12,8 @@ namespace vardel {
 
 // Where the program's own settings are, under the application's title.
 inline constexpr const char* SettingsSection = "Loss_FieldStrength";
+// The host's, under the section of the parameters that it shares.
+inline constexpr const char* HostApplication = "Ostrel_Quorne";
 // Whether a start shows the introduction: unless this is stored.
 inline constexpr const char* InfoScreenKey = "InfoScreen";
 inline constexpr const char* NoInfoScreen = "NoScreen";

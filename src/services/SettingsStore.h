@@ -14,8 +14,9 @@ public:
                              const std::string& key) = 0;
     virtual void Write(const std::string& application, const std::string& section,
                        const std::string& key, const std::string& text) = 0;
-    // Whether anything could not be written since the program began.
-    virtual bool HasFailed() const = 0;
+    // The path of the application's file where something that was last written to it is not there;
+    // else empty.
+    virtual std::string FailedFile(const std::string& application) const = 0;
     virtual void Delete(const std::string& application, const std::string& section,
                         const std::string& key) = 0;
 };

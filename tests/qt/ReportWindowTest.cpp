@@ -11,10 +11,10 @@
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
+#include "forms/reports/frmLogDistRange.h"
 #include "qt/services/PictureConvert.h"
 #include "qt/services/QtPlatform.h"
 #include "qt/windows/RichTextEdit.h"
-#include "forms/reports/frmLogDistRange.h"
 
 namespace vardel {
 namespace {

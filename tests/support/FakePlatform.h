@@ -56,7 +56,9 @@ public:
         store[application + '/' + section + '/' + key] = text;
         writes.push_back(key);
     }
-    bool HasFailed() const override { return storeFails; }
+    std::string FailedFile(const std::string& application) const override {
+        return application == failingStore ? application + ".ini" : std::string();
+    }
     void Delete(const std::string& application, const std::string& section,
                 const std::string& key) override {
         store.erase(application + '/' + section + '/' + key);
@@ -101,8 +103,8 @@ public:
     std::function<std::string()> onQuestion;   // what is answered; none: the user cancels
     std::map<std::string, std::string> store;  // by application/section/key
     std::vector<std::string> writes;           // the keys, in order
-    bool storeFails = false;
-    std::string helpFile;  // empty: none, or closed
+    std::string failingStore;                  // an application's
+    std::string helpFile;                      // empty: none, or closed
     std::vector<std::string> opened;
     std::optional<Picture> picture;
     std::string clipboardText;

@@ -40,12 +40,13 @@ struct ReadValue {
 // Of a stretch, or of the step between the stretch before and this one, where the range ends.
 std::optional<ReadValue> ReadStretch(const ChartSeries& series, const ChartSeries* before,
                                      double distance) {
-    if (const auto value = ValueAt(series, distance)) return ReadValue{*value, IsOutOfRange(series)};
+    if (const auto value = ValueAt(series, distance))
+        return ReadValue{*value, IsOutOfRange(series)};
     if (before == nullptr || before->X.empty() || series.X.empty()) return std::nullopt;
     if (distance <= before->X.back() || distance >= series.X.front()) return std::nullopt;
-    return ReadValue{Between(before->X.back(), before->Y.back(), series.X.front(),
-                             series.Y.front(), distance),
-                     true};
+    return ReadValue{
+        Between(before->X.back(), before->Y.back(), series.X.front(), series.Y.front(), distance),
+        true};
 }
 
 std::string NearestPoint(const ChartSeries& series, double distance, const std::string& unit) {
@@ -77,7 +78,8 @@ std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
         if (series.SinglePoints && !series.X.empty()) {
             lines.push_back(NearestPoint(series, distance, unit));
         } else if (!told) {
-            if (const auto read = ReadStretch(series, series.Continued ? before : nullptr, distance)) {
+            if (const auto read =
+                    ReadStretch(series, series.Continued ? before : nullptr, distance)) {
                 lines.push_back(series.Curve + ": " + FormatNumber(read->value, "0.00") + ' ' +
                                 unit + (read->outOfRange ? " (out of range)" : ""));
                 told = true;

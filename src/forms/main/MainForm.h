@@ -156,6 +156,7 @@ private:
     void TellOfLog(const std::string& text);
     bool SaveLogChanges();
     void SaveLogElsewhere();
+    void TellOfFailedSettings();
     void SaveSettings(bool retainLog);
 
     SharedData& shared_;

@@ -205,11 +205,20 @@ void MainForm::Form_Unload() {
     const bool retainLog = sessionEnded() || answer == Answer::Yes;
     if (retainLog && !SaveLogChanges() && !sessionEnded()) SaveLogElsewhere();
     SaveSettings(retainLog);
-    if (GetPlatform().settings.HasFailed() && !sessionEnded())
-        GetPlatform().windows.ShowMessage(
-            {.text = "The settings cannot be saved: the next start may begin with other inputs.",
-             .icon = Message::Icon::Critical});
+    if (!sessionEnded()) TellOfFailedSettings();
     GetPlatform().windows.EndProgram();
+}
+
+void MainForm::TellOfFailedSettings() {
+    const auto tell = [&](const std::string& application, const char* consequence) {
+        const std::string file = GetPlatform().settings.FailedFile(application);
+        if (file.empty()) return;
+        GetPlatform().windows.ShowMessage(
+            {.text = "The settings cannot be saved in " + file + ": " + consequence,
+             .icon = Message::Icon::Critical});
+    };
+    tell(HostApplication, "the host application does not get what was changed here.");
+    tell(GetPlatform().applicationTitle, "the next start may begin with other inputs.");
 }
 
 void MainForm::EndSession() {

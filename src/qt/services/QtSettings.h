@@ -1,10 +1,13 @@
 #pragma once
 
+#include <map>
+#include <set>
 #include "services/SettingsStore.h"
 
 namespace vardel {
 
-// INI files in the user's configuration folder: one for each application, a group for each section.
+// INI files in the user's configuration folder: one for each application. Others may write to them
+// as well.
 class QtSettings : public SettingsStore {
 public:
     std::string Read(const std::string& application, const std::string& section,
@@ -13,10 +16,10 @@ public:
                const std::string& text) override;
     void Delete(const std::string& application, const std::string& section,
                 const std::string& key) override;
-    bool HasFailed() const override { return failed_; }
+    std::string FailedFile(const std::string& application) const override;
 
 private:
-    bool failed_ = false;
+    std::map<std::string, std::set<std::string>> failed_;  // keys, by application
 };
 
 }  // namespace vardel

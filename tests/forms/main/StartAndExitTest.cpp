@@ -124,11 +124,12 @@ TEST_F(StartAndExit, ALogWithoutAFileIsToldAndSavedElsewhere) {
         if (message.text.starts_with("Error in saving"))
             platform.saveChoice->path = platform.folder.Path("elsewhere.rtf");
     };
-    platform.storeFails = true;
+    platform.failingStore = "Vardel";
     const RichText log = program->FrmReport->rtbLog.Content();
     Exit(Answer::Yes);
     EXPECT_EQ(ReadRtf(*ReadWholeFile(platform.folder.Path("elsewhere.rtf"))), log);
-    EXPECT_THAT(platform.TakeMessages().back(), HasSubstr("settings cannot be saved"));
+    EXPECT_THAT(platform.TakeMessages().back(),
+                HasSubstr("settings cannot be saved in Vardel.ini: the next start"));
 }
 
 TEST_F(StartAndExit, EnglishUnitsComeBackWithTheirNumbers) {
@@ -172,7 +173,9 @@ TEST_F(StartAndExit, TheHostRoundTrip) {
     Main().txtDist.SetText("10");
     Main().txtPctLoc.SetText("90");
     Main().txtFreq.SetText("9oo");
+    platform.failingStore = "Ostrel_Quorne";
     Exit(Answer::No);
+    EXPECT_THAT(platform.TakeMessages().back(), HasSubstr("saved in Ostrel_Quorne.ini: the host"));
     EXPECT_EQ(platform.store[Host + "TxHt_m"], "30.48");
     EXPECT_EQ(platform.store[Host + "Dist_Km"], "16.093");
     EXPECT_EQ(platform.store[Host + "PctLoc_pct"], "0.9");
