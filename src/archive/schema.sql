@@ -1,4 +1,4 @@
--- The tables of an archive of graph runs. The program adds rows and makes no table of its own.
+-- The tables of an archive of graph runs. The program adds rows to it.
 
 CREATE TABLE ModelRun (
     ID INTEGER PRIMARY KEY AUTOINCREMENT,  -- never given twice, also after a run was deleted

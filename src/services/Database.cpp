@@ -177,6 +177,16 @@ void Recordset::Close() {
     current_ = 0;
 }
 
+std::string Database::NewFile(const std::string& sql) {
+    SQLite::Database made(":memory:", SQLite::OPEN_READWRITE);
+    made.exec(sql);
+    sqlite3_int64 size = 0;
+    const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> content(
+        sqlite3_serialize(made.getHandle(), "main", &size, 0), sqlite3_free);
+    if (!content) throw std::bad_alloc();
+    return {content.get(), content.get() + size};
+}
+
 Database Database::OpenDatabase(const std::string& path) {
     const bool mayWrite = MayWriteFile(path);
     auto file = std::make_shared<SQLite::Database>(

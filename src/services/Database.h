@@ -74,6 +74,9 @@ private:
 // An open file. It holds no lock but while a row is written.
 class Database {
 public:
+    // The content of a new file, made by these statements.
+    static std::string NewFile(const std::string& sql);
+
     // The file must be there. Another program that is writing to it is waited for, here and in
     // everything that follows, but not longer than two seconds. A file without permission to write
     // is opened for reading.

@@ -65,7 +65,7 @@ public:
     virtual Answer ShowMessage(const Message& message) = 0;
     // Nothing when the user names no file. There is no question before a file that exists.
     virtual std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) = 0;
-    // The path of a file that exists; nothing when the user names none.
+    // A path, of a file that need not exist; nothing when the user names none.
     virtual std::optional<std::string> AskOpenFile(const FileDialog& dialog) = 0;
     // An empty text when the user cancels.
     virtual std::string AskText(const TextQuestion& question) = 0;

@@ -1,9 +1,12 @@
 #include "forms/archive/ArchiveRun.h"
 
 #include <array>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 
+#include "archive/ArchiveSchema.h"
 #include "archive/dbOperations.h"
 #include "controls/Hourglass.h"
 #include "engine/CurveData.h"
@@ -11,6 +14,7 @@
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModCalculations.h"
+#include "services/Files.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
 
@@ -40,16 +44,40 @@ constexpr ArchivedCurves FieldStrengthCurves = {{
 constexpr std::int32_t PointsOfTwoValues = 2;
 constexpr double NearestPoint = 1.0;  // km
 
+constexpr const char* Title = "Add To Archive";
+
+// False when the user does not want it, or, after a message, when it cannot be made.
+bool MakeArchive(Windows& windows, const std::string& path) {
+    if (windows.ShowMessage({.text = "The archive " + path + " does not exist. Make it?",
+                             .title = Title,
+                             .buttons = Message::Buttons::YesNo}) != Answer::Yes)
+        return false;
+    if (FileExists(path)) return true;  // since then
+    try {
+        ReplaceFile(path, Database::NewFile(ArchiveSchema));
+        return true;
+    } catch (const std::system_error& error) {
+        windows.ShowMessage(
+            {.text = "The archive " + path + " cannot be made: " + error.code().message(),
+             .title = Title,
+             .icon = Message::Icon::Critical});
+        return false;
+    }
+}
+
 // False, after a message, when the user chooses none.
 bool ChooseArchive(SharedData& shared, Platform& platform) {
     Windows& windows = platform.windows;
     const auto file = windows.AskOpenFile({platform.programDirectory, "*.mdb", 1});
     if (!file || file->empty() || file->find('*') != std::string::npos) {
-        windows.ShowMessage({.text = "Cannot Open Access Database", .title = "Add To Archive"});
+        windows.ShowMessage({.text = "Cannot Open Access Database", .title = Title});
         shared.ArchiveFile.clear();
         return false;
     }
-    shared.ArchiveFile = *file;
+    std::filesystem::path path = *file;
+    if (!path.has_extension() && !FileExists(*file)) path += ".mdb";
+    if (!FileExists(path.string()) && !MakeArchive(windows, path.string())) return false;
+    shared.ArchiveFile = path.string();
     return true;
 }
 

@@ -199,7 +199,8 @@ std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
     DialogOver<QFileDialog> dialog;
     SetUpFileDialog(*dialog, request);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
-    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontUseNativeDialog);  // which may insist on a file that exists
     if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
         return std::nullopt;
     return FromQt(dialog->selectedFiles().constFirst());

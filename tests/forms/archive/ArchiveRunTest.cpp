@@ -132,6 +132,24 @@ TEST_F(ArchiveRunTest, WithoutAnArchiveOrANumberNothingIsStored) {
     EXPECT_EQ(Line(dump), "");
 }
 
+TEST_F(ArchiveRunTest, AFileNameThatDoesNotExistMakesAnArchiveAfterAQuestion) {
+    program.GraphForm->lblBaseAntenna.Click.Raise();
+    platform.openChoice = platform.folder.Path("missing/new.mdb");
+    program.GraphForm->cmdArchiveData.Press();
+    EXPECT_THAT(platform.TakeMessages().at(1), HasSubstr("new.mdb cannot be made: No such file"));
+    platform.openChoice = platform.folder.Path("new");
+    archive = platform.folder.Path("new.mdb");
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        EXPECT_FALSE(FileExists(archive));
+        platform.answers.push(answer);
+        program.GraphForm->cmdArchiveData.Press();
+        EXPECT_THAT(platform.TakeMessages(),
+                    ElementsAre("The archive " + archive + " does not exist. Make it?"));
+    }
+    std::istringstream dump = Dump();
+    EXPECT_THAT(Line(dump), HasSubstr("run|1|"));
+}
+
 // The text between the fences of the guide's blocks in a language, in their order.
 std::vector<std::string> GuideBlocks(const std::string& language) {
     const std::string guide = GuideMarkdown();
@@ -149,7 +167,9 @@ TEST_F(ArchiveRunTest, TheGuidesExamplesWork) {
     ASSERT_EQ(python.size(), 1U);
     const std::string inFolder = "cd '" + platform.folder.Path() + "' && ";
     std::filesystem::copy_file(EMPTY_ARCHIVE, platform.folder.Path("New Model Data.mdb"));
-    Output(inFolder + shell[0]);
+    const std::string installed = "/usr/lib/vardel/";
+    ASSERT_EQ(shell[0].find(installed), 4U);
+    Output(inFolder + std::string(shell[0]).erase(4, installed.size()));
     platform.openChoice = platform.folder.Path("runs.mdb");
     program.GraphForm->lblBaseAntenna.Click.Raise();
     program.GraphForm->cmdArchiveData.Press();
