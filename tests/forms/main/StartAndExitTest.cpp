@@ -190,14 +190,19 @@ TEST_F(StartAndExit, TheHostRoundTrip) {
     EXPECT_EQ(Main().txthb.Text(), "328.084") << "the host's metres in the user's units";
 }
 
-TEST_F(StartAndExit, AKilledProgramsLogIsTakenUp) {
+TEST_F(StartAndExit, AKilledProgramsLogIsTakenUpAndAnUnreadableOneSetAside) {
     Start();
     Main().cmdLossCalc.Press();
     const std::string log = Log();
-    program.reset();  // no exit, nothing in the store
-
-    Start();
-    EXPECT_EQ(Log(), log);
+    for (const char* name : {"state/logbad.rtf", "state/unreadable-logbad.rtf"})
+        ReplaceFile(platform.folder.Path(name), "no rich text");
+    for (const bool told : {true, false}) {
+        program.reset();  // no exit, nothing in the store
+        Start();
+        EXPECT_EQ(Log(), log);
+        EXPECT_EQ(platform.TakeMessages().size(), told ? 2U : 1U) << "one is of measured data";
+    }
+    EXPECT_EQ(ReadWholeFile(platform.folder.Path("state/unreadable-1-logbad.rtf")), "no rich text");
     const std::string file = program->TempLogFile;
     // A second program at the same time has a log of its own, also when the store names that file.
     platform.store[Own + "TempLogName"] = file;
@@ -205,24 +210,6 @@ TEST_F(StartAndExit, AKilledProgramsLogIsTakenUp) {
     second.Start();
     EXPECT_NE(second.TempLogFile, file);
     EXPECT_EQ(second.FrmReport->rtbLog.Text(), Header());
-}
-
-TEST_F(StartAndExit, AnUnreadableLogIsToldOnceAndHidesNoOlderOne) {
-    Start();
-    Main().cmdLossCalc.Press();
-    const std::string log = Log();
-    program.reset();
-    for (const char* name : {"state/logbad.rtf", "state/unreadable-logbad.rtf"})
-        ReplaceFile(platform.folder.Path(name), "no rich text");
-    platform.store[Own + "TempLogName"] = platform.folder.Path("state/logbad.rtf");
-    for (const bool told : {true, false}) {
-        Start();
-        EXPECT_EQ(Log(), log);
-        EXPECT_EQ(platform.TakeMessages().size(), told ? 2U : 1U) << "one is of measured data";
-        program.reset();
-        EXPECT_EQ(ReadWholeFile(platform.folder.Path("state/unreadable-1-logbad.rtf")),
-                  "no rich text");
-    }
 }
 
 TEST_F(StartAndExit, TheEndOfTheSessionSavesWithoutAQuestion) {
