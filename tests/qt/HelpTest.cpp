@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QMenu>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTimer>
 
 #include "forms/Program.h"
 #include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
 #include "qt/services/QtPlatform.h"
 
 namespace vardel {
@@ -38,7 +41,27 @@ TEST(QtHelp, F1AnswersWhereTheFocusOrTheOpenMenuIs) {
     EXPECT_EQ(topicAt("mnuUnits"), "Units menu");
     window.activateWindow();
     program.MainForm->mnuHelpVardel.Pick();
-    EXPECT_TRUE(platform.GetHelp().Window()->isVisible()) << "without a viewer of the system's";
+    auto& help = *platform.GetHelp().Window();
+    EXPECT_TRUE(help.isVisible()) << "without a viewer of the system's";
+    auto& text = *help.findChild<QTextBrowser*>();
+    EXPECT_EQ(text.textCursor().position(), 0) << "at its start";
+    EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+
+    // It is open beside a form that blocks the main window, and outlives it.
+    QTimer::singleShot(0, &window, [&] {
+        FormWindow& log = platform.WindowOf(*program.FrmReport);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &log; }));
+        QTest::keyClick(&log, Qt::Key_F1);
+        EXPECT_EQ(text.textCursor().block().text().toStdString(), "The report log");
+        help.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&help));
+        const int before = text.verticalScrollBar()->value();
+        QTest::keyClick(&text, Qt::Key_PageUp);
+        EXPECT_LT(text.verticalScrollBar()->value(), before) << "it answers";
+        program.FrmReport->Hide();
+    });
+    program.MainForm->mnuCalculationLog.Pick();
+    EXPECT_EQ(platform.GetHelp().Window(), &help);
     platform.GetHelp().Quit();
 }
 

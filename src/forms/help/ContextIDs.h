@@ -19,6 +19,8 @@ enum HelpTopic : int {
     TopicFieldStrengthGraphs = 300,
     TopicPercentTime = 330,
     TopicPercentLocation = 340,
+    TopicReportLog = 400,
+    TopicPrinting = 410,
 };
 
 // Names the help file beside the program, to which F1 goes from now on.

@@ -53,10 +53,7 @@ void QtHelp::OpenDocument(const std::string& path) {
 }
 
 void QtHelp::ShowTopic(int topic) {
-    // As the child of a modal window it is not blocked by that.
-    QWidget* owner = QApplication::activeWindow();
-    if (window_ && owner != window_ && window_->parentWidget() != owner) delete window_;
-    if (!window_) window_ = new HelpWindow(owner);
+    if (!window_) window_ = new HelpWindow;
     window_->ShowTopic(topic);
 }
 

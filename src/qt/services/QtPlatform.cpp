@@ -133,9 +133,10 @@ void QtPlatform::Show(Form& form) {
 
 void QtPlatform::ShowModal(Form& form, Form* owner) {
     FormWindow& window = WindowOf(form);
-    window.setWindowModality(Qt::ApplicationModal);
     const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
     QWidget* parent = before.Get();
+    // All windows that are worked in stand in one chain, which this one blocks; the help does not.
+    window.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     window.winId();  // makes the window of the desktop, which can then be told whose it is
     if (parent != nullptr && parent != &window &&
         !window.windowHandle()->isAncestorOf(parent->windowHandle()))

@@ -15,13 +15,7 @@ class ActiveWindow {
 public:
     // Null stands for the one that is worked in now, which right after a start is none.
     explicit ActiveWindow(QWidget* window = nullptr)
-        : window_(window != nullptr ? window : WorkedIn()) {
-        // An open list is a window as well, and so is the help, but neither is worked in.
-        while (window_ &&
-               (window_->windowType() == Qt::Popup || dynamic_cast<HelpWindow*>(window_.data())))
-            window_ =
-                window_->parentWidget() != nullptr ? window_->parentWidget()->window() : nullptr;
-    }
+        : window_(window != nullptr ? window : WorkedIn()) {}
     ActiveWindow(const ActiveWindow&) = delete;
     ActiveWindow& operator=(const ActiveWindow&) = delete;
     ~ActiveWindow() {
@@ -30,9 +24,13 @@ public:
     QWidget* Get() const { return window_; }
 
 private:
-    // Between two dialogs no window has the focus until the desktop has given it back.
+    // An open list is a window as well, and so is the help, but neither is worked in; and between
+    // two dialogs no window has the focus until the desktop has given it back.
     static QWidget* WorkedIn() {
-        if (QWidget* active = QApplication::activeWindow()) return active;
+        QWidget* active = QApplication::activeWindow();
+        while (active != nullptr && active->windowType() == Qt::Popup)
+            active = active->parentWidget() != nullptr ? active->parentWidget()->window() : nullptr;
+        if (active != nullptr && !dynamic_cast<HelpWindow*>(active)) return active;
         if (QWidget* modal = QApplication::activeModalWidget()) return modal;
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->isVisible() && dynamic_cast<FormWindow*>(window)) return window;
@@ -49,7 +47,10 @@ class DialogOver {
 public:
     // With what the dialog is made of, before its parent.
     template <class... Parts>
-    explicit DialogOver(Parts&... parts) : dialog_(new Dialog(parts..., before_.Get())) {}
+    explicit DialogOver(Parts&... parts) : dialog_(new Dialog(parts..., before_.Get())) {
+        // Of the windows that are worked in; the help stays open beside it.
+        if (before_.Get() != nullptr) dialog_->setWindowModality(Qt::WindowModal);
+    }
     ~DialogOver() { delete dialog_; }
     Dialog* operator->() const { return dialog_; }
     Dialog& operator*() const { return *dialog_; }

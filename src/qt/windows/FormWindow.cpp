@@ -61,7 +61,7 @@ void FormWindow::Release() {
 
 void FormWindow::ShowProperties() {
     setWindowTitle(ToQt(form_->Caption()));
-    setProperty("helpTopic", form_->HelpContextID());
+    setProperty("helpTopic", form_->HelpContextID() != 0 ? form_->HelpContextID() : topic_);
     QPalette colors = palette();
     colors.setColor(QPalette::Window, ToQt(form_->BackColor()));
     setPalette(colors);
@@ -107,6 +107,11 @@ QPushButton* FormWindow::MakeButton(Button& button) {
     auto* widget = new QPushButton;
     binder.Bind(button, *widget);
     return widget;
+}
+
+void FormWindow::SetTopic(HelpTopic topic) {
+    topic_ = topic;
+    ShowProperties();
 }
 
 void FormWindow::ResizeWithinScreen(QSize wanted) {

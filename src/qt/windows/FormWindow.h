@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "controls/Form.h"
+#include "forms/help/ContextIDs.h"
 #include "qt/windows/Binder.h"
 #include "qt/windows/HeldKeys.h"
 
@@ -48,6 +49,9 @@ protected:
     QComboBox* MakeList(ComboBox& list);
     QPushButton* MakeButton(Button& button);
 
+    // Where F1 goes in the window of a form that has no topic of its own.
+    void SetTopic(HelpTopic topic);
+
     // As large as that, where the screen has the room.
     void ResizeWithinScreen(QSize wanted);
     // Fills the window, which shows a part of the content where the screen has no room for all.
@@ -73,6 +77,7 @@ private:
     void PressEnter();
 
     Form* form_;
+    int topic_ = 0;
     QPushButton* enterButton_ = nullptr;
     LabelFont labelFont_;
     std::function<void()> onHidden_;

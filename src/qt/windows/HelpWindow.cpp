@@ -6,6 +6,7 @@
 #include <QSplitter>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -14,13 +15,50 @@
 
 namespace vardel {
 
-HelpWindow::HelpWindow(QWidget* owner)
-    : QWidget(owner, Qt::Window), sections_(new QListWidget), text_(new QTextBrowser) {
+namespace {
+
+// Rules and room in place of the frames of the markup.
+void StyleTables(QTextFrame& frame) {
+    for (QTextFrame* child : frame.childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(child);
+        if (table == nullptr) continue;
+        QTextTableFormat format = table->format();
+        format.setBorderCollapse(true);
+        format.setBorder(1);
+        format.setBorderBrush(QColor(200, 210, 210));
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setCellSpacing(0);
+        format.setCellPadding(5);
+        format.setTopMargin(6);
+        format.setBottomMargin(12);
+        table->setFormat(format);
+        for (int column = 0; column < table->columns(); ++column) {
+            QTextTableCell head = table->cellAt(0, column);
+            QTextCharFormat shaded = head.format();
+            shaded.setBackground(QColor(236, 243, 243));
+            head.setFormat(shaded);
+        }
+    }
+}
+
+// Long lines of code are folded, so that nothing has to be scrolled sideways.
+void FoldCode(QTextDocument& document) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (!block.blockFormat().nonBreakableLines()) continue;
+        QTextBlockFormat folded = block.blockFormat();
+        folded.setNonBreakableLines(false);
+        QTextCursor(block).setBlockFormat(folded);
+    }
+}
+
+}  // namespace
+
+HelpWindow::HelpWindow() : sections_(new QListWidget), text_(new QTextBrowser) {
     setObjectName("HelpWindow");
     setWindowTitle("Vardel Help");
     setPalette(style()->standardPalette());
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
+    resize(QSize(980, 680).boundedTo(screen()->availableSize()));
 
     sections_->setAccessibleName("Sections");
     sections_->setSpacing(2);
@@ -29,12 +67,15 @@ HelpWindow::HelpWindow(QWidget* owner)
     text_->document()->setDocumentMargin(16);
     text_->setOpenExternalLinks(true);
     text_->setMarkdown(ToQt(GuideMarkdown()));
+    StyleTables(*text_->document()->rootFrame());
+    FoldCode(*text_->document());
+    text_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 
     auto* splitter = new QSplitter;
     splitter->addWidget(sections_);
     splitter->addWidget(text_);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({240, 660});
+    splitter->setSizes({240, 740});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(splitter);
@@ -57,6 +98,10 @@ void HelpWindow::ShowTopic(int topic) {
         const auto row = static_cast<int>(it - sections.begin());
         sections_->setCurrentRow(row);
         ShowSection(row);
+    } else {
+        sections_->setCurrentRow(-1);
+        text_->moveCursor(QTextCursor::Start);
+        text_->verticalScrollBar()->setValue(0);
     }
     text_->setFocus();
 }

@@ -10,7 +10,7 @@ namespace vardel {
 // The manual: its sections at the left, its text at the right.
 class HelpWindow : public QWidget {
 public:
-    explicit HelpWindow(QWidget* owner);
+    HelpWindow();
 
     // Topic 0 and a topic that the manual does not know show its beginning.
     void ShowTopic(int topic);

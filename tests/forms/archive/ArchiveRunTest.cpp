@@ -163,7 +163,7 @@ std::vector<std::string> GuideBlocks(const std::string& language) {
 TEST_F(ArchiveRunTest, TheGuidesExamplesWork) {
     const auto shell = GuideBlocks("sh");
     const auto python = GuideBlocks("python");
-    ASSERT_EQ(shell.size(), 2U);
+    ASSERT_EQ(shell.size(), 3U);
     ASSERT_EQ(python.size(), 1U);
     const std::string inFolder = "cd '" + platform.folder.Path() + "' && ";
     std::filesystem::copy_file(EMPTY_ARCHIVE, platform.folder.Path("New Model Data.mdb"));
@@ -181,6 +181,11 @@ TEST_F(ArchiveRunTest, TheGuidesExamplesWork) {
     EXPECT_THAT(Output(inFolder + "python3 read.py"),
                 testing::AllOf(HasSubstr("1 ITU 529 Urban: 143.13 dB at 10.0 km\n"),
                                HasSubstr("1 Cost 231 Urban: 140.42 dB at 10.0 km\n")));
+    EXPECT_EQ(Output(inFolder + shell[2]), "") << "no incomplete run";
+    Output(inFolder +
+           "sqlite3 runs.mdb \"INSERT INTO DataSets VALUES(7, '', '', 0, NULL);"
+           " INSERT INTO ModelRun VALUES(8, '', '', '', '', 2)\"");
+    EXPECT_EQ(Output(inFolder + shell[2]), "7|1|0\n8|0|1\n");
 }
 
 }  // namespace
