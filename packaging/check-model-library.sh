@@ -27,5 +27,10 @@ check "$work/cmake/path_loss"
 export PKG_CONFIG_PATH
 PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name vardel-models.pc)")
 read -ra library < <(pkg-config --cflags --libs vardel-models)
+# The headers ask for no more than C++17, and a caller's own folder of the same name is not in their way.
+mkdir "$work/models"
+echo '#error not the library' | tee "$work/models/ModelInputs.h" > "$work/models/Primitives.h"
+echo '#include <vardel/models/ModCalculations.h>' > "$work/headers.cpp"
+"$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror -fsyntax-only "-I$work" "${library[@]}" "$work/headers.cpp"
 "$compiler" "${flags[@]}" "$examples/path_loss.cpp" "${library[@]}" -o "$work/path_loss"
 check "$work/path_loss"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/ModelInputs.h"
+#include "ModelInputs.h"
 
 // The extension of Hata's formula to 1500 to 2000 MHz, with the distance exponent of ITU-R P.529.
 //

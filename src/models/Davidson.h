@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/ModelInputs.h"
+#include "ModelInputs.h"
 
 // The Okumura-Hata median loss with the Davidson corrections for long paths and tall base antennas.
 //

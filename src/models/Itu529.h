@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/ModelInputs.h"
+#include "ModelInputs.h"
 
 // The Okumura-Hata model with a distance exponent that grows beyond 20 km.
 //

@@ -4,12 +4,12 @@
 // fields of ModelInputs. The models share PowerWatts and ModelTerms without a lock: call them from
 // one thread at a time.
 
-#include "models/Cost231.h"
-#include "models/Davidson.h"
-#include "models/Itu529.h"
-#include "models/ModelInputs.h"
-#include "models/ModelRanges.h"
-#include "models/ModelTerms.h"
-#include "models/Primitives.h"
-#include "models/UsVariant.h"
-#include "models/Variability.h"
+#include "Cost231.h"
+#include "Davidson.h"
+#include "Itu529.h"
+#include "ModelInputs.h"
+#include "ModelRanges.h"
+#include "ModelTerms.h"
+#include "Primitives.h"
+#include "UsVariant.h"
+#include "Variability.h"

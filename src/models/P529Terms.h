@@ -1,8 +1,8 @@
 #pragma once
 
-#include "models/ModelInputs.h"
-#include "models/Primitives.h"
-#include "models/Variability.h"
+#include "ModelInputs.h"
+#include "Primitives.h"
+#include "Variability.h"
 
 // What the ITU-R P.529 and the COST 231 formulas have in common besides their antenna terms.
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "models/ModelInputs.h"
+#include "ModelInputs.h"
 
 // A fourth-power law of distance with the product of the antenna heights, as over plane earth, and
 // a loss that rises by 30 dB a decade of frequency. The city size has no influence.

@@ -65,6 +65,7 @@ double DeviationSigma(const SigmaTable& table, double f) noexcept {
     std::size_t row = 0;
     while (row < table.size() && table[row].f < f) ++row;
     if (row == table.size()) return table.back().sigma;
+    if (std::isnan(f)) return f;
     if (table[row].f == f || row == 0) return table[row].sigma;
     const SigmaRow& below = table[row - 1];
     const SigmaRow& above = table[row];
@@ -72,6 +73,7 @@ double DeviationSigma(const SigmaTable& table, double f) noexcept {
 }
 
 double LocationVariability(double f, double pct, std::string_view area) noexcept {
+    if (std::isnan(pct)) return pct;
     // lrint rounds halves to the even neighbour in the rounding mode that all code runs in.
     const auto i = static_cast<std::size_t>(std::lrint(std::clamp(pct - 1.0, 0.0, 98.0)));
     const double z = i <= 49 ? QuantileTable[i] : -QuantileTable[98 - i];

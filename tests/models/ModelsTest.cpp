@@ -82,6 +82,17 @@ TEST(Models, FieldStrength) {
 
 // For an urban area with an unknown city size, a function goes by the antenna term of its own last
 // call, 0 at first. Only Davidson's two functions are one in this.
+TEST(Models, WhatIsNoNumberGivesNone) {
+    for (const Model* model : {&Davidson, &Itu529, &Cost231, &Us})
+        for (double ModelInputs::*input :
+             {&ModelInputs::f, &ModelInputs::d, &ModelInputs::hb, &ModelInputs::hm,
+              &ModelInputs::pctTime, &ModelInputs::pctLoc}) {
+            ModelInputs in{900, 10, 50, 1.5, "Urban", Medium, 50, 50};
+            in.*input = std::nan("");
+            EXPECT_TRUE(std::isnan(model->loss(in))) << model->name;
+        }
+}
+
 TEST(Models, UnknownCityKeepsTheAntennaTerm) {
     const struct {
         ModelFunction function;
