@@ -1,4 +1,5 @@
-// The models with whatever numbers there are: what is no number gives none, and nothing else happens.
+// The models with whatever numbers there are: what is no number gives none, and nothing else
+// happens.
 
 #include <cmath>
 #include <cstdint>

@@ -1,40 +1,100 @@
 #include "models/Cost231.h"
 
-#include "models/ModelTerms.h"
-#include "models/P529Terms.h"
+#include <algorithm>
+
+#include "models/PathTerms.h"
 
 namespace vardel {
 
 namespace {
 
-// The step of a metropolitan centre, C_m = 3 dB, is part of the antenna term here. In dB.
-double AntennaTerm(const ModelInputs& in, Area area) noexcept {
-    const double term = SmallCityAntennaTerm(in.f, in.hm);
-    return area == Area::Urban && CityOf(in.city) == City::Large ? term - 3.0 : term;
-}
+// What does not change with the distance. The sums go in the order in which the formulas are
+// written.
+struct Path {
+    Path(const ModelInputs& in, bool beyond20) noexcept
+        : area(ReadArea(in, statistics)),
+          logF(Log10(in.f)),
+          logHb(Log10(in.hb)),
+          distanceTerm(in, logHb, beyond20) {
+        antenna = SmallCityAntennaTermOfLog(logF, in.hm);
+        // The step of a metropolitan centre, C_m = 3 dB, is part of the antenna term here.
+        if (area == Area::Urban && CityOf(in.city) == City::Large) antenna = antenna - 3.0;
+        areaTerm = AreaCorrection(area, in.f, logF);
+    }
+
+    double LossHead() const noexcept { return 46.3 + 33.9 * logF - 13.82 * logHb; }
+    double FieldStrengthHead(double powerWatts) const noexcept {
+        return 63.06 + 10.0 * Log10(powerWatts) - 13.9 * logF + 13.82 * logHb;
+    }
+
+    template <class Distance>
+    double Loss(double head, const Distance& at, double exponent) const noexcept {
+        return head + distanceTerm.At(at, exponent) - areaTerm - antenna +
+               at.Time() * statistics.timeLevel - statistics.location;
+    }
+    template <class Distance>
+    double FieldStrength(double head, const Distance& at, double exponent) const noexcept {
+        return head - distanceTerm.At(at, exponent) + areaTerm + antenna -
+               at.Time() * statistics.timeLevel + statistics.location;
+    }
+
+    PathStatistics statistics;
+    Area area;
+    double logF;
+    double logHb;
+    double antenna = 0.0;   // dB
+    double areaTerm = 0.0;  // dB
+    P529DistanceTerm distanceTerm;
+};
 
 }  // namespace
 
-double Cost231Loss(const ModelInputs& in) noexcept {
-    double& antenna = ModelTerms.CostLossAntennaTerm;
-    const P529Fields terms{ModelTerms.CostLossAreaTerm, ModelTerms.CostLossExponent,
-                           ModelTerms.CostLossEffectiveHb};
-    const Area area = AreaOf(in.area);
-    antenna = AntennaTerm(in, area);
-    const auto [time, location] = AssignP529Terms(terms, area, in);
-    return 46.3 + 33.9 * Log10(in.f) - 13.82 * Log10(in.hb) +
-           DistanceTerm(in.d, in.hb, terms.exponent) - terms.areaTerm - antenna + time - location;
+double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{in.d};
+    const Path path(in, in.d > 20.0);
+    const double exponent = path.distanceTerm.Exponent(at);
+    terms.CostLossAntennaTerm = path.antenna;
+    terms.CostLossAreaTerm = path.areaTerm;
+    terms.CostLossExponent = exponent;
+    if (in.d > 20.0) terms.CostLossEffectiveHb = path.distanceTerm.EffectiveHb();
+    return path.Loss(path.LossHead(), at, exponent);
 }
 
+double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
+                                ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{in.d};
+    const Path path(in, in.d > 20.0);
+    const double exponent = path.distanceTerm.Exponent(at);
+    terms.CostFsAntennaTerm = path.antenna;
+    terms.CostFsAreaTerm = path.areaTerm;
+    terms.CostFsExponent = exponent;
+    if (in.d > 20.0) terms.CostFsEffectiveHb = path.distanceTerm.EffectiveHb();
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at, exponent);
+}
+
+void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                      double* values) noexcept {
+    const Path path(in, true);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
+        return path.Loss(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                               const DistanceGrid::Point* points, std::size_t count,
+                               double* values) noexcept {
+    const Path path(in, true);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
+        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+double Cost231Loss(const ModelInputs& in) noexcept { return Cost231LossWith(in, ModelTerms); }
+
 double Cost231FieldStrength(const ModelInputs& in) noexcept {
-    double& antenna = ModelTerms.CostFsAntennaTerm;
-    const P529Fields terms{ModelTerms.CostFsAreaTerm, ModelTerms.CostFsExponent,
-                           ModelTerms.CostFsEffectiveHb};
-    const Area area = AreaOf(in.area);
-    antenna = AntennaTerm(in, area);
-    const auto [time, location] = AssignP529Terms(terms, area, in);
-    return 63.06 + 10.0 * Log10(GetPowerWatts()) - 13.9 * Log10(in.f) + 13.82 * Log10(in.hb) -
-           DistanceTerm(in.d, in.hb, terms.exponent) + terms.areaTerm + antenna - time + location;
+    return Cost231FieldStrengthWith(in, GetPowerWatts(), ModelTerms);
 }
 
 }  // namespace vardel

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
+
+#include "Distances.h"
 #include "ModelInputs.h"
+#include "ModelTerms.h"
 
 // The extension of Hata's formula to 1500 to 2000 MHz, with the distance exponent of ITU-R P.529.
 //
@@ -14,5 +18,18 @@ double Cost231Loss(const ModelInputs& in) noexcept;
 
 // Field strength in dB(µV/m) for the power that GetPowerWatts gives.
 double Cost231FieldStrength(const ModelInputs& in) noexcept;
+
+// The same with terms of the caller's own and a power in watts e.r.p.: safe on any thread.
+double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
+double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
+                                ModelTermsRecord& terms) noexcept;
+
+// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
+// has an antenna term of 0.
+void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                      double* values) noexcept;
+void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                               const DistanceGrid::Point* points, std::size_t count,
+                               double* values) noexcept;
 
 }  // namespace vardel

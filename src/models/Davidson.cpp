@@ -1,54 +1,123 @@
 #include "models/Davidson.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include "models/ModelTerms.h"
-#include "models/Primitives.h"
-#include "models/Variability.h"
+#include "models/PathTerms.h"
 
 namespace vardel {
 
 namespace {
 
-// In dB, for d in km and hb in m. The published form is in miles and feet, hence 0.62137 and
-// 121.92.
-double DistanceCorrection(double d, double hb) noexcept {
-    double term = 0.0;
-    if (d > 64.38) term = -0.174 * (d - 64.38);
-    if (d > 20.0) term = term + 0.62137 * (d - 20.0) * (0.5 + 0.15 * Log10(hb / 121.92));
-    return term;
+// What does not change with the distance, and the corrections, in dB, that do. The published form
+// is in miles and feet, hence 0.62137 and 121.92.
+struct Path {
+    // The logarithms of corrections that begin at some distance are left out where none beyond it
+    // comes.
+    Path(const ModelInputs& in, double& antennaTerm, double farthest) noexcept
+        : area(ReadArea(in, statistics)),
+          hb(in.hb),
+          logF(Log10(in.f)),
+          slope(44.9 - 6.55 * Log10(in.hb)),
+          heightFactor(farthest > 20.0 ? 0.5 + 0.15 * Log10(in.hb / 121.92) : 0.0),
+          frequencyFactor(farthest > 40.238 ? -0.112 * Log10(1500.0 / in.f) : 0.0) {
+        AssignHataAntennaTerm(antennaTerm, area, in.city, logF, in.f, in.hm);
+        antenna = antennaTerm;
+        head = 69.55 + 26.16 * logF - 13.82 * Log10(in.hb);
+        areaTerm = AreaCorrection(area, in.f, logF);
+    }
+
+    double DistanceCorrection(double d) const noexcept {
+        double term = 0.0;
+        if (d > 64.38) term = -0.174 * (d - 64.38);
+        if (d > 20.0) term = term + 0.62137 * (d - 20.0) * heightFactor;
+        return term;
+    }
+    template <class Distance>
+    double HeightCorrection(const Distance& at) const noexcept {
+        return hb <= 300.0 ? 0.0 : -0.00784 * std::fabs(at.LogOfInverse()) * (hb - 300.0);
+    }
+    double FrequencyDistanceCorrection(double d) const noexcept {
+        return d <= 40.238 ? 0.0 : frequencyFactor * (d - 40.238);
+    }
+
+    template <class Distance>
+    double Loss(const Distance& at, double distance, double height,
+                double frequency) const noexcept {
+        const double median = head + slope * at.Log();
+        return median + distance - antenna - areaTerm + height + at.Time() * statistics.timeLevel -
+               statistics.location + frequency;
+    }
+
+    PathStatistics statistics;
+    Area area;
+    double hb;  // m
+    double logF;
+    double slope;
+    double heightFactor;
+    double frequencyFactor;
+    double antenna = 0.0;   // dB
+    double head = 0.0;      // dB
+    double areaTerm = 0.0;  // dB
+};
+
+double FieldStrengthHead(double powerWatts, double logF) noexcept {
+    return 109.36 + 10.0 * Log10(powerWatts) + 20.0 * logF;
 }
 
-double HeightCorrection(double d, double hb) noexcept {
-    return hb <= 300.0 ? 0.0 : -0.00784 * std::fabs(Log10(9.98 / d)) * (hb - 300.0);
+double LossOf(const Path& path, double d, ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{d};
+    const double distance = path.DistanceCorrection(d);
+    const double height = path.HeightCorrection(at);
+    const double frequency = path.FrequencyDistanceCorrection(d);
+    terms.DavAreaTerm = path.areaTerm;
+    terms.DavDistanceTerm = distance;
+    terms.DavHeightTerm = height;
+    terms.DavFreqDistTerm = frequency;
+    return path.Loss(at, distance, height, frequency);
 }
 
-double FrequencyDistanceCorrection(double f, double d) noexcept {
-    return d <= 40.238 ? 0.0 : -0.112 * Log10(1500.0 / f) * (d - 40.238);
+double LossOf(const Path& path, const DistanceGrid::Point& at) noexcept {
+    return path.Loss(at, path.DistanceCorrection(at.Km()), path.HeightCorrection(at),
+                     path.FrequencyDistanceCorrection(at.Km()));
 }
+
+constexpr double AnyDistance = 1e300;  // km
 
 }  // namespace
 
-double DavidsonLoss(const ModelInputs& in) noexcept {
-    ModelTermsRecord& terms = ModelTerms;
-    const Area area = AreaOf(in.area);
-    AssignHataAntennaTerm(terms.DavAntennaTerm, area, in.city, in.f, in.hm);
-    const double median =
-        69.55 + 26.16 * Log10(in.f) - 13.82 * Log10(in.hb) + DistanceTerm(in.d, in.hb, 1.0);
-    terms.DavAreaTerm = AreaCorrection(area, in.f);
-    terms.DavDistanceTerm = DistanceCorrection(in.d, in.hb);
-    terms.DavHeightTerm = HeightCorrection(in.d, in.hb);
-    terms.DavFreqDistTerm = FrequencyDistanceCorrection(in.f, in.d);
-    const double time = TimeVariability(in.d, in.pctTime);
-    const double location = LocationVariability(in.f, in.pctLoc, in.area);
-    return median + terms.DavDistanceTerm - terms.DavAntennaTerm - terms.DavAreaTerm +
-           terms.DavHeightTerm + time - location + terms.DavFreqDistTerm;
+double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
+    return LossOf(Path(in, terms.DavAntennaTerm, in.d), in.d, terms);
 }
 
+double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
+                                 ModelTermsRecord& terms) noexcept {
+    const Path path(in, terms.DavAntennaTerm, in.d);
+    return FieldStrengthHead(powerWatts, path.logF) - LossOf(path, in.d, terms);
+}
+
+void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                       double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, AnyDistance);
+    std::transform(points, points + count, values,
+                   [&](const DistanceGrid::Point& at) { return LossOf(path, at); });
+}
+
+void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                                const DistanceGrid::Point* points, std::size_t count,
+                                double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, AnyDistance);
+    const double head = FieldStrengthHead(powerWatts, path.logF);
+    std::transform(points, points + count, values,
+                   [&](const DistanceGrid::Point& at) { return head - LossOf(path, at); });
+}
+
+double DavidsonLoss(const ModelInputs& in) noexcept { return DavidsonLossWith(in, ModelTerms); }
+
 double DavidsonFieldStrength(const ModelInputs& in) noexcept {
-    const double power = GetPowerWatts();
-    const double loss = DavidsonLoss(in);
-    return 109.36 + 10.0 * Log10(power) + 20.0 * Log10(in.f) - loss;
+    return DavidsonFieldStrengthWith(in, GetPowerWatts(), ModelTerms);
 }
 
 }  // namespace vardel

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
+
+#include "Distances.h"
 #include "ModelInputs.h"
+#include "ModelTerms.h"
 
 // The Okumura-Hata median loss with the Davidson corrections for long paths and tall base antennas.
 //
@@ -15,5 +19,18 @@ double DavidsonLoss(const ModelInputs& in) noexcept;
 
 // Field strength in dB(µV/m) for the power that GetPowerWatts gives.
 double DavidsonFieldStrength(const ModelInputs& in) noexcept;
+
+// The same with terms of the caller's own and a power in watts e.r.p.: safe on any thread.
+double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
+double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
+                                 ModelTermsRecord& terms) noexcept;
+
+// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
+// has an antenna term of 0.
+void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                       double* values) noexcept;
+void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                                const DistanceGrid::Point* points, std::size_t count,
+                                double* values) noexcept;
 
 }  // namespace vardel

@@ -1,30 +1,101 @@
 #include "models/Itu529.h"
 
-#include "models/ModelTerms.h"
-#include "models/P529Terms.h"
+#include <algorithm>
+
+#include "models/PathTerms.h"
 
 namespace vardel {
 
-double Itu529Loss(const ModelInputs& in) noexcept {
-    double& antenna = ModelTerms.ItuLossAntennaTerm;
-    const P529Fields terms{ModelTerms.ItuLossAreaTerm, ModelTerms.ItuLossExponent,
-                           ModelTerms.ItuLossEffectiveHb};
-    const Area area = AreaOf(in.area);
-    AssignHataAntennaTerm(antenna, area, in.city, in.f, in.hm);
-    const auto [time, location] = AssignP529Terms(terms, area, in);
-    return 69.55 + 26.16 * Log10(in.f) - 13.82 * Log10(in.hb) - antenna - terms.areaTerm +
-           DistanceTerm(in.d, in.hb, terms.exponent) + time - location;
+namespace {
+
+// What does not change with the distance. A median loss L is the head, then the distance term; a
+// field strength likewise, with the signs turned.
+struct Path {
+    Path(const ModelInputs& in, double& antennaTerm, bool beyond20) noexcept
+        : area(ReadArea(in, statistics)),
+          logF(Log10(in.f)),
+          logHb(Log10(in.hb)),
+          distanceTerm(in, logHb, beyond20) {
+        AssignHataAntennaTerm(antennaTerm, area, in.city, logF, in.f, in.hm);
+        antenna = antennaTerm;
+        areaTerm = AreaCorrection(area, in.f, logF);
+    }
+
+    double LossHead() const noexcept {
+        return 69.55 + 26.16 * logF - 13.82 * logHb - antenna - areaTerm;
+    }
+    double FieldStrengthHead(double powerWatts) const noexcept {
+        return 39.82 + 10.0 * Log10(powerWatts) - 6.16 * logF + 13.82 * logHb + antenna + areaTerm;
+    }
+
+    template <class Distance>
+    double Loss(double head, const Distance& at, double exponent) const noexcept {
+        return head + distanceTerm.At(at, exponent) + at.Time() * statistics.timeLevel -
+               statistics.location;
+    }
+    template <class Distance>
+    double FieldStrength(double head, const Distance& at, double exponent) const noexcept {
+        return head - distanceTerm.At(at, exponent) - at.Time() * statistics.timeLevel +
+               statistics.location;
+    }
+
+    PathStatistics statistics;
+    Area area;
+    double logF;
+    double logHb;
+    double antenna = 0.0;   // dB
+    double areaTerm = 0.0;  // dB
+    P529DistanceTerm distanceTerm;
+};
+
+}  // namespace
+
+double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{in.d};
+    const Path path(in, terms.ItuLossAntennaTerm, in.d > 20.0);
+    const double exponent = path.distanceTerm.Exponent(at);
+    terms.ItuLossAreaTerm = path.areaTerm;
+    terms.ItuLossExponent = exponent;
+    if (in.d > 20.0) terms.ItuLossEffectiveHb = path.distanceTerm.EffectiveHb();
+    return path.Loss(path.LossHead(), at, exponent);
 }
 
+double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
+                               ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{in.d};
+    const Path path(in, terms.ItuFsAntennaTerm, in.d > 20.0);
+    const double exponent = path.distanceTerm.Exponent(at);
+    terms.ItuFsAreaTerm = path.areaTerm;
+    terms.ItuFsExponent = exponent;
+    if (in.d > 20.0) terms.ItuFsEffectiveHb = path.distanceTerm.EffectiveHb();
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at, exponent);
+}
+
+void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                     double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, true);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
+        return path.Loss(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                              const DistanceGrid::Point* points, std::size_t count,
+                              double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, true);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
+        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+double Itu529Loss(const ModelInputs& in) noexcept { return Itu529LossWith(in, ModelTerms); }
+
 double Itu529FieldStrength(const ModelInputs& in) noexcept {
-    double& antenna = ModelTerms.ItuFsAntennaTerm;
-    const P529Fields terms{ModelTerms.ItuFsAreaTerm, ModelTerms.ItuFsExponent,
-                           ModelTerms.ItuFsEffectiveHb};
-    const Area area = AreaOf(in.area);
-    AssignHataAntennaTerm(antenna, area, in.city, in.f, in.hm);
-    const auto [time, location] = AssignP529Terms(terms, area, in);
-    return 39.82 + 10.0 * Log10(GetPowerWatts()) - 6.16 * Log10(in.f) + 13.82 * Log10(in.hb) +
-           antenna + terms.areaTerm - DistanceTerm(in.d, in.hb, terms.exponent) - time + location;
+    return Itu529FieldStrengthWith(in, GetPowerWatts(), ModelTerms);
 }
 
 }  // namespace vardel

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
+
+#include "Distances.h"
 #include "ModelInputs.h"
+#include "ModelTerms.h"
 
 // The Okumura-Hata model with a distance exponent that grows beyond 20 km.
 //
@@ -15,5 +19,18 @@ double Itu529Loss(const ModelInputs& in) noexcept;
 // Field strength in dB(µV/m) for the power that GetPowerWatts gives. The Recommendation's own
 // constant makes it 0.01 dB more than the loss would give.
 double Itu529FieldStrength(const ModelInputs& in) noexcept;
+
+// The same with terms of the caller's own and a power in watts e.r.p.: safe on any thread.
+double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
+double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
+                               ModelTermsRecord& terms) noexcept;
+
+// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
+// has an antenna term of 0.
+void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                     double* values) noexcept;
+void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                              const DistanceGrid::Point* points, std::size_t count,
+                              double* values) noexcept;
 
 }  // namespace vardel

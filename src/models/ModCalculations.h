@@ -7,6 +7,7 @@
 #include "Cost231.h"
 #include "Davidson.h"
 #include "Itu529.h"
+#include "Model.h"
 #include "ModelInputs.h"
 #include "ModelRanges.h"
 #include "ModelTerms.h"

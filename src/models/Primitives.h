@@ -34,25 +34,33 @@ double GetPowerWatts() noexcept;
 inline double Log10(double x) noexcept { return std::log(x) / std::log(10.0); }
 
 // What open surroundings take off the urban loss, in dB; 0 for an urban or unknown area. f in MHz.
-inline double AreaCorrection(Area area, double f) noexcept {
+// logF, the decimal logarithm of f, is taken as given.
+inline double AreaCorrection(Area area, double f, double logF) noexcept {
     if (area == Area::Suburban) {
         const double l = Log10(f / 28.0);
         return 2.0 * (l * l) + 5.4;
     }
-    if (area == Area::Open) {
-        const double l = Log10(f);
-        return 4.78 * (l * l) - 18.33 * l + 40.98;
-    }
+    if (area == Area::Open) return 4.78 * (logF * logF) - 18.33 * logF + 40.98;
     return 0.0;
+}
+
+inline double AreaCorrection(Area area, double f) noexcept {
+    return AreaCorrection(area, f, area == Area::Open ? Log10(f) : 0.0);
 }
 
 inline double AreaCorrection(std::string_view area, double f) noexcept {
     return AreaCorrection(AreaOf(area), f);
 }
 
-// The mobile antenna term a(hm) of a small or medium city, in dB. f in MHz, hm in m.
+// The mobile antenna term a(hm) of a small or medium city, in dB, from the decimal logarithm of the
+// frequency in MHz. hm in m.
+inline double SmallCityAntennaTermOfLog(double logF, double hm) noexcept {
+    return (1.1 * logF - 0.7) * hm - (1.56 * logF - 0.8);
+}
+
+// The same from the frequency f in MHz.
 inline double SmallCityAntennaTerm(double f, double hm) noexcept {
-    return (1.1 * Log10(f) - 0.7) * hm - (1.56 * Log10(f) - 0.8);
+    return SmallCityAntennaTermOfLog(Log10(f), hm);
 }
 
 // a(hm) of a large city, in dB: one form up to and including 300 MHz, another above. hm in m.
@@ -65,13 +73,13 @@ inline double LargeCityAntennaTerm(double f, double hm) noexcept {
     return 3.2 * (l * l) - 4.97;
 }
 
-// Gives term the a(hm) of the Hata formula. In an urban area with a city size that is not known,
-// term keeps its value.
-inline void AssignHataAntennaTerm(double& term, Area area, std::string_view cityText, double f,
-                                  double hm) noexcept {
+// Gives term the a(hm) of the Hata formula, from f and its decimal logarithm. In an urban area with
+// a city size that is not known, term keeps its value.
+inline void AssignHataAntennaTerm(double& term, Area area, std::string_view cityText, double logF,
+                                  double f, double hm) noexcept {
     const City city = area == Area::Urban ? CityOf(cityText) : City::SmallMedium;
     if (city == City::SmallMedium)
-        term = SmallCityAntennaTerm(f, hm);
+        term = SmallCityAntennaTermOfLog(logF, hm);
     else if (city == City::Large)
         term = LargeCityAntennaTerm(f, hm);
 }
@@ -81,23 +89,19 @@ inline double EffectiveBaseHeight(double hb) noexcept {
     return hb / std::sqrt(1.0 + 0.000007 * (hb * hb));
 }
 
-// The exponent b of ITU-R P.529 for log d: 1 up to and including 20 km, growing beyond. hb' goes
-// into effectiveHb when it is needed, that is beyond 20 km. f in MHz, d in km, hb in m.
-inline double PathExponent(double f, double d, double hb, double& effectiveHb) noexcept {
-    if (d <= 20.0) return 1.0;
-    effectiveHb = EffectiveBaseHeight(hb);
-    return 1.0 + (0.14 + 0.000187 * f + 0.00107 * effectiveHb) * std::pow(Log10(d / 20.0), 0.8);
+// How the exponent b of ITU-R P.529 grows with (log d/20)^0.8. f in MHz, effectiveHb in m.
+inline double ExponentSlope(double f, double effectiveHb) noexcept {
+    return 0.14 + 0.000187 * f + 0.00107 * effectiveHb;
 }
 
+// (log d/20)^0.8 for d in km, beyond 20.
+inline double ExponentGrowth(double d) noexcept { return std::pow(Log10(d / 20.0), 0.8); }
+
+// The exponent b of ITU-R P.529 for log d: 1 up to and including 20 km, growing beyond. f in MHz, d
+// in km, hb in m.
 inline double PathExponent(double f, double d, double hb) noexcept {
-    double effectiveHb = 0.0;
-    return PathExponent(f, d, hb, effectiveHb);
-}
-
-// The distance term of Hata's median loss, in dB, with the exponent b. d in km, hb in m.
-inline double DistanceTerm(double d, double hb, double b) noexcept {
-    const double slope = 44.9 - 6.55 * Log10(hb);
-    return b == 1.0 ? slope * Log10(d) : slope * std::pow(Log10(d), b);
+    if (d <= 20.0) return 1.0;
+    return 1.0 + ExponentSlope(f, EffectiveBaseHeight(hb)) * ExponentGrowth(d);
 }
 
 }  // namespace vardel

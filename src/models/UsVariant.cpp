@@ -1,25 +1,80 @@
 #include "models/UsVariant.h"
 
-#include "models/ModelTerms.h"
-#include "models/Primitives.h"
-#include "models/Variability.h"
+#include <algorithm>
+
+#include "models/PathTerms.h"
 
 namespace vardel {
 
-double UsLoss(const ModelInputs& in) noexcept {
-    const double area = ModelTerms.UsLossAreaTerm = AreaCorrection(in.area, in.f);
-    const double time = TimeVariability(in.d, in.pctTime);
-    const double location = LocationVariability(in.f, in.pctLoc, in.area);
-    return 69.36 + 30.0 * Log10(in.f) + 40.0 * Log10(in.d) - 20.0 * Log10(in.hb * in.hm) + time -
-           area - location;
+namespace {
+
+// What does not change with the distance.
+struct Path {
+    explicit Path(const ModelInputs& in) noexcept
+        : area(ReadArea(in, statistics)),
+          logF(Log10(in.f)),
+          logHeights(Log10(in.hb * in.hm)),
+          areaTerm(AreaCorrection(area, in.f, logF)) {}
+
+    double LossHead() const noexcept { return 69.36 + 30.0 * logF; }
+    double FieldStrengthHead(double powerWatts) const noexcept {
+        return 40.0 + 10.0 * Log10(powerWatts) - 10.0 * logF;
+    }
+
+    template <class Distance>
+    double Loss(double head, const Distance& at) const noexcept {
+        return head + 40.0 * at.Log() - 20.0 * logHeights + at.Time() * statistics.timeLevel -
+               areaTerm - statistics.location;
+    }
+    template <class Distance>
+    double FieldStrength(double head, const Distance& at) const noexcept {
+        return head - 40.0 * at.Log() + 20.0 * logHeights - at.Time() * statistics.timeLevel +
+               areaTerm + statistics.location;
+    }
+
+    PathStatistics statistics;
+    Area area;
+    double logF;
+    double logHeights;
+    double areaTerm;  // dB
+};
+
+}  // namespace
+
+double UsLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
+    const Path path(in);
+    terms.UsLossAreaTerm = path.areaTerm;
+    return path.Loss(path.LossHead(), SingleDistance{in.d});
 }
 
+double UsFieldStrengthWith(const ModelInputs& in, double powerWatts,
+                           ModelTermsRecord& terms) noexcept {
+    const Path path(in);
+    terms.UsFsAreaTerm = path.areaTerm;
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), SingleDistance{in.d});
+}
+
+void UsLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                 double* values) noexcept {
+    const Path path(in);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values,
+                   [&](const DistanceGrid::Point& at) { return path.Loss(head, at); });
+}
+
+void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,
+                          const DistanceGrid::Point* points, std::size_t count,
+                          double* values) noexcept {
+    const Path path(in);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values,
+                   [&](const DistanceGrid::Point& at) { return path.FieldStrength(head, at); });
+}
+
+double UsLoss(const ModelInputs& in) noexcept { return UsLossWith(in, ModelTerms); }
+
 double UsFieldStrength(const ModelInputs& in) noexcept {
-    const double area = ModelTerms.UsFsAreaTerm = AreaCorrection(in.area, in.f);
-    const double time = TimeVariability(in.d, in.pctTime);
-    const double location = LocationVariability(in.f, in.pctLoc, in.area);
-    return 40.0 + 10.0 * Log10(GetPowerWatts()) - 10.0 * Log10(in.f) - 40.0 * Log10(in.d) +
-           20.0 * Log10(in.hb * in.hm) - time + area + location;
+    return UsFieldStrengthWith(in, GetPowerWatts(), ModelTerms);
 }
 
 }  // namespace vardel

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "models/Distances.h"
 #include "models/Primitives.h"
 
 namespace vardel {
@@ -48,13 +49,12 @@ const SigmaTable SigmaTableSuburban = {{
     {3000, 10},
 }};
 
-double TimeVariability(double d, double pct) noexcept {
+double TimeLevel(double pct) noexcept {
     pct = std::clamp(pct, 1.0, 99.0);
-    const double approach = 1.0 - std::exp(-0.01 * d);
-    const double k = approach * approach;
-    if (pct <= 50.0) return k * 10.0 * Log10(0.02 * pct);
-    return -k * 10.0 * Log10(0.02 * (100.0 - pct));
+    return pct <= 50.0 ? Log10(0.02 * pct) : -Log10(0.02 * (100.0 - pct));
 }
+
+double TimeVariability(double d, double pct) noexcept { return TimeGrowth(d) * TimeLevel(pct); }
 
 double LinearInterpolate(double x0, double x1, double y0, double y1, double x) noexcept {
     const double t = (x - x0) / (x1 - x0);
@@ -62,10 +62,12 @@ double LinearInterpolate(double x0, double x1, double y0, double y1, double x) n
 }
 
 double DeviationSigma(const SigmaTable& table, double f) noexcept {
-    std::size_t row = 0;
+    if (std::isnan(f)) return f;
+    // The first ten rows stand at the whole hundreds.
+    const auto hundreds = static_cast<std::size_t>(std::clamp(f, 100.0, 1000.0) / 100.0);
+    std::size_t row = hundreds - 1;
     while (row < table.size() && table[row].f < f) ++row;
     if (row == table.size()) return table.back().sigma;
-    if (std::isnan(f)) return f;
     if (table[row].f == f || row == 0) return table[row].sigma;
     const SigmaRow& below = table[row - 1];
     const SigmaRow& above = table[row];
@@ -73,20 +75,16 @@ double DeviationSigma(const SigmaTable& table, double f) noexcept {
 }
 
 double LocationVariability(double f, double pct, std::string_view area) noexcept {
+    return LocationVariability(f, pct, AreaOfUntrimmed(area));
+}
+
+double LocationVariability(double f, double pct, Area area) noexcept {
     if (std::isnan(pct)) return pct;
+    if (area == Area::Unknown) return 0.0;
     // lrint rounds halves to the even neighbour in the rounding mode that all code runs in.
     const auto i = static_cast<std::size_t>(std::lrint(std::clamp(pct - 1.0, 0.0, 98.0)));
     const double z = i <= 49 ? QuantileTable[i] : -QuantileTable[98 - i];
-    switch (AreaOfUntrimmed(area)) {
-        case Area::Urban:
-            return DeviationSigma(SigmaTableUrban, f) * z;
-        case Area::Suburban:
-        case Area::Open:
-            return DeviationSigma(SigmaTableSuburban, f) * z;
-        case Area::Unknown:
-            break;
-    }
-    return 0.0;
+    return DeviationSigma(area == Area::Urban ? SigmaTableUrban : SigmaTableSuburban, f) * z;
 }
 
 }  // namespace vardel

@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "Primitives.h"
+
 // The statistics that move a median loss to other percentages of time and of locations: a loss
 // gains TimeVariability and gives up LocationVariability, a field strength the other way about.
 // Both are 0 at 50 %. What is no number gives none.
@@ -26,10 +28,14 @@ extern const SigmaTable SigmaTableSuburban;  // for open areas as well
 
 // In dB, for d in km. pct is clipped to 1 to 99.
 double TimeVariability(double d, double pct) noexcept;
+// The part of it that the percentage makes: times TimeGrowth of the distance it is TimeVariability.
+double TimeLevel(double pct) noexcept;
 
 // In dB, for f in MHz. pct counts in whole percents, 1 to 99. An area that is not one of the three
 // words (in any case, but with no blank around it) gives 0.
 double LocationVariability(double f, double pct, std::string_view area) noexcept;
+// For an area that is recognised already, as AreaOfUntrimmed does it.
+double LocationVariability(double f, double pct, Area area) noexcept;
 
 // The standard deviation in dB at f in MHz: interpolated on frequency, the first or last row's
 // beyond the table.

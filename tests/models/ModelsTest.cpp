@@ -11,19 +11,19 @@ namespace vardel {
 
 namespace {
 
-struct Model {
+struct Tested {
     const char* name;
     ModelFunction loss, fieldStrength;
     double excess;  // dB, of the field strength over what the loss gives
 };
 
-const Model Davidson = {"Davidson", DavidsonLoss, DavidsonFieldStrength, 0.0};
-const Model Itu529 = {"ITU-R P.529", Itu529Loss, Itu529FieldStrength, 0.01};
-const Model Cost231 = {"COST 231", Cost231Loss, Cost231FieldStrength, 0.0};
-const Model Us = {"US", UsLoss, UsFieldStrength, 0.0};
+const Tested Davidson = {"Davidson", DavidsonLoss, DavidsonFieldStrength, 0.0};
+const Tested Itu529 = {"ITU-R P.529", Itu529Loss, Itu529FieldStrength, 0.01};
+const Tested Cost231 = {"COST 231", Cost231Loss, Cost231FieldStrength, 0.0};
+const Tested Us = {"US", UsLoss, UsFieldStrength, 0.0};
 
 struct LossCase {
-    const Model& model;
+    const Tested& model;
     ModelInputs in;
     double loss;  // dB
 };
@@ -83,7 +83,7 @@ TEST(Models, FieldStrength) {
 // For an urban area with an unknown city size, a function goes by the antenna term of its own last
 // call, 0 at first. Only Davidson's two functions are one in this.
 TEST(Models, WhatIsNoNumberGivesNone) {
-    for (const Model* model : {&Davidson, &Itu529, &Cost231, &Us})
+    for (const Tested* model : {&Davidson, &Itu529, &Cost231, &Us})
         for (double ModelInputs::*input :
              {&ModelInputs::f, &ModelInputs::d, &ModelInputs::hb, &ModelInputs::hm,
               &ModelInputs::pctTime, &ModelInputs::pctLoc}) {

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "Primitives.h"
+
+// What the formulas need of a distance: computed for a single call, kept for a grid of distances that
+// many curves share. Both give the same bits.
+
+namespace vardel {
+
+// (1 - e^(-0.01 d))^2 · 10, the part of TimeVariability that the distance makes. d in km.
+inline double TimeGrowth(double d) noexcept {
+    const double approach = 1.0 - std::exp(-0.01 * d);
+    return approach * approach * 10.0;
+}
+
+// One distance in km.
+struct SingleDistance {
+    double d;
+
+    double Km() const noexcept { return d; }
+    double Log() const noexcept { return Log10(d); }
+    double Time() const noexcept { return TimeGrowth(d); }
+    double Exponent() const noexcept { return ExponentGrowth(d); }
+    double LogOfInverse() const noexcept { return Log10(9.98 / d); }
+};
+
+// Distances in km, each above zero, in any order, with what the formulas need of them.
+class DistanceGrid {
+public:
+    DistanceGrid() = default;
+    DistanceGrid(const double* km, std::size_t count);
+
+    std::size_t Size() const noexcept { return points_.size(); }
+    double Km(std::size_t i) const noexcept { return points_[i].Km(); }
+
+    class Point {
+    public:
+        explicit Point(double km);
+
+        double Km() const noexcept { return km_; }
+        double Log() const noexcept { return log_; }
+        double Time() const noexcept { return time_; }
+        double Exponent() const noexcept { return exponent_; }
+        double LogOfInverse() const noexcept { return logOfInverse_; }
+
+    private:
+        double km_;
+        double log_;
+        double time_;
+        double exponent_;  // 0 up to 20 km, where it is not needed
+        double logOfInverse_;
+    };
+
+    const Point* begin() const noexcept { return points_.data(); }
+    const Point* end() const noexcept { return points_.data() + points_.size(); }
+
+private:
+    std::vector<Point> points_;
+};
+
+}  // namespace vardel

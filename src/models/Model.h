@@ -1,0 +1,47 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "Distances.h"
+#include "ModelInputs.h"
+#include "ModelRanges.h"
+#include "ModelTerms.h"
+
+namespace vardel {
+
+// A propagation model, all that the rest of a program knows of it.
+struct Model {
+    ModelNumber number;
+    const char* name;  // short, as legends tell it
+    // Path loss in dB, and field strength in dB(µV/m) for a power in watts e.r.p., with terms of the
+    // caller's own.
+    double (*loss)(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
+    double (*fieldStrength)(const ModelInputs& in, double powerWatts,
+                            ModelTermsRecord& terms) noexcept;
+    // The same at count points of a grid, in place of in.d.
+    void (*lossCurve)(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
+                      double* values) noexcept;
+    void (*fieldStrengthCurve)(const ModelInputs& in, double powerWatts,
+                               const DistanceGrid::Point* points, std::size_t count,
+                               double* values) noexcept;
+    struct {
+        std::uint8_t red, green, blue;
+    } color;  // of its curve beside those of the others
+};
+
+// In the order of ModelNumber.
+extern const std::array<Model, 4> Models;
+
+inline const Model& ModelOf(ModelNumber number) { return Models[static_cast<std::size_t>(number)]; }
+
+// Those that are compared in a window, a line of the log, a graph or an archived run, in the order of
+// these.
+constexpr std::array<ModelNumber, 3> ComparedModels = {ModelItu529, ModelDavidson, ModelCost231};
+
+inline bool InRange(const Model& model, const ModelInputs& in) noexcept {
+    return ModelInRange(model.number, in.f, in.hb, in.hm, in.d, in.area);
+}
+
+}  // namespace vardel
