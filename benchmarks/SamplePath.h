@@ -16,7 +16,8 @@ inline const ModelInputs SampleInputs = MetricInputs(SamplePath);
 
 // A calculation with its line in the log.
 inline void AddSampleLine(RLogClass& log, Clock& clock) {
-    log.AddCalculation(LogLine(SamplePath, Calculation(SampleInputs), clock.Now()));
+    log.AddCalculation(
+        LogLine(SamplePath, Calculation(SampleInputs, SamplePath.powerWatts), clock.Now()));
 }
 
 }  // namespace vardel

@@ -95,7 +95,7 @@ BENCHMARK(RedrawPlot)->Unit(benchmark::kMillisecond);
 
 void RedrawFamily(benchmark::State& state) {
     RunningProgram running;
-    running.program.GraphMode = GraphItu529;
+    running.program.GraphMode = FieldStrengthGraph::Itu529;
     running.program.FrmOkumFieldStrength->mnuModelDist300.Pick();
     Redraw(state, *running.program.FrmOkumFieldStrength);
 }

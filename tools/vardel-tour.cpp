@@ -67,11 +67,11 @@ bool TakeLossGraphs(vardel::QtPlatform& platform, vardel::Program& program, cons
 bool TakeFieldStrengthGraphs(vardel::QtPlatform& platform, vardel::Program& program,
                              const QDir& pictures) {
     constexpr std::pair<vardel::FieldStrengthGraph, const char*> graphs[] = {
-        {vardel::GraphDavidson, "davidson"},
-        {vardel::GraphItu529, "itu529"},
-        {vardel::GraphUs, "us"},
-        {vardel::GraphCost231, "cost231"},
-        {vardel::GraphComparison, "comparison"},
+        {vardel::FieldStrengthGraph::Davidson, "davidson"},
+        {vardel::FieldStrengthGraph::Itu529, "itu529"},
+        {vardel::FieldStrengthGraph::Us, "us"},
+        {vardel::FieldStrengthGraph::Cost231, "cost231"},
+        {vardel::FieldStrengthGraph::Comparison, "comparison"},
     };
     bool good = true;
     program.MainForm->txtFreq.SetText("450.0");

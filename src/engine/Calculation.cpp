@@ -1,30 +1,15 @@
 #include "engine/Calculation.h"
 
-#include "models/ModCalculations.h"
-
 namespace vardel {
 
-namespace {
-
-struct Functions {
-    ModelFunction loss;
-    ModelFunction fieldStrength;
-};
-
-// By ModelNumber.
-constexpr std::array<Functions, 3> ComparedModels = {{
-    {Itu529Loss, Itu529FieldStrength},
-    {DavidsonLoss, DavidsonFieldStrength},
-    {Cost231Loss, Cost231FieldStrength},
-}};
-
-}  // namespace
-
-Calculation::Calculation(const ModelInputs& inputs) {
-    for (std::size_t i = 0; i < ComparedModels.size(); ++i)
-        results_[i] = {ComparedModels[i].loss(inputs), ComparedModels[i].fieldStrength(inputs),
-                       ModelInRange(static_cast<int>(i), inputs.f, inputs.hb, inputs.hm, inputs.d,
-                                    inputs.area)};
+Calculation::Calculation(const ModelInputs& inputs, double powerWatts) {
+    ModelTermsRecord terms;
+    for (const ModelNumber number : ComparedModels) {
+        const Model& model = ModelOf(number);
+        results_.at(number) = {model.loss(inputs, terms),
+                               model.fieldStrength(inputs, powerWatts, terms),
+                               InRange(model, inputs)};
+    }
 }
 
 std::optional<std::string> RefusalOf(const ModelInputs& inputs) {

@@ -4,8 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "models/ModelInputs.h"
-#include "models/ModelRanges.h"
+#include "models/Model.h"
 
 namespace vardel {
 
@@ -19,9 +18,8 @@ struct ModelResult {
 // The results of one path by the three models that are compared.
 class Calculation {
 public:
-    // The inputs must be above zero, as the models want them. The field strengths are for the power
-    // that GetPowerWatts gives.
-    explicit Calculation(const ModelInputs& inputs);
+    // The inputs must be above zero, as the models want them; the power is in watts e.r.p.
+    Calculation(const ModelInputs& inputs, double powerWatts);
 
     // Of ITU-R P.529, Davidson or COST 231.
     const ModelResult& Of(ModelNumber model) const { return results_.at(model); }

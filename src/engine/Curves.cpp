@@ -1,139 +1,90 @@
-#include "engine/CurveData.h"
+#include "engine/Curves.h"
+
+#include <algorithm>
+#include <cassert>
+#include <span>
 
 namespace vardel {
 
 namespace {
 
+using Points = std::span<const DistanceGrid::Point>;
+
 constexpr int MostBreaks = 6;
 
-CurveData EmptyCurve(double from, double to) {
+DistanceGrid GridFrom(double from) {
+    std::vector<double> distances;
+    for (double d = from; d <= FarthestPoint; d = d + CurveStep) distances.push_back(d);
+    return {distances.data(), distances.size()};
+}
+
+// The points of all curves are the same, so what the formulas need of them is computed once.
+Points PointsOf(const Reach& reach) {
+    static const DistanceGrid FromTenth = GridFrom(CurveStep);
+    static const DistanceGrid FromOne = GridFrom(1.0);
+    assert(reach.from == CurveStep || reach.from == 1.0);
+    const DistanceGrid& grid = reach.from == 1.0 ? FromOne : FromTenth;
+    const auto* end =
+        std::upper_bound(grid.begin(), grid.end(), reach.to,
+                         [](double to, const DistanceGrid::Point& at) { return to < at.Km(); });
+    return {grid.begin(), end};
+}
+
+CurveData CurveAt(Points points) {
     CurveData curve;
-    const auto points = static_cast<std::size_t>((to - from) / CurveStep) + 2;
-    curve.Values.reserve(points);
-    curve.Distances.reserve(points);
+    curve.Values.resize(points.size());
+    curve.Distances.resize(points.size());
+    std::transform(points.begin(), points.end(), curve.Distances.begin(),
+                   [](const DistanceGrid::Point& at) { return at.Km(); });
+    curve.LastPoint = static_cast<int>(points.size()) - 1;
     return curve;
+}
+
+template <class Value>
+CurveData FreeCurve(const Reach& reach, Value value) {
+    const Points points = PointsOf(reach);
+    CurveData curve = CurveAt(points);
+    std::transform(points.begin(), points.end(), curve.Values.begin(), value);
+    return curve;
+}
+
+void FindBreaks(CurveData& curve, const Model& model, ModelInputs in) {
+    const auto inRange = [&](double d) {
+        in.d = d;
+        return InRange(model, in);
+    };
+    curve.InRangeAtStart = curve.RangeState = inRange(1.0);
+    for (int i = 0; i <= curve.LastPoint; ++i) {
+        if (inRange(curve.Distances[static_cast<std::size_t>(i)]) == curve.RangeState) continue;
+        curve.Breaks[static_cast<std::size_t>(curve.BreakCount)] = i;
+        curve.RangeState = !curve.RangeState;
+        if (curve.BreakCount < MostBreaks) ++curve.BreakCount;
+    }
+    curve.Breaks[static_cast<std::size_t>(curve.BreakCount)] = curve.LastPoint;
 }
 
 }  // namespace
 
-CurveData ComputeModelCurve(int model, ModelFunction function, ModelInputs inputs, double from,
-                            double to) {
-    CurveData curve = EmptyCurve(from, to);
-    const auto inRange = [&](double d) {
-        return ModelInRange(model, inputs.f, inputs.hb, inputs.hm, d, inputs.area);
-    };
-    curve.InRangeAtStart = inRange(1.0);
-    curve.RangeState = curve.InRangeAtStart;
-    for (double d = from; d <= to; d = d + CurveStep) {
-        ++curve.LastPoint;
-        if (inRange(d) != curve.RangeState) {
-            curve.Breaks[static_cast<std::size_t>(curve.BreakCount)] = curve.LastPoint;
-            curve.RangeState = !curve.RangeState;
-            if (curve.BreakCount < MostBreaks) ++curve.BreakCount;
-        }
-        inputs.d = d;
-        curve.Values.push_back(function(inputs));
-        curve.Distances.push_back(d);
-    }
-    curve.Breaks[static_cast<std::size_t>(curve.BreakCount)] = curve.LastPoint;
+CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& in,
+                     double powerWatts, const Reach& reach) {
+    const Points points = PointsOf(reach);
+    CurveData curve = CurveAt(points);
+    if (quantity == Quantity::Loss)
+        model.lossCurve(in, points.data(), points.size(), curve.Values.data());
+    else
+        model.fieldStrengthCurve(in, powerWatts, points.data(), points.size(), curve.Values.data());
+    FindBreaks(curve, model, in);
     return curve;
 }
 
-CurveData ComputeFreeCurve(const std::function<double(double)>& valueAt, double from, double to) {
-    CurveData curve = EmptyCurve(from, to);
-    for (double d = from; d <= to; d = d + CurveStep) {
-        ++curve.LastPoint;
-        curve.Values.push_back(valueAt(d));
-        curve.Distances.push_back(d);
-    }
-    return curve;
+CurveData FreeSpaceLossCurve(double f, const Reach& reach) {
+    return FreeCurve(reach, [head = 32.5 + 20.0 * Log10(f)](const DistanceGrid::Point& at) {
+        return head + 20.0 * at.Log();
+    });
 }
 
-void CurveDrawing::AddSeries(std::string_view name, bool continued, const CurveData& curve,
-                             int from, int count, const Look& look) {
-    if (!legend_.empty()) legend_ += '\r';
-    legend_ += continued ? "(cont.)" : name;
-    const auto begin = static_cast<std::size_t>(from);
-    ++series_;
-    chart_.SetSeriesData(series_, "Line Data", curve.Distances.data() + begin,
-                         curve.Values.data() + begin, static_cast<std::size_t>(count));
-    ChartSeries& series = chart_.Series(series_);
-    series.Curve = name;
-    series.Continued = continued;
-    series.LineStyle = look.pattern;
-    series.LineColor = look.color;
-    series.LineWidth = 1;
-    series.MarkerStyle = 0;
-    series.MarkerSize = 0;
-    series.SinglePoints = false;
-    series.Visible = true;
-}
-
-// A stretch ends one point before the range changes, and the next begins at that point.
-void CurveDrawing::DrawModelCurve(const CurveData& curve, std::string_view legend, Color color) {
-    if (curve.LastPoint <= 0) return;
-    bool inRange = curve.InRangeAtStart;
-    const auto look = [&] { return Look{color, inRange ? PatternInRange : PatternOutOfRange}; };
-    if (curve.BreakCount == 0) {
-        AddSeries(legend, false, curve, 0, curve.LastPoint + 1, look());
-        return;
-    }
-    AddSeries(legend, false, curve, 0, curve.Breaks[0], look());
-    for (int j = 0; j < curve.BreakCount; ++j) {
-        const int from = curve.Breaks[static_cast<std::size_t>(j)];
-        const int to = curve.Breaks[static_cast<std::size_t>(j) + 1];
-        inRange = !inRange;
-        AddSeries(legend, true, curve, from, to - from + 1, look());
-    }
-}
-
-void CurveDrawing::DrawModelCurves(std::span<const ModelCurve> curves, const ModelInputs& inputs,
-                                   double from, double to) {
-    for (const ModelCurve& curve : curves)
-        DrawModelCurve(ComputeModelCurve(curve.model, curve.function, inputs, from, to),
-                       curve.legend, curve.color);
-}
-
-void CurveDrawing::DrawWholeCurve(const CurveData& curve, std::string_view legend, Color color,
-                                  LinePattern pattern) {
-    AddSeries(legend, false, curve, 0, curve.LastPoint + 1, {color, pattern});
-}
-
-void CurveDrawing::DrawMeasuredCurve(const CurveData& curve, std::string_view legend, Color color) {
-    if (curve.LastPoint < 0) return;
-    DrawWholeCurve(curve, legend, color, PatternInRange);
-    chart_.Series(series_).SinglePoints = true;
-}
-
-void SetChartScales(Chart& chart, double maxDist, double valueMinimum, double valueMaximum) {
-    for (ChartAxis& axis : chart.Axis) {
-        axis.TitleFontName = "Arial";
-        axis.LabelFontName = "Arial";
-        axis.TitleFontSize = 10;
-        axis.LabelFontSize = 10;
-        axis.LabelColor = Black;
-        axis.TitleColor = Black;
-    }
-    chart.Axis[0].Maximum = maxDist;
-    chart.Axis[0].MajorStep = maxDist == 100.0 ? 10.0 : 50.0;
-    chart.Axis[0].Minimum = 0.0;
-    chart.Axis[1].Maximum = valueMaximum;
-    chart.Axis[1].Minimum = valueMinimum;
-}
-
-void SetChartTitles(Chart& chart, std::string plot, std::string parameters) {
-    chart.Title[1].Text = std::move(plot);
-    chart.Title[2].Text = std::move(parameters);
-    chart.Title[1].FontSize = 8;
-    chart.Title[2].FontSize = 8;
-}
-
-void SetChartLegend(Chart& chart, std::string legend) {
-    chart.Legend.Text = std::move(legend);
-    chart.Legend.AttributeA = 0;
-    chart.Legend.AttributeB = 0;
-    chart.Legend.FontSize = 8;
-    chart.Legend.Visible = true;
+CurveData FreeSpaceFieldCurve(const Reach& reach) {
+    return FreeCurve(reach, [](const DistanceGrid::Point& at) { return 107.0 - 20.0 * at.Log(); });
 }
 
 }  // namespace vardel

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "engine/CurvePlot.h"
 #include "engine/MeasuredData.h"
 #include "engine/PowerUnits.h"
 #include "services/Color.h"
@@ -19,7 +20,7 @@ struct SharedData {
     std::string TempLogFile;  // the log's file; empty: the log has none
     std::string ArchiveFile;  // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;
-    int GraphMode = 0;                     // of the field strength graphs, see FieldStrengthGraph
+    FieldStrengthGraph GraphMode = FieldStrengthGraph::Davidson;
     bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
     Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
     Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on

@@ -37,7 +37,7 @@ TEST(Export, NoCurveLeavesTheAxes) {
     RunningProgram running;
     FrmOkumFieldStrength& form = *running.program.FrmOkumFieldStrength;
     form.mnuModelDist300.Pick();
-    form.SelectPlot(GraphItu529);
+    form.SelectPlot(FieldStrengthGraph::Itu529);
     const ScratchFolder folder;
     const std::string graph = folder.Path("graph");
     const struct {

@@ -166,7 +166,7 @@ TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
                               .RowValue = {{20}, {60}, {40}, {MeasuredEndMark}}}};
     program.ShowMeasuredData = true;
     FrmOkumFieldStrength& form = *program.FrmOkumFieldStrength;
-    form.SelectPlot(GraphComparison);
+    form.SelectPlot(FieldStrengthGraph::Comparison);
     auto& plot =
         *static_cast<ChartWidget*>(platform.WindowOf(form).findChild<QCustomPlot*>("CTWXfs"));
     ASSERT_EQ(plot.graphCount(), 5);

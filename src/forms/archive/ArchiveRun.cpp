@@ -1,6 +1,5 @@
 #include "forms/archive/ArchiveRun.h"
 
-#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,11 +8,11 @@
 #include "archive/ArchiveSchema.h"
 #include "archive/dbOperations.h"
 #include "controls/Hourglass.h"
-#include "engine/CurveData.h"
+#include "engine/Curves.h"
 #include "forms/SharedData.h"
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/BoxRule.h"
-#include "models/ModCalculations.h"
+#include "models/Primitives.h"
 #include "services/Files.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
@@ -21,25 +20,6 @@
 namespace vardel {
 
 namespace {
-
-struct ArchivedCurve {
-    const char* legend;  // the area follows
-    ModelFunction function;
-};
-
-using ArchivedCurves = std::array<ArchivedCurve, 3>;
-
-constexpr ArchivedCurves LossCurves = {{
-    {"ITU 529 ", Itu529Loss},
-    {"Davidson ", DavidsonLoss},
-    {"Cost 231 ", Cost231Loss},
-}};
-
-constexpr ArchivedCurves FieldStrengthCurves = {{
-    {"ITU 529 - ", Itu529FieldStrength},
-    {"Davidson - ", DavidsonFieldStrength},
-    {"Cost 231 - ", Cost231FieldStrength},
-}};
 
 constexpr std::int32_t PointsOfTwoValues = 2;
 constexpr double NearestPoint = 1.0;  // km
@@ -100,8 +80,8 @@ std::optional<std::string> AskComment(const SharedData& shared, Windows& windows
     return comment;
 }
 
-void StoreRun(const SharedData& shared, const PlotForm& form, ModelInputs inputs,
-              const ArchivedCurves& curves, int sessionEnds) {
+void StoreRun(const SharedData& shared, const PlotForm& form, const ModelInputs& inputs,
+              Quantity quantity, int sessionEnds) {
     Platform& platform = form.GetPlatform();
     dbOperations archive(platform.windows);
     archive.OpenArchive(shared.ArchiveFile);
@@ -110,31 +90,29 @@ void StoreRun(const SharedData& shared, const PlotForm& form, ModelInputs inputs
     if (!comment) return;
     archive.AddModelRun("Okumura-Hata", parameters, *comment, platform.clock.Now(),
                         PointsOfTwoValues);
-    for (const ArchivedCurve& curve : curves) {
-        const auto valueAt = [&](double d) {
-            inputs.d = d;
-            return curve.function(inputs);
-        };
-        const CurveData points = ComputeFreeCurve(valueAt, NearestPoint, form.MaxDist);
-        archive.AddDataSet(archive.CurrentRunId, curve.legend + std::string(Trimmed(inputs.area)),
-                           *comment, points.LastPoint + 1, PointsOfTwoValues, points.Distances,
-                           points.Values, {});
+    for (const ModelNumber number : ComparedModels) {
+        const Model& model = ModelOf(number);
+        const CurveData points =
+            ModelCurve(model, quantity, inputs, GetPowerWatts(), {NearestPoint, form.MaxDist});
+        const std::string legend = model.name +
+                                   std::string(quantity == Quantity::Loss ? " " : " - ") +
+                                   std::string(Trimmed(inputs.area));
+        archive.AddDataSet(archive.CurrentRunId, legend, *comment, points.LastPoint + 1,
+                           PointsOfTwoValues, points.Distances, points.Values, {});
     }
     archive.CloseArchive();
 }
 
 }  // namespace
 
-void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity) {
+void ArchiveRun(SharedData& shared, PlotForm& form, Quantity quantity) {
     const int sessionEnds = shared.SessionEnds;
     const Hourglass hourglass(form);
     form.GetPlatform().windows.Yield();
     if (form.Unloaded()) return;
     if (const auto inputs = form.ReadInputs())
         if (!shared.ArchiveFile.empty() || ChooseArchive(shared, form.GetPlatform()))
-            StoreRun(shared, form, *inputs,
-                     quantity == ArchivedQuantity::Loss ? LossCurves : FieldStrengthCurves,
-                     sessionEnds);
+            StoreRun(shared, form, *inputs, quantity, sessionEnds);
 }
 
 }  // namespace vardel

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "engine/Curves.h"
+
 namespace vardel {
 
 class PlotForm;
 struct SharedData;
-
-enum class ArchivedQuantity { Loss, FieldStrength };
 
 // Stores the three models, computed from the form's boxes to its MaxDist, as one run of the
 // archive. Asks for the archive where none was chosen yet, makes one of a new name after a
 // question, and asks for a comment. Without an archive, or where a box holds no number, there is a
 // message and nothing is stored; nor is anything where the session ends before the comment is
 // given.
-void ArchiveRun(SharedData& shared, PlotForm& form, ArchivedQuantity quantity);
+void ArchiveRun(SharedData& shared, PlotForm& form, Quantity quantity);
 
 }  // namespace vardel

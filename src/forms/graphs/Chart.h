@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "controls/Controls.h"
+#include "engine/CurvePlot.h"
 
 namespace vardel {
 
 struct ChartSeries {
     bool Visible = false;
     Color LineColor;
-    int LineStyle = 0;  // see LinePattern
+    int LineStyle = 0;  // see LinePattern of the curves
     int LineWidth = 1;
     int MarkerStyle = 0;  // 0: a plain line
     int MarkerSize = 0;
@@ -21,9 +22,9 @@ struct ChartSeries {
     std::string Label;
     std::vector<double> X;
     std::vector<double> Y;
-};
 
-enum LinePattern : int { PatternInRange = 0, PatternFreeSpace = 2, PatternOutOfRange = 3 };
+    bool IsOutOfRange() const { return LineStyle == static_cast<int>(LinePattern::OutOfRange); }
+};
 
 struct ChartAxis {
     double Minimum = 0.0;

@@ -13,8 +13,6 @@ namespace {
 // Distances are sums of many steps and end a little short of the round numbers.
 constexpr double Reached = 1e-6;  // km
 
-bool IsOutOfRange(const ChartSeries& series) { return series.LineStyle == PatternOutOfRange; }
-
 double Between(double x0, double y0, double x1, double y1, double x) {
     const double t = (x - x0) / (x1 - x0);
     return (1.0 - t) * y0 + t * y1;
@@ -41,7 +39,7 @@ struct ReadValue {
 std::optional<ReadValue> ReadStretch(const ChartSeries& series, const ChartSeries* before,
                                      double distance) {
     if (const auto value = ValueAt(series, distance))
-        return ReadValue{*value, IsOutOfRange(series)};
+        return ReadValue{*value, series.IsOutOfRange()};
     if (before == nullptr || before->X.empty() || series.X.empty()) return std::nullopt;
     if (distance <= before->X.back() || distance >= series.X.front()) return std::nullopt;
     return ReadValue{
@@ -99,7 +97,7 @@ std::string ChartCsv(const Chart& chart) {
         if (!series.Visible) continue;
         for (std::size_t i = 0; i < series.X.size(); ++i)
             csv += series.Curve + ',' + ShortestText(series.X[i]) + ',' +
-                   ShortestText(series.Y[i]) + ',' + (IsOutOfRange(series) ? "no" : "yes") + '\n';
+                   ShortestText(series.Y[i]) + ',' + (series.IsOutOfRange() ? "no" : "yes") + '\n';
     }
     return csv;
 }

@@ -37,10 +37,10 @@ void FrmOkumFieldStrength::WireEvents() {
     cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
 
     mnuFileExit.Click = [this] { Unload(); };
-    mnuModelPalvernFS.Click = [this] { SelectPlot(GraphDavidson); };
-    mnuModelOkum529FS.Click = [this] { SelectPlot(GraphItu529); };
-    mnuModelCost231.Click = [this] { SelectPlot(GraphCost231); };
-    mnuModelCompare.Click = [this] { SelectPlot(GraphComparison); };
+    mnuModelPalvernFS.Click = [this] { SelectPlot(FieldStrengthGraph::Davidson); };
+    mnuModelOkum529FS.Click = [this] { SelectPlot(FieldStrengthGraph::Itu529); };
+    mnuModelCost231.Click = [this] { SelectPlot(FieldStrengthGraph::Cost231); };
+    mnuModelCompare.Click = [this] { SelectPlot(FieldStrengthGraph::Comparison); };
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
     mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
     mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
@@ -50,7 +50,7 @@ void FrmOkumFieldStrength::WireEvents() {
 
 void FrmOkumFieldStrength::Form_Load() {
     const MainForm& main = *doors_.MainForm;
-    txthb.SetEnabled(shared_.GraphMode == GraphComparison);
+    txthb.SetEnabled(shared_.GraphMode == FieldStrengthGraph::Comparison);
     SetMaxDist(100.0, mnuModelDist100, mnuModelDist300);
     mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
     LoadInputs(main);
@@ -67,11 +67,11 @@ void FrmOkumFieldStrength::Form_Unload() {
 }
 
 void FrmOkumFieldStrength::CheckModelMenu() {
-    const int mode = shared_.GraphMode;
-    mnuModelPalvernFS.SetChecked(mode == GraphDavidson);
-    mnuModelOkum529FS.SetChecked(mode == GraphItu529);
-    mnuModelCost231.SetChecked(mode == GraphCost231);
-    mnuModelCompare.SetChecked(mode == GraphComparison);
+    const FieldStrengthGraph mode = shared_.GraphMode;
+    mnuModelPalvernFS.SetChecked(mode == FieldStrengthGraph::Davidson);
+    mnuModelOkum529FS.SetChecked(mode == FieldStrengthGraph::Itu529);
+    mnuModelCost231.SetChecked(mode == FieldStrengthGraph::Cost231);
+    mnuModelCompare.SetChecked(mode == FieldStrengthGraph::Comparison);
 }
 
 // A graph that was marked stale stays so, though this takes in all the inputs.
@@ -86,7 +86,7 @@ void FrmOkumFieldStrength::ReplotMode(FieldStrengthGraph graph) {
 void FrmOkumFieldStrength::SelectPlot(FieldStrengthGraph graph) {
     Run([this, graph] {
         ReplotMode(graph);
-        txthb.SetEnabled(graph == GraphComparison);
+        txthb.SetEnabled(graph == FieldStrengthGraph::Comparison);
     });
 }
 
@@ -100,19 +100,19 @@ void FrmOkumFieldStrength::BringUpToDate() {
         txtPowerUnit.SetText(power);
         mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
         const bool anew = TakeUnitsAfresh();
-        SelectPlot(static_cast<FieldStrengthGraph>(shared_.GraphMode));
+        SelectPlot(shared_.GraphMode);
         if (anew && !Unloaded()) cmdUpdateGraph.Press();
     });
 }
 
-void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(GraphUs); }
+void FrmOkumFieldStrength::SelectUsPlot() { ReplotMode(FieldStrengthGraph::Us); }
 
 void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
     if (MaxDist != maxDist) SetMaxDist(maxDist, mnuModelDist100, mnuModelDist300);
 }
 
 void FrmOkumFieldStrength::cmdAddToArchive_Click() {
-    ArchiveRun(shared_, *this, ArchivedQuantity::FieldStrength);
+    ArchiveRun(shared_, *this, Quantity::FieldStrength);
 }
 
 // The power goes to the main form at once, not only when the form closes.

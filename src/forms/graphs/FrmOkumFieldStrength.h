@@ -5,16 +5,6 @@
 
 namespace vardel {
 
-// What a field strength graph shows: one model for six base antenna heights, or the three models
-// that are compared at the height in the box.
-enum FieldStrengthGraph : int {
-    GraphDavidson = 0,
-    GraphItu529 = 1,
-    GraphUs = 2,
-    GraphCost231 = 3,
-    GraphComparison = 4,
-};
-
 // The window of the field strength graphs.
 class FrmOkumFieldStrength : public PlotForm {
 public:
@@ -67,9 +57,8 @@ private:
 
     // FieldStrengthPlot.cpp
     bool Replot() override { return PlotFieldStrength(true); }
-    void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) override;
-    void DrawHeightFamily(CurveDrawing& drawing, const ModelInputs& inputs);
-    void DrawComparison(CurveDrawing& drawing, const ModelInputs& inputs);
+    CurvePlot MakePlot(const ModelInputs& inputs) override;
+    void SetScalesAndTitles() override;
     void SetTitles();
 };
 

@@ -51,6 +51,6 @@ void GraphForm::Form_Unload() {
     main.mnuUnitsEnglish.SetChecked(mnuUnitsEnglish.Checked());
 }
 
-void GraphForm::cmdArchiveData_Click() { ArchiveRun(shared_, *this, ArchivedQuantity::Loss); }
+void GraphForm::cmdArchiveData_Click() { ArchiveRun(shared_, *this, Quantity::Loss); }
 
 }  // namespace vardel

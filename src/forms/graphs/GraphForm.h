@@ -31,7 +31,8 @@ private:
     void Form_Unload() override;
     void cmdArchiveData_Click();
     bool Replot() override { return PlotLossGraph(true); }
-    void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) override;
+    CurvePlot MakePlot(const ModelInputs& inputs) override;
+    void SetScalesAndTitles() override;
     void SetTitles();
 };
 

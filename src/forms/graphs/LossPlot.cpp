@@ -1,39 +1,19 @@
-#include <array>
-
-#include "engine/CurveData.h"
+#include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/shared/BoxRule.h"
-#include "models/ModCalculations.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
-
-namespace {
-
-constexpr std::array<ModelCurve, 3> LossCurves = {{
-    {ModelItu529, Itu529Loss, "ITU 529", {0, 128, 0}},
-    {ModelDavidson, DavidsonLoss, "Davidson", {255, 0, 0}},
-    {ModelCost231, Cost231Loss, "Cost 231", {0, 0, 180}},
-}};
-
-constexpr Color FreeSpaceColor{40, 40, 40};
-
-// In dB, for f in MHz and d in km.
-double FreeSpaceLoss(double f, double d) { return 32.5 + 20.0 * Log10(f) + 20.0 * Log10(d); }
-
-}  // namespace
 
 bool GraphForm::PlotLossGraph(bool redrawChart) {
     // The first series is of every plot.
     return Plot(redrawChart, 1, 5);
 }
 
-void GraphForm::DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) {
-    drawing.DrawModelCurves(LossCurves, inputs, 1.0, MaxDist);
-    const auto freeSpace = [f = inputs.f](double d) { return FreeSpaceLoss(f, d); };
-    drawing.DrawWholeCurve(ComputeFreeCurve(freeSpace, CurveStep, MaxDist), "Free Space",
-                           FreeSpaceColor, PatternFreeSpace);
+CurvePlot GraphForm::MakePlot(const ModelInputs& inputs) { return LossPlot(inputs, MaxDist); }
+
+void GraphForm::SetScalesAndTitles() {
     SetChartScales(CTWX1, MaxDist, 50.0, 250.0);
     SetTitles();
 }

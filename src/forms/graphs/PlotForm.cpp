@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "controls/Hourglass.h"
-#include "engine/CurveData.h"
 #include "engine/Units.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/main/MainForm.h"
@@ -200,9 +200,8 @@ bool PlotForm::Plot(bool redrawChart, int first, int last) {
     if (!inputs) return false;
     if (redrawChart)
         for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
-    CurveDrawing drawing(chart_);
-    DrawPlot(drawing, *inputs);
-    SetChartLegend(chart_, drawing.Legend());
+    ShowPlot(chart_, MakePlot(*inputs));
+    SetScalesAndTitles();
     if (redrawChart) chart_.Redraw();
     return true;
 }

@@ -9,7 +9,6 @@
 
 namespace vardel {
 
-class CurveDrawing;
 class MainForm;
 struct Doors;
 struct Platform;
@@ -90,8 +89,8 @@ protected:
     // the first plot, of the form's loading, draws none. False, after a message unless it is the
     // first, where a box holds no number: the chart is as it was then.
     bool Plot(bool redrawChart, int first, int last);
-    // Curves, scales and titles of a plot.
-    virtual void DrawPlot(CurveDrawing& drawing, const ModelInputs& inputs) = 0;
+    virtual CurvePlot MakePlot(const ModelInputs& inputs) = 0;
+    virtual void SetScalesAndTitles() = 0;
     // The plot that the button asks for.
     virtual bool Replot() = 0;
 

@@ -93,10 +93,16 @@ void MainForm::WireEvents() {
     mnuUnitsMetric.Click = [this] { SetMetricUnits(doors_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(doors_); };
     mnuGraphdBloss.Click = [this] { ShowLossGraph(); };
-    mnuOkumGraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphDavidson); };
-    mnuOkum529GraphFieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphItu529); };
-    mnuGraphCost231FieldStrength.Click = [this] { ShowFieldStrengthGraph(GraphCost231); };
-    mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(GraphComparison); };
+    mnuOkumGraphFieldStrength.Click = [this] {
+        ShowFieldStrengthGraph(FieldStrengthGraph::Davidson);
+    };
+    mnuOkum529GraphFieldStrength.Click = [this] {
+        ShowFieldStrengthGraph(FieldStrengthGraph::Itu529);
+    };
+    mnuGraphCost231FieldStrength.Click = [this] {
+        ShowFieldStrengthGraph(FieldStrengthGraph::Cost231);
+    };
+    mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(FieldStrengthGraph::Comparison); };
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
     mnuHelpInfo.Click = [this] { doors_.frmInfoScreen->ShowModal(this); };
     mnuHelpAbout.Click = [this] { doors_.AboutForm->ShowModal(); };

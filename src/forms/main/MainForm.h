@@ -16,7 +16,7 @@ struct Doors;
 struct PathInputs;
 struct Platform;
 struct SharedData;
-enum FieldStrengthGraph : int;
+enum class FieldStrengthGraph : int;
 
 // The program's one permanent window: the inputs as text in boxes, the six results of a
 // calculation, and the menus that lead to everything else.

@@ -40,7 +40,7 @@ void MainForm::cmdLossCalc_Click() {
         GetPlatform().windows.ShowMessage({.text = *refusal});
         return;
     }
-    const Calculation calculation(inputs);
+    const Calculation calculation(inputs, path->powerWatts);
     doors_.ReportLog().AddCalculation(LogLine(*path, calculation, GetPlatform().clock.Now()));
     ShowResults(calculation);
     GetPlatform().windows.Yield();

@@ -163,7 +163,7 @@ frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, PathInp
         ShowProgress(d, descending);
         path.distance = inputs.d = d;
         doors_.ReportLog().AddCalculation(
-            LogLine(path, Calculation(inputs), GetPlatform().clock.Now()));
+            LogLine(path, Calculation(inputs, path.powerWatts), GetPlatform().clock.Now()));
     }
     return Outcome::Finished;
 }

@@ -34,8 +34,8 @@ QPen PenOf(const ChartSeries& series) {
     QPen pen(ToQt(series.LineColor));
     pen.setWidthF(series.LineWidth * 1.3);
     pen.setCapStyle(Qt::FlatCap);
-    if (series.LineStyle == PatternOutOfRange) pen.setDashPattern({6, 4});
-    if (series.LineStyle == PatternFreeSpace) pen.setDashPattern({1, 3});
+    if (series.IsOutOfRange()) pen.setDashPattern({6, 4});
+    if (series.LineStyle == static_cast<int>(LinePattern::FreeSpace)) pen.setDashPattern({1, 3});
     return pen;
 }
 

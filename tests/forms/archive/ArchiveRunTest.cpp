@@ -66,7 +66,7 @@ TEST_F(ArchiveRunTest, AnotherReaderFindsEveryFieldAndPoint) {
     FrmOkumFieldStrength& field = *program.FrmOkumFieldStrength;
     EXPECT_FALSE(field.cmdAddToArchive.Visible());
     field.lblPower.Click.Raise();
-    field.SelectPlot(GraphCost231);
+    field.SelectPlot(FieldStrengthGraph::Cost231);
     field.cmbareatype.SetText("Suburban");
     field.txtPctTime.SetText("10");
     platform.onQuestion = nullptr;  // the user cancels

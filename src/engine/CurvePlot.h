@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/Curves.h"
+#include "engine/MeasuredData.h"
+#include "services/Color.h"
+
+// What the graphs show: curves, cut where the range of their model ends.
+
+namespace vardel {
+
+enum class LinePattern : int { InRange = 0, FreeSpace = 2, OutOfRange = 3 };
+
+// A stretch of a curve, in one pattern.
+struct PlotSeries {
+    std::string curve;       // the name of its curve
+    bool continued = false;  // the curve began in the series before
+    LinePattern pattern = LinePattern::InRange;
+    Color color;
+    bool singlePoints = false;           // values that were measured, each told from the curve
+    std::vector<double> distances = {};  // km
+    std::vector<double> values = {};     // dB, or dB(µV/m)
+};
+
+using CurvePlot = std::vector<PlotSeries>;
+
+// What a field strength graph shows: one model for six base antenna heights, or the three models
+// that are compared at the height of the inputs.
+enum class FieldStrengthGraph : int { Davidson = 0, Itu529 = 1, Us = 2, Cost231 = 3, Comparison = 4 };
+
+// The losses of the models that are compared, and of free space.
+CurvePlot LossPlot(const ModelInputs& in, double maxDist);
+// Field strengths, and free space last.
+CurvePlot FieldStrengthPlot(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts,
+                            double maxDist);
+const char* TitleOf(FieldStrengthGraph graph);
+
+// Measured values over the rest; without any, none.
+void AddMeasured(CurvePlot& plot, const MeasuredSegment& segment, int column);
+
+// A line for each series, parted by carriage returns.
+std::string LegendText(const CurvePlot& plot);
+
+}  // namespace vardel
