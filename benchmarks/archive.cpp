@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "archive/dbOperations.h"
-#include "engine/CurveData.h"
+#include "engine/Curves.h"
 #include "models/ModCalculations.h"
 #include "support/FakePlatform.h"
 
@@ -19,10 +19,8 @@ constexpr const char* Parameters =
 constexpr int Runs = 40;
 
 CurveData Curve() {
-    const auto loss = [](double d) {
-        return Itu529Loss({450, d, 100, 1.5, "Urban", "Small/Medium", 50, 50});
-    };
-    return ComputeFreeCurve(loss, 1.0, 300.0);
+    return ModelCurve(ModelOf(ModelItu529), Quantity::Loss,
+                      {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, 0.0, {1.0, 300.0});
 }
 
 void ComputeArchiveCurves(benchmark::State& state) {

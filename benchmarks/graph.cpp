@@ -1,4 +1,4 @@
-// Plots to 300 km beside their single model calls, and their drawing.
+// Plots to 300 km beside a loop of single calls for the same curves, and their drawing.
 
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "engine/CurveData.h"
+#include "engine/CurvePlot.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "models/ModCalculations.h"
@@ -23,48 +23,42 @@ constexpr std::array<ModelFunction, 3> Losses = {Itu529Loss, DavidsonLoss, Cost2
 
 constexpr std::array<double, 6> Heights = {30, 50, 70, 100, 150, 200};
 
+// Point by point: the range test and the model.
+void CallForEachPoint(int model, ModelFunction function, ModelInputs in, double from) {
+    for (in.d = from; in.d <= 300.0; in.d = in.d + 0.1) {
+        benchmark::DoNotOptimize(ModelInRange(model, in.f, in.hb, in.hm, in.d, in.area));
+        benchmark::DoNotOptimize(function(in));
+    }
+}
+
 void ComputePlot(benchmark::State& state) {
-    for (auto _ : state)
-        for (int model = 0; model < 3; ++model)
-            benchmark::DoNotOptimize(ComputeModelCurve(
-                model, Losses[static_cast<std::size_t>(model)], Inputs, 1.0, 300.0));
+    for (auto _ : state) benchmark::DoNotOptimize(LossPlot(Inputs, 300.0));
 }
 BENCHMARK(ComputePlot)->Unit(benchmark::kMicrosecond);
 
-void ComputePlot_floor(benchmark::State& state) {
+void ComputePlot_loop(benchmark::State& state) {
     for (auto _ : state)
-        for (const ModelFunction loss : Losses) {
-            ModelInputs in = Inputs;
-            for (in.d = 1.0; in.d <= 300.0; in.d = in.d + 0.1) benchmark::DoNotOptimize(loss(in));
-        }
+        for (int model = 0; model < 3; ++model)
+            CallForEachPoint(model, Losses[static_cast<std::size_t>(model)], Inputs, 1.0);
 }
-BENCHMARK(ComputePlot_floor)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ComputePlot_loop)->Unit(benchmark::kMicrosecond);
 
 void ComputeFamily(benchmark::State& state) {
     for (auto _ : state)
-        for (const double height : Heights) {
-            ModelInputs in = Inputs;
-            in.hb = height;
-            benchmark::DoNotOptimize(
-                ComputeModelCurve(ModelItu529, Itu529FieldStrength, in, 0.1, 300.0));
-        }
+        benchmark::DoNotOptimize(
+            FieldStrengthPlot(FieldStrengthGraph::Itu529, Inputs, 1000.0, 300.0));
 }
 BENCHMARK(ComputeFamily)->Unit(benchmark::kMicrosecond);
 
-// The range test is a call as well.
-void ComputeFamily_floor(benchmark::State& state) {
+void ComputeFamily_loop(benchmark::State& state) {
     for (auto _ : state)
         for (const double height : Heights) {
             ModelInputs in = Inputs;
             in.hb = height;
-            for (in.d = 0.1; in.d <= 300.0; in.d = in.d + 0.1) {
-                benchmark::DoNotOptimize(
-                    ModelInRange(ModelItu529, in.f, in.hb, in.hm, in.d, in.area));
-                benchmark::DoNotOptimize(Itu529FieldStrength(in));
-            }
+            CallForEachPoint(ModelItu529, Itu529FieldStrength, in, 0.1);
         }
 }
-BENCHMARK(ComputeFamily_floor)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ComputeFamily_loop)->Unit(benchmark::kMicrosecond);
 
 // The redraw of a graph that was drawn before, at 900 by 600 points.
 void Redraw(benchmark::State& state, PlotForm& form) {

@@ -1,53 +1,59 @@
-// Each model function beside its floor: the bare log, exp and pow calls that its formula needs, and
-// nothing else. The ratio of a pair in one run is what counts.
+// Each model function beside its floor: the bare log, exp and pow calls that its formula needs,
+// with the same arguments, and nothing else; and each curve beside a loop of single calls. The
+// ratio of a pair in one run is what counts.
 
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <random>
+#include <vector>
 
 #include "models/ModCalculations.h"
 
 namespace vardel {
 namespace {
 
-// Distances on both sides of the thresholds at 20, 40.238 and 64.38 km.
-ModelInputs InputsAt(double d) {
-    return {.f = 900,
-            .d = d,
-            .hb = 100,
-            .hm = 1.5,
-            .area = "Suburban",
-            .city = "Small/Medium",
-            .pctTime = 10,
-            .pctLoc = 90};
-}
-
-using Model = double (*)(const ModelInputs&) noexcept;
-
-void Run(benchmark::State& state, Model model) {
-    PowerWatts = 1000.0;
-    ModelInputs in = InputsAt(static_cast<double>(state.range(0)));
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(in);
-        benchmark::DoNotOptimize(model(in));
-    }
+// Random paths in the models' ranges, at one distance.
+std::vector<ModelInputs> PathsAt(double d) {
+    std::mt19937 random(1);
+    const auto uniform = [&random](double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random);
+    };
+    std::vector<ModelInputs> paths(256);
+    for (ModelInputs& in : paths)
+        in = {uniform(150, 1500), d,
+              uniform(30, 200),   uniform(1, 10),
+              "Suburban",         "Small/Medium",
+              uniform(1, 99),     uniform(1, 99)};
+    return paths;
 }
 
 template <class Function>
-double Bare(Function function, double x) {
-    benchmark::DoNotOptimize(x);
-    double result = function(x);
+void Run(benchmark::State& state, Function function) {
+    PowerWatts = 1000.0;
+    const auto paths = PathsAt(static_cast<double>(state.range(0)));
+    std::size_t i = 0;
+    for (auto _ : state) {
+        double result = function(paths[i]);
+        benchmark::DoNotOptimize(result);
+        i = (i + 1) % paths.size();
+    }
+}
+
+// A call that is made, whatever becomes of its result.
+double Log(double x) {
+    double result = std::log(x);
     benchmark::DoNotOptimize(result);
     return result;
 }
 
-double Log(double x) {
-    return Bare([](double y) { return std::log(y); }, x);
+double Exp(double x) {
+    double result = std::exp(x);
+    benchmark::DoNotOptimize(result);
+    return result;
 }
 
 double Power(double x, double exponent) {
-    benchmark::DoNotOptimize(x);
-    benchmark::DoNotOptimize(exponent);
     double result = std::pow(x, exponent);
     benchmark::DoNotOptimize(result);
     return result;
@@ -55,8 +61,7 @@ double Power(double x, double exponent) {
 
 // Time variability: an exp and a log. Suburban area term: a log.
 double StatisticsAndArea(const ModelInputs& in) {
-    return Bare([](double y) { return std::exp(y); }, -0.01 * in.d) + Log(0.02 * in.pctTime) +
-           Log(in.f / 28.0);
+    return Exp(-0.01 * in.d) + Log(0.02 * in.pctTime) + Log(in.f / 28.0);
 }
 
 double HataLogs(const ModelInputs& in) { return Log(in.f) + Log(in.hb) + Log(in.d); }
@@ -70,10 +75,7 @@ double DavidsonFloor(const ModelInputs& in) noexcept {
 
 double P529Floor(const ModelInputs& in) noexcept {
     double sum = HataLogs(in) + StatisticsAndArea(in);
-    if (in.d > 20.0) {
-        sum += Power(Log(in.d / 20.0), 0.8);
-        sum += Power(1.5, 1.3);
-    }
+    if (in.d > 20.0) sum += Power(Log(in.d / 20.0), 0.8) + Power(std::sqrt(in.hb), 1.3);
     return sum;
 }
 
@@ -81,7 +83,7 @@ double UsFloor(const ModelInputs& in) noexcept {
     return Log(in.f) + Log(in.d) + Log(in.hb * in.hm) + StatisticsAndArea(in);
 }
 
-template <Model floor>
+template <double (*floor)(const ModelInputs&) noexcept>
 double WithPower(const ModelInputs& in) noexcept {
     return floor(in) + Log(PowerWatts);
 }
@@ -98,6 +100,61 @@ PAIR(Cost231Loss, P529Floor);
 PAIR(Cost231FieldStrength, WithPower<P529Floor>);
 PAIR(UsLoss, UsFloor);
 PAIR(UsFieldStrength, WithPower<UsFloor>);
+
+// The graphs' distances, 1 km to 300 km in steps of 0.1 km.
+std::vector<double> GraphDistances() {
+    std::vector<double> distances;
+    for (double d = 1.0; d <= 300.0; d = d + 0.1) distances.push_back(d);
+    return distances;
+}
+
+void SingleCalls(benchmark::State& state, ModelFunction function) {
+    const auto distances = GraphDistances();
+    std::vector<double> values(distances.size());
+    ModelInputs in = PathsAt(1.0)[0];
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < distances.size(); ++i) {
+            in.d = distances[i];
+            values[i] = function(in);
+        }
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+void CurveOnGrid(benchmark::State& state, ModelNumber model) {
+    const auto distances = GraphDistances();
+    const DistanceGrid grid(distances.data(), distances.size());
+    std::vector<double> values(distances.size());
+    const ModelInputs in = PathsAt(1.0)[0];
+    for (auto _ : state) {
+        ModelOf(model).lossCurve(in, grid.begin(), grid.Size(), values.data());
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+using NewCurve = void (*)(const ModelInputs&, const double*, std::size_t, double*) noexcept;
+
+void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
+    const auto distances = GraphDistances();
+    std::vector<double> values(distances.size());
+    const ModelInputs in = PathsAt(1.0)[0];
+    for (auto _ : state) {
+        curve(in, distances.data(), distances.size(), values.data());
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+#define CURVES(name, model)                                                          \
+    BENCHMARK_CAPTURE(SingleCalls, name, name##Loss)->Unit(benchmark::kMicrosecond); \
+    BENCHMARK_CAPTURE(CurveOnGrid, name, model)->Unit(benchmark::kMicrosecond);      \
+    BENCHMARK_CAPTURE(CurveOnNewDistances, name, name##LossCurve)->Unit(benchmark::kMicrosecond)
+
+CURVES(Itu529, ModelItu529);
+CURVES(Cost231, ModelCost231);
+CURVES(Davidson, ModelDavidson);
 
 }  // namespace
 }  // namespace vardel

@@ -51,7 +51,8 @@ std::vector<double> Stretch(const std::vector<double>& points, int from, int cou
 // A stretch ends one point before the range changes, and the next begins at that point.
 void AddModelCurve(CurvePlot& plot, CurveData curve, const std::string& name, Color color) {
     bool inRange = curve.InRangeAtStart;
-    const auto add = [&](bool continued, std::vector<double> distances, std::vector<double> values) {
+    const auto add = [&](bool continued, std::vector<double> distances,
+                         std::vector<double> values) {
         plot.push_back({.curve = name,
                         .continued = continued,
                         .pattern = inRange ? LinePattern::InRange : LinePattern::OutOfRange,
@@ -59,8 +60,10 @@ void AddModelCurve(CurvePlot& plot, CurveData curve, const std::string& name, Co
                         .distances = std::move(distances),
                         .values = std::move(values)});
     };
-    if (curve.BreakCount == 0) return add(false, std::move(curve.Distances), std::move(curve.Values));
-    add(false, Stretch(curve.Distances, 0, curve.Breaks[0]), Stretch(curve.Values, 0, curve.Breaks[0]));
+    if (curve.BreakCount == 0)
+        return add(false, std::move(curve.Distances), std::move(curve.Values));
+    add(false, Stretch(curve.Distances, 0, curve.Breaks[0]),
+        Stretch(curve.Values, 0, curve.Breaks[0]));
     for (int j = 0; j < curve.BreakCount; ++j) {
         const int from = curve.Breaks[static_cast<std::size_t>(j)];
         const int count = curve.Breaks[static_cast<std::size_t>(j) + 1] - from + 1;

@@ -28,7 +28,13 @@ using CurvePlot = std::vector<PlotSeries>;
 
 // What a field strength graph shows: one model for six base antenna heights, or the three models
 // that are compared at the height of the inputs.
-enum class FieldStrengthGraph : int { Davidson = 0, Itu529 = 1, Us = 2, Cost231 = 3, Comparison = 4 };
+enum class FieldStrengthGraph : int {
+    Davidson = 0,
+    Itu529 = 1,
+    Us = 2,
+    Cost231 = 3,
+    Comparison = 4
+};
 
 // The losses of the models that are compared, and of free space.
 CurvePlot LossPlot(const ModelInputs& in, double maxDist);

@@ -47,6 +47,28 @@ struct Path {
     P529DistanceTerm distanceTerm;
 };
 
+template <class Point>
+void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
+                double* values) noexcept {
+    const Path path(in, true);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values, [&](const Point& point) {
+        const auto& at = DistanceAt(point);
+        return path.Loss(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+template <class Point>
+void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
+                        std::size_t count, double* values) noexcept {
+    const Path path(in, true);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values, [&](const Point& point) {
+        const auto& at = DistanceAt(point);
+        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
 }  // namespace
 
 double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
@@ -74,21 +96,23 @@ double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
 
 void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                       double* values) noexcept {
-    const Path path(in, true);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
-        return path.Loss(head, at, path.distanceTerm.Exponent(at));
-    });
+    FillLosses(in, points, count, values);
+}
+
+void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                      double* values) noexcept {
+    FillLosses(in, km, count, values);
 }
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
                                const DistanceGrid::Point* points, std::size_t count,
                                double* values) noexcept {
-    const Path path(in, true);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
-        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
-    });
+    FillFieldStrengths(in, powerWatts, points, count, values);
+}
+
+void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                               std::size_t count, double* values) noexcept {
+    FillFieldStrengths(in, powerWatts, km, count, values);
 }
 
 double Cost231Loss(const ModelInputs& in) noexcept { return Cost231LossWith(in, ModelTerms); }

@@ -32,4 +32,10 @@ void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
                                const DistanceGrid::Point* points, std::size_t count,
                                double* values) noexcept;
 
+// The same at count distances in km that no other curve has: then a grid of them does not pay.
+void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                      double* values) noexcept;
+void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                               std::size_t count, double* values) noexcept;
+
 }  // namespace vardel

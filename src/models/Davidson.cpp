@@ -77,12 +77,32 @@ double LossOf(const Path& path, double d, ModelTermsRecord& terms) noexcept {
     return path.Loss(at, distance, height, frequency);
 }
 
-double LossOf(const Path& path, const DistanceGrid::Point& at) noexcept {
+template <class Distance>
+double LossAt(const Path& path, const Distance& at) noexcept {
     return path.Loss(at, path.DistanceCorrection(at.Km()), path.HeightCorrection(at),
                      path.FrequencyDistanceCorrection(at.Km()));
 }
 
 constexpr double AnyDistance = 1e300;  // km
+
+template <class Point>
+void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
+                double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, AnyDistance);
+    std::transform(points, points + count, values,
+                   [&](const Point& point) { return LossAt(path, DistanceAt(point)); });
+}
+
+template <class Point>
+void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
+                        std::size_t count, double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, AnyDistance);
+    const double head = FieldStrengthHead(powerWatts, path.logF);
+    std::transform(points, points + count, values,
+                   [&](const Point& point) { return head - LossAt(path, DistanceAt(point)); });
+}
 
 }  // namespace
 
@@ -98,20 +118,23 @@ double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
 
 void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                        double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, AnyDistance);
-    std::transform(points, points + count, values,
-                   [&](const DistanceGrid::Point& at) { return LossOf(path, at); });
+    FillLosses(in, points, count, values);
+}
+
+void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                       double* values) noexcept {
+    FillLosses(in, km, count, values);
 }
 
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
                                 const DistanceGrid::Point* points, std::size_t count,
                                 double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, AnyDistance);
-    const double head = FieldStrengthHead(powerWatts, path.logF);
-    std::transform(points, points + count, values,
-                   [&](const DistanceGrid::Point& at) { return head - LossOf(path, at); });
+    FillFieldStrengths(in, powerWatts, points, count, values);
+}
+
+void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                                std::size_t count, double* values) noexcept {
+    FillFieldStrengths(in, powerWatts, km, count, values);
 }
 
 double DavidsonLoss(const ModelInputs& in) noexcept { return DavidsonLossWith(in, ModelTerms); }

@@ -6,8 +6,8 @@
 
 #include "Primitives.h"
 
-// What the formulas need of a distance: computed for a single call, kept for a grid of distances that
-// many curves share. Both give the same bits.
+// What the formulas need of a distance: computed for a single call, kept for a grid of distances
+// that many curves share. Both give the same bits.
 
 namespace vardel {
 
@@ -61,5 +61,11 @@ public:
 private:
     std::vector<Point> points_;
 };
+
+// The points of a curve, either as they are or in a grid.
+inline SingleDistance DistanceAt(double km) noexcept { return {km}; }
+inline const DistanceGrid::Point& DistanceAt(const DistanceGrid::Point& point) noexcept {
+    return point;
+}
 
 }  // namespace vardel

@@ -48,6 +48,30 @@ struct Path {
     P529DistanceTerm distanceTerm;
 };
 
+template <class Point>
+void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
+                double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, true);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values, [&](const Point& point) {
+        const auto& at = DistanceAt(point);
+        return path.Loss(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
+template <class Point>
+void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
+                        std::size_t count, double* values) noexcept {
+    double antenna = 0.0;
+    const Path path(in, antenna, true);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values, [&](const Point& point) {
+        const auto& at = DistanceAt(point);
+        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
+    });
+}
+
 }  // namespace
 
 double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
@@ -73,23 +97,23 @@ double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
 
 void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                      double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, true);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
-        return path.Loss(head, at, path.distanceTerm.Exponent(at));
-    });
+    FillLosses(in, points, count, values);
+}
+
+void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                     double* values) noexcept {
+    FillLosses(in, km, count, values);
 }
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
                               const DistanceGrid::Point* points, std::size_t count,
                               double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, true);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values, [&](const DistanceGrid::Point& at) {
-        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
-    });
+    FillFieldStrengths(in, powerWatts, points, count, values);
+}
+
+void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                              std::size_t count, double* values) noexcept {
+    FillFieldStrengths(in, powerWatts, km, count, values);
 }
 
 double Itu529Loss(const ModelInputs& in) noexcept { return Itu529LossWith(in, ModelTerms); }

@@ -15,8 +15,8 @@ namespace vardel {
 struct Model {
     ModelNumber number;
     const char* name;  // short, as legends tell it
-    // Path loss in dB, and field strength in dB(µV/m) for a power in watts e.r.p., with terms of the
-    // caller's own.
+    // Path loss in dB, and field strength in dB(µV/m) for a power in watts e.r.p., with terms of
+    // the caller's own.
     double (*loss)(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
     double (*fieldStrength)(const ModelInputs& in, double powerWatts,
                             ModelTermsRecord& terms) noexcept;
@@ -36,8 +36,8 @@ extern const std::array<Model, 4> Models;
 
 inline const Model& ModelOf(ModelNumber number) { return Models[static_cast<std::size_t>(number)]; }
 
-// Those that are compared in a window, a line of the log, a graph or an archived run, in the order of
-// these.
+// Those that are compared in a window, a line of the log, a graph or an archived run, in the order
+// of these.
 constexpr std::array<ModelNumber, 3> ComparedModels = {ModelItu529, ModelDavidson, ModelCost231};
 
 inline bool InRange(const Model& model, const ModelInputs& in) noexcept {

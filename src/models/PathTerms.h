@@ -15,7 +15,8 @@ struct PathStatistics {
     double location;   // dB, see LocationVariability
 };
 
-// The area as the models read it, and the statistics of the path. These are stricter about the text.
+// The area as the models read it, and the statistics of the path. These are stricter about the
+// text.
 inline Area ReadArea(const ModelInputs& in, PathStatistics& statistics) noexcept {
     const Area untrimmed = AreaOfUntrimmed(in.area);
     statistics = {TimeLevel(in.pctTime), LocationVariability(in.f, in.pctLoc, untrimmed)};

@@ -39,6 +39,24 @@ struct Path {
     double areaTerm;  // dB
 };
 
+template <class Point>
+void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
+                double* values) noexcept {
+    const Path path(in);
+    const double head = path.LossHead();
+    std::transform(points, points + count, values,
+                   [&](const Point& point) { return path.Loss(head, DistanceAt(point)); });
+}
+
+template <class Point>
+void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
+                        std::size_t count, double* values) noexcept {
+    const Path path(in);
+    const double head = path.FieldStrengthHead(powerWatts);
+    std::transform(points, points + count, values,
+                   [&](const Point& point) { return path.FieldStrength(head, DistanceAt(point)); });
+}
+
 }  // namespace
 
 double UsLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
@@ -56,19 +74,23 @@ double UsFieldStrengthWith(const ModelInputs& in, double powerWatts,
 
 void UsLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                  double* values) noexcept {
-    const Path path(in);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values,
-                   [&](const DistanceGrid::Point& at) { return path.Loss(head, at); });
+    FillLosses(in, points, count, values);
+}
+
+void UsLossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                 double* values) noexcept {
+    FillLosses(in, km, count, values);
 }
 
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,
                           const DistanceGrid::Point* points, std::size_t count,
                           double* values) noexcept {
-    const Path path(in);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values,
-                   [&](const DistanceGrid::Point& at) { return path.FieldStrength(head, at); });
+    FillFieldStrengths(in, powerWatts, points, count, values);
+}
+
+void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                          std::size_t count, double* values) noexcept {
+    FillFieldStrengths(in, powerWatts, km, count, values);
 }
 
 double UsLoss(const ModelInputs& in) noexcept { return UsLossWith(in, ModelTerms); }

@@ -33,4 +33,10 @@ void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,
                           const DistanceGrid::Point* points, std::size_t count,
                           double* values) noexcept;
 
+// The same at count distances in km that no other curve has: then a grid of them does not pay.
+void UsLossCurve(const ModelInputs& in, const double* km, std::size_t count,
+                 double* values) noexcept;
+void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
+                          std::size_t count, double* values) noexcept;
+
 }  // namespace vardel

@@ -17,14 +17,8 @@ public:
     ModelInputs Next() {
         constexpr const char* Areas[] = {"Urban", "Suburban", "Open", " urban ", "Desert"};
         constexpr const char* Cities[] = {"Small/Medium", "Large", " Large "};
-        return {Uniform(20, 3200),
-                Uniform(0.1, 300),
-                Uniform(15, 700),
-                Uniform(0.5, 35),
-                Areas[random_() % 5],
-                Cities[random_() % 3],
-                Uniform(0, 101),
-                Uniform(0, 101)};
+        return {Uniform(20, 3200),    Uniform(0.1, 300),     Uniform(15, 700), Uniform(0.5, 35),
+                Areas[random_() % 5], Cities[random_() % 3], Uniform(0, 101),  Uniform(0, 101)};
     }
     double Uniform(double low, double high) {
         return std::uniform_real_distribution<double>(low, high)(random_);
@@ -47,6 +41,13 @@ int CurveFaults(unsigned seed, int curves) {
         double distances[Points] = {20.0, 40.238, 64.38, 100.0};
         for (std::size_t k = 4; k < Points; ++k) distances[k] = paths.Uniform(0.05, 320);
         const DistanceGrid grid(distances, Points);
+        double direct[Points], gridded[Points];
+        DavidsonFieldStrengthCurve(in, power, distances, Points, direct);
+        DavidsonFieldStrengthCurve(in, power, grid.begin(), Points, gridded);
+        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
+        Itu529LossCurve(in, distances, Points, direct);
+        Itu529LossCurve(in, grid.begin(), Points, gridded);
+        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
         for (const Model& model : Models) {
             double losses[Points], fields[Points];
             model.lossCurve(in, grid.begin(), Points, losses);
