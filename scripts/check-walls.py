@@ -1,0 +1,60 @@
+#!/usr/bin/env python3
+"""Whether every include of src/ goes where the house lets it: check-walls.py SRC. The build runs it."""
+
+import re
+import sys
+from pathlib import Path
+
+# What a room may include, besides itself and the standard library.
+ROOMS = {
+    "models": [],
+    "text": [],
+    "services": ["text"],
+    "controls": ["services", "text"],
+    "richtext": ["controls", "services", "text"],
+    "engine": ["models", "services", "text"],
+    "archive": ["services", "text"],
+    "forms": ["models", "text", "services", "controls", "richtext", "engine", "archive"],
+    "qt": ["models", "text", "services", "controls", "richtext", "engine", "archive", "forms"],
+}
+# Where headers of libraries and of the system may stand; elsewhere only the standard library's.
+OUTSIDE = [
+    (r"Q\w+|qcustomplot\.h|private/.*|cups/.*", r"qt/.*|main\.cpp"),
+    (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database\.(h|cpp)"),
+    (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*"),
+]
+STANDARD = re.compile(r"c?[a-z_0-9]+$")  # no ending, no folder
+
+
+def fault(path, quoted, name):
+    room = path.split("/")[0]
+    if quoted:
+        if ".." in name:
+            return "leaves its folder"
+        target = name.split("/")[0] if "/" in name else room
+        if target == room or path == "main.cpp":
+            return None
+        return None if target in ROOMS.get(room, []) else f"reaches from {room}/ into {target}/"
+    for headers, places in OUTSIDE:
+        if re.fullmatch(headers, name):
+            return None if re.fullmatch(places, path) else "belongs elsewhere"
+    return None if STANDARD.match(name) else "is of no library that the house uses"
+
+
+def main():
+    source = Path(sys.argv[1])
+    faults = 0
+    for file in sorted(source.rglob("*")):
+        if file.suffix not in (".h", ".cpp", ".in"):
+            continue
+        path = file.relative_to(source).as_posix()
+        for number, line in enumerate(file.read_text().splitlines(), 1):
+            include = re.match(r'\s*#\s*include\s*([<"])([^>"]+)', line)
+            if include and (why := fault(path, include[1] == '"', include[2])):
+                print(f"{source.name}/{path}:{number}: the include of {include[2]} {why}",
+                      file=sys.stderr)
+                faults += 1
+    return 1 if faults else 0
+
+
+sys.exit(main())
