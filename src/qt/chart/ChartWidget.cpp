@@ -15,14 +15,26 @@ namespace {
 
 constexpr const char* ReadoutLayer = "readout";
 
-// A view may go this share of the chart's own beyond its edges, and show this small a part of it.
+// A view may go this share of a whole axis beyond its ends, and show this small a part of it.
 constexpr double MostBeyond = 0.5;
 constexpr double SmallestPart = 1e-4;
 
-QCPRange Bounded(const QCPRange& wanted, const ChartAxis& axis) {
-    const double whole = axis.Maximum - axis.Minimum;
-    const QCPRange most(axis.Minimum - MostBeyond * whole, axis.Maximum + MostBeyond * whole);
-    const double size = std::clamp(wanted.size(), SmallestPart * whole, most.size());
+// The chart's scale and what its series hold; but nothing so far out that the rest would vanish.
+QCPRange WholeAxis(const ChartAxis& axis, const std::vector<ChartSeries>& all,
+                   std::vector<double> ChartSeries::*coordinates) {
+    const QCPRange scale(axis.Minimum, axis.Maximum);
+    const QCPRange farthest(scale.lower - 10 * scale.size(), scale.upper + 10 * scale.size());
+    QCPRange whole = scale;
+    for (const ChartSeries& series : all)
+        for (const double x : series.*coordinates)
+            if (series.Visible && farthest.contains(x)) whole.expand(x);
+    return whole;
+}
+
+QCPRange Bounded(const QCPRange& wanted, const QCPRange& whole) {
+    const double margin = MostBeyond * whole.size();
+    const QCPRange most(whole.lower - margin, whole.upper + margin);
+    const double size = std::clamp(wanted.size(), SmallestPart * whole.size(), most.size());
     const double lower = wanted.center() - size / 2;
     return QCPRange(0, size) + std::clamp(lower, most.lower, most.upper - size);
 }
@@ -66,7 +78,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
         connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
                 [this, axis = axis, opposite = opposite,
                  i = static_cast<std::size_t>(i)](const QCPRange& range) {
-                    axis->setRange(Bounded(range, chart_.Axis[i]));
+                    axis->setRange(Bounded(range, whole_[i]));
                     opposite->setRange(axis->range());
                 });
     connect(this, &QCustomPlot::afterReplot, this, [this] {
@@ -82,6 +94,8 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
 }
 
 void ChartWidget::ShowChart() {
+    whole_ = {WholeAxis(chart_.Axis[0], chart_.AllSeries(), &ChartSeries::X),
+              WholeAxis(chart_.Axis[1], chart_.AllSeries(), &ChartSeries::Y)};
     FillPlot(*this, chart_);
     replot(rpQueuedReplot);
     if (readout_->visible())

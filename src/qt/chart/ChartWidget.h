@@ -2,6 +2,7 @@
 
 #include <qcustomplot.h>
 
+#include <array>
 #include <optional>
 
 #include "forms/graphs/Chart.h"
@@ -44,6 +45,7 @@ private:
     QCPItemText* readout_;
     bool readoutPlaced_ = false;  // for the curves as they are drawn now
     double distance_ = 0.0;
+    std::array<QCPRange, 2> whole_;  // the axes with all that the chart shows
     std::optional<double> pointer_;  // where the mouse holds the readout, in points of the widget
 };
 
