@@ -11,13 +11,18 @@ std::string_view WithoutBlanks(std::string_view text) noexcept {
 }
 
 // Whether text, upper-cased, is the word, which is made of upper case letters. Without its bit for
-// lower case a character equals a letter only if it is that letter in either case.
-bool IsWord(std::string_view text, std::string_view word) noexcept {
-    constexpr unsigned char LowerCaseBit = 0x20;
-    if (text.size() != word.size()) return false;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if ((static_cast<unsigned char>(text[i]) & ~LowerCaseBit) != word[i]) return false;
-    return true;
+// lower case a character equals a letter only if it is that letter in either case. All characters
+// are looked at together: a model asks for this at every call.
+template <std::size_t N>
+bool IsWord(std::string_view text, const char (&word)[N]) noexcept {
+    constexpr unsigned LowerCaseBit = 0x20;
+    constexpr std::size_t Length = N - 1;
+    if (text.size() != Length) return false;
+    unsigned different = 0;
+    for (std::size_t i = 0; i < Length; ++i)
+        different |= (static_cast<unsigned char>(text[i]) & ~LowerCaseBit) ^
+                     static_cast<unsigned char>(word[i]);
+    return different == 0;
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ double LinearInterpolate(double x0, double x1, double y0, double y1, double x) n
 double DeviationSigma(const SigmaTable& table, double f) noexcept {
     if (std::isnan(f)) return f;
     // The first ten rows stand at the whole hundreds.
-    const auto hundreds = static_cast<std::size_t>(std::clamp(f, 100.0, 1000.0) / 100.0);
+    const auto hundreds = static_cast<std::size_t>(std::clamp(f, 100.0, 1000.0) * 0.01);
     std::size_t row = hundreds - 1;
     while (row < table.size() && table[row].f < f) ++row;
     if (row == table.size()) return table.back().sigma;
