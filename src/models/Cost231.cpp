@@ -1,7 +1,5 @@
 #include "models/Cost231.h"
 
-#include <algorithm>
-
 #include "models/PathTerms.h"
 
 namespace vardel {
@@ -28,14 +26,14 @@ struct Path {
     }
 
     template <class Distance>
-    double Loss(double head, const Distance& at, double exponent) const noexcept {
-        return head + distanceTerm.At(at, exponent) - areaTerm - antenna +
-               at.Time() * statistics.timeLevel - statistics.location;
+    double Loss(double head, const Distance& at) const noexcept {
+        return head + distanceTerm.At(at) - areaTerm - antenna + at.Time() * statistics.timeLevel -
+               statistics.location;
     }
     template <class Distance>
-    double FieldStrength(double head, const Distance& at, double exponent) const noexcept {
-        return head - distanceTerm.At(at, exponent) + areaTerm + antenna -
-               at.Time() * statistics.timeLevel + statistics.location;
+    double FieldStrength(double head, const Distance& at) const noexcept {
+        return head - distanceTerm.At(at) + areaTerm + antenna - at.Time() * statistics.timeLevel +
+               statistics.location;
     }
 
     PathStatistics statistics;
@@ -47,72 +45,48 @@ struct Path {
     P529DistanceTerm distanceTerm;
 };
 
-template <class Point>
-void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
-                double* values) noexcept {
-    const Path path(in, true);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values, [&](const Point& point) {
-        const auto& at = DistanceAt(point);
-        return path.Loss(head, at, path.distanceTerm.Exponent(at));
-    });
-}
-
-template <class Point>
-void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
-                        std::size_t count, double* values) noexcept {
-    const Path path(in, true);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values, [&](const Point& point) {
-        const auto& at = DistanceAt(point);
-        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
-    });
-}
-
 }  // namespace
 
 double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
     const SingleDistance at{in.d};
     const Path path(in, in.d > 20.0);
-    const double exponent = path.distanceTerm.Exponent(at);
     terms.CostLossAntennaTerm = path.antenna;
     terms.CostLossAreaTerm = path.areaTerm;
-    terms.CostLossExponent = exponent;
+    terms.CostLossExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.CostLossEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.Loss(path.LossHead(), at, exponent);
+    return path.Loss(path.LossHead(), at);
 }
 
 double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept {
     const SingleDistance at{in.d};
     const Path path(in, in.d > 20.0);
-    const double exponent = path.distanceTerm.Exponent(at);
     terms.CostFsAntennaTerm = path.antenna;
     terms.CostFsAreaTerm = path.areaTerm;
-    terms.CostFsExponent = exponent;
+    terms.CostFsExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.CostFsEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at, exponent);
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
 }
 
 void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                       double* values) noexcept {
-    FillLosses(in, points, count, values);
+    FillLosses(Path(in, true), points, count, values);
 }
 
 void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                       double* values) noexcept {
-    FillLosses(in, km, count, values);
+    FillLosses(Path(in, true), km, count, values);
 }
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
                                const DistanceGrid::Point* points, std::size_t count,
                                double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, points, count, values);
+    FillFieldStrengths(Path(in, true), powerWatts, points, count, values);
 }
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, km, count, values);
+    FillFieldStrengths(Path(in, true), powerWatts, km, count, values);
 }
 
 double Cost231Loss(const ModelInputs& in) noexcept { return Cost231LossWith(in, ModelTerms); }

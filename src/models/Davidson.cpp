@@ -1,6 +1,5 @@
 #include "models/Davidson.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "models/PathTerms.h"
@@ -41,12 +40,21 @@ struct Path {
         return d <= 40.238 ? 0.0 : frequencyFactor * (d - 40.238);
     }
 
+    double LossHead() const noexcept { return head; }
+    double FieldStrengthHead(double powerWatts) const noexcept {
+        return 109.36 + 10.0 * Log10(powerWatts) + 20.0 * logF;
+    }
+
     template <class Distance>
-    double Loss(const Distance& at, double distance, double height,
-                double frequency) const noexcept {
-        const double median = head + slope * at.Log();
-        return median + distance - antenna - areaTerm + height + at.Time() * statistics.timeLevel -
-               statistics.location + frequency;
+    double Loss(double lossHead, const Distance& at) const noexcept {
+        const double median = lossHead + slope * at.Log();
+        return median + DistanceCorrection(at.Km()) - antenna - areaTerm + HeightCorrection(at) +
+               at.Time() * statistics.timeLevel - statistics.location +
+               FrequencyDistanceCorrection(at.Km());
+    }
+    template <class Distance>
+    double FieldStrength(double fieldStrengthHead, const Distance& at) const noexcept {
+        return fieldStrengthHead - Loss(head, at);
     }
 
     PathStatistics statistics;
@@ -61,80 +69,56 @@ struct Path {
     double areaTerm = 0.0;  // dB
 };
 
-double FieldStrengthHead(double powerWatts, double logF) noexcept {
-    return 109.36 + 10.0 * Log10(powerWatts) + 20.0 * logF;
-}
-
-double LossOf(const Path& path, double d, ModelTermsRecord& terms) noexcept {
-    const SingleDistance at{d};
-    const double distance = path.DistanceCorrection(d);
-    const double height = path.HeightCorrection(at);
-    const double frequency = path.FrequencyDistanceCorrection(d);
+void KeepTerms(const Path& path, const SingleDistance& at, ModelTermsRecord& terms) noexcept {
     terms.DavAreaTerm = path.areaTerm;
-    terms.DavDistanceTerm = distance;
-    terms.DavHeightTerm = height;
-    terms.DavFreqDistTerm = frequency;
-    return path.Loss(at, distance, height, frequency);
+    terms.DavDistanceTerm = path.DistanceCorrection(at.Km());
+    terms.DavHeightTerm = path.HeightCorrection(at);
+    terms.DavFreqDistTerm = path.FrequencyDistanceCorrection(at.Km());
 }
 
-template <class Distance>
-double LossAt(const Path& path, const Distance& at) noexcept {
-    return path.Loss(at, path.DistanceCorrection(at.Km()), path.HeightCorrection(at),
-                     path.FrequencyDistanceCorrection(at.Km()));
-}
-
-constexpr double AnyDistance = 1e300;  // km
-
-template <class Point>
-void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
-                double* values) noexcept {
+// For any distance, with no term kept from an earlier call.
+Path CurvePath(const ModelInputs& in) noexcept {
+    constexpr double Farthest = 1e300;  // km
     double antenna = 0.0;
-    const Path path(in, antenna, AnyDistance);
-    std::transform(points, points + count, values,
-                   [&](const Point& point) { return LossAt(path, DistanceAt(point)); });
-}
-
-template <class Point>
-void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
-                        std::size_t count, double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, AnyDistance);
-    const double head = FieldStrengthHead(powerWatts, path.logF);
-    std::transform(points, points + count, values,
-                   [&](const Point& point) { return head - LossAt(path, DistanceAt(point)); });
+    return Path(in, antenna, Farthest);
 }
 
 }  // namespace
 
 double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
-    return LossOf(Path(in, terms.DavAntennaTerm, in.d), in.d, terms);
+    const SingleDistance at{in.d};
+    const Path path(in, terms.DavAntennaTerm, in.d);
+    KeepTerms(path, at, terms);
+    return path.Loss(path.LossHead(), at);
 }
 
 double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
                                  ModelTermsRecord& terms) noexcept {
+    const SingleDistance at{in.d};
     const Path path(in, terms.DavAntennaTerm, in.d);
-    return FieldStrengthHead(powerWatts, path.logF) - LossOf(path, in.d, terms);
+    KeepTerms(path, at, terms);
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
 }
 
 void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                        double* values) noexcept {
-    FillLosses(in, points, count, values);
+    FillLosses(CurvePath(in), points, count, values);
 }
 
 void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t count,
                        double* values) noexcept {
-    FillLosses(in, km, count, values);
+    FillLosses(CurvePath(in), km, count, values);
 }
 
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
                                 const DistanceGrid::Point* points, std::size_t count,
                                 double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, points, count, values);
+    FillFieldStrengths(CurvePath(in), powerWatts, points, count, values);
 }
 
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, km, count, values);
+    FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
 }
 
 double DavidsonLoss(const ModelInputs& in) noexcept { return DavidsonLossWith(in, ModelTerms); }

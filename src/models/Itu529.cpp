@@ -1,7 +1,5 @@
 #include "models/Itu529.h"
 
-#include <algorithm>
-
 #include "models/PathTerms.h"
 
 namespace vardel {
@@ -29,14 +27,12 @@ struct Path {
     }
 
     template <class Distance>
-    double Loss(double head, const Distance& at, double exponent) const noexcept {
-        return head + distanceTerm.At(at, exponent) + at.Time() * statistics.timeLevel -
-               statistics.location;
+    double Loss(double head, const Distance& at) const noexcept {
+        return head + distanceTerm.At(at) + at.Time() * statistics.timeLevel - statistics.location;
     }
     template <class Distance>
-    double FieldStrength(double head, const Distance& at, double exponent) const noexcept {
-        return head - distanceTerm.At(at, exponent) - at.Time() * statistics.timeLevel +
-               statistics.location;
+    double FieldStrength(double head, const Distance& at) const noexcept {
+        return head - distanceTerm.At(at) - at.Time() * statistics.timeLevel + statistics.location;
     }
 
     PathStatistics statistics;
@@ -48,28 +44,10 @@ struct Path {
     P529DistanceTerm distanceTerm;
 };
 
-template <class Point>
-void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
-                double* values) noexcept {
+// With no term kept from an earlier call.
+Path CurvePath(const ModelInputs& in) noexcept {
     double antenna = 0.0;
-    const Path path(in, antenna, true);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values, [&](const Point& point) {
-        const auto& at = DistanceAt(point);
-        return path.Loss(head, at, path.distanceTerm.Exponent(at));
-    });
-}
-
-template <class Point>
-void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
-                        std::size_t count, double* values) noexcept {
-    double antenna = 0.0;
-    const Path path(in, antenna, true);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values, [&](const Point& point) {
-        const auto& at = DistanceAt(point);
-        return path.FieldStrength(head, at, path.distanceTerm.Exponent(at));
-    });
+    return Path(in, antenna, true);
 }
 
 }  // namespace
@@ -77,43 +55,41 @@ void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* p
 double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
     const SingleDistance at{in.d};
     const Path path(in, terms.ItuLossAntennaTerm, in.d > 20.0);
-    const double exponent = path.distanceTerm.Exponent(at);
     terms.ItuLossAreaTerm = path.areaTerm;
-    terms.ItuLossExponent = exponent;
+    terms.ItuLossExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.ItuLossEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.Loss(path.LossHead(), at, exponent);
+    return path.Loss(path.LossHead(), at);
 }
 
 double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
                                ModelTermsRecord& terms) noexcept {
     const SingleDistance at{in.d};
     const Path path(in, terms.ItuFsAntennaTerm, in.d > 20.0);
-    const double exponent = path.distanceTerm.Exponent(at);
     terms.ItuFsAreaTerm = path.areaTerm;
-    terms.ItuFsExponent = exponent;
+    terms.ItuFsExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.ItuFsEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at, exponent);
+    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
 }
 
 void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                      double* values) noexcept {
-    FillLosses(in, points, count, values);
+    FillLosses(CurvePath(in), points, count, values);
 }
 
 void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                      double* values) noexcept {
-    FillLosses(in, km, count, values);
+    FillLosses(CurvePath(in), km, count, values);
 }
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
                               const DistanceGrid::Point* points, std::size_t count,
                               double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, points, count, values);
+    FillFieldStrengths(CurvePath(in), powerWatts, points, count, values);
 }
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, km, count, values);
+    FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
 }
 
 double Itu529Loss(const ModelInputs& in) noexcept { return Itu529LossWith(in, ModelTerms); }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+
 #include "Distances.h"
 #include "ModelInputs.h"
 #include "Primitives.h"
@@ -41,9 +44,10 @@ public:
         return at.Km() <= 20.0 ? 1.0 : 1.0 + exponentSlope_ * at.Exponent();
     }
 
-    // In dB, with the exponent there.
+    // In dB.
     template <class Distance>
-    double At(const Distance& at, double exponent) const noexcept {
+    double At(const Distance& at) const noexcept {
+        const double exponent = Exponent(at);
         return exponent == 1.0 ? slope_ * at.Log() : slope_ * std::pow(at.Log(), exponent);
     }
 
@@ -52,5 +56,24 @@ private:
     double effectiveHb_;
     double exponentSlope_;
 };
+
+// Curves of a model's path, which has the head of its formula, that the distance does not change,
+// and the whole at a distance. The points are distances in km or those of a grid.
+template <class Path, class Point>
+void FillLosses(const Path& path, const Point* points, std::size_t count, double* values) noexcept {
+    std::transform(points, points + count, values,
+                   [&path, head = path.LossHead()](const Point& at) {
+                       return path.Loss(head, DistanceAt(at));
+                   });
+}
+
+template <class Path, class Point>
+void FillFieldStrengths(const Path& path, double powerWatts, const Point* points, std::size_t count,
+                        double* values) noexcept {
+    std::transform(points, points + count, values,
+                   [&path, head = path.FieldStrengthHead(powerWatts)](const Point& at) {
+                       return path.FieldStrength(head, DistanceAt(at));
+                   });
+}
 
 }  // namespace vardel

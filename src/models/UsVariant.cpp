@@ -1,7 +1,5 @@
 #include "models/UsVariant.h"
 
-#include <algorithm>
-
 #include "models/PathTerms.h"
 
 namespace vardel {
@@ -39,24 +37,6 @@ struct Path {
     double areaTerm;  // dB
 };
 
-template <class Point>
-void FillLosses(const ModelInputs& in, const Point* points, std::size_t count,
-                double* values) noexcept {
-    const Path path(in);
-    const double head = path.LossHead();
-    std::transform(points, points + count, values,
-                   [&](const Point& point) { return path.Loss(head, DistanceAt(point)); });
-}
-
-template <class Point>
-void FillFieldStrengths(const ModelInputs& in, double powerWatts, const Point* points,
-                        std::size_t count, double* values) noexcept {
-    const Path path(in);
-    const double head = path.FieldStrengthHead(powerWatts);
-    std::transform(points, points + count, values,
-                   [&](const Point& point) { return path.FieldStrength(head, DistanceAt(point)); });
-}
-
 }  // namespace
 
 double UsLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
@@ -74,23 +54,23 @@ double UsFieldStrengthWith(const ModelInputs& in, double powerWatts,
 
 void UsLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                  double* values) noexcept {
-    FillLosses(in, points, count, values);
+    FillLosses(Path(in), points, count, values);
 }
 
 void UsLossCurve(const ModelInputs& in, const double* km, std::size_t count,
                  double* values) noexcept {
-    FillLosses(in, km, count, values);
+    FillLosses(Path(in), km, count, values);
 }
 
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,
                           const DistanceGrid::Point* points, std::size_t count,
                           double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, points, count, values);
+    FillFieldStrengths(Path(in), powerWatts, points, count, values);
 }
 
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                           std::size_t count, double* values) noexcept {
-    FillFieldStrengths(in, powerWatts, km, count, values);
+    FillFieldStrengths(Path(in), powerWatts, km, count, values);
 }
 
 double UsLoss(const ModelInputs& in) noexcept { return UsLossWith(in, ModelTerms); }

@@ -6,8 +6,8 @@
 #include "support/RunningProgram.h"
 #include "text/NumberText.h"
 
-// Where the models differ from each other, each value stands in its place: at 900 MHz, 60 km and 250 m,
-// urban, computed by hand from the published formulas.
+// Where the models differ from each other, each value stands in its place: at 900 MHz, 60 km and
+// 250 m, urban, computed by hand from the published formulas.
 
 namespace vardel {
 namespace {
@@ -23,7 +23,8 @@ protected:
     }
 
     // Each curve at 60 km, the point of this index.
-    static std::vector<std::string> At60Km(const Chart& chart, std::size_t index, std::size_t count) {
+    static std::vector<std::string> At60Km(const Chart& chart, std::size_t index,
+                                           std::size_t count) {
         std::vector<std::string> values;
         for (std::size_t i = 0; i < count; ++i) {
             const ChartSeries& series = chart.AllSeries().at(i);
@@ -36,11 +37,11 @@ protected:
 
 TEST_F(Wiring, EachResultHasItsLabelAndItsColumn) {
     Main().cmdLossCalc.Press();
-    EXPECT_THAT((std::vector<std::string>{
-                    Main().lblOH529dBLoss.Caption(), Main().lblDavidson.Caption(),
-                    Main().lblcost231.Caption(), Main().lblFITU529.Caption(),
-                    Main().lblPalvernDavFS.Caption(), Main().lblFCost231.Caption()}),
-                ElementsAre("175.16", "178.69", "174.77", "23.30", "19.76", "23.67"));
+    EXPECT_THAT(
+        (std::vector<std::string>{Main().lblOH529dBLoss.Caption(), Main().lblDavidson.Caption(),
+                                  Main().lblcost231.Caption(), Main().lblFITU529.Caption(),
+                                  Main().lblPalvernDavFS.Caption(), Main().lblFCost231.Caption()}),
+        ElementsAre("175.16", "178.69", "174.77", "23.30", "19.76", "23.67"));
     const std::string columns =
         "      60     900     250     1.5 Urban     Small/Medium 178.69  174.77  175.16    23.3"
         "   19.76   23.67  50% 50% Metric     1000 03/09/2026 02:05 pm";
