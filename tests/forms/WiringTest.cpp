@@ -83,6 +83,25 @@ TEST_F(Wiring, EachCurveIsThatOfItsName) {
     }
 }
 
+TEST_F(Wiring, EachBoxOfAGraphGoesBackToItsOwn) {
+    GraphForm& graph = *program.GraphForm;
+    graph.txtFreq.SetText("910");
+    graph.txthb.SetText("110");
+    graph.txthm.SetText("2.5");
+    graph.txtPctTime.SetText("20");
+    graph.txtPctLoc.SetText("80");
+    graph.cmbcitysize.SetText("Large");
+    graph.Unload();
+    EXPECT_THAT((std::vector<std::string>{Main().txtFreq.Text(), Main().txthb.Text(),
+                                          Main().txthm.Text(), Main().txtPctTime.Text(),
+                                          Main().txtPctLoc.Text(), Main().cmbcitysize.Text()}),
+                ElementsAre("910", "110", "2.5", "20", "80", "Large"));
+    program.FrmOkumFieldStrength->cmbareatype.SetText("Open");
+    program.FrmOkumFieldStrength->Unload();
+    EXPECT_EQ(Main().cmbareatype.Text(), "Open");
+    EXPECT_EQ(Main().txtDist.Text(), "60");
+}
+
 TEST(HostWiring, TheHostGetsMetricValuesBack) {
     FakePlatform host;
     host.store["Ostrel_Quorne/Global Parameters/CalledFromQuorne"] = "True";
