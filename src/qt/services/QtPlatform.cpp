@@ -135,12 +135,13 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     FormWindow& window = WindowOf(form);
     const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
     QWidget* parent = before.Get();
-    // All windows that are worked in stand in one chain, which this one blocks; the help does not.
-    window.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     window.winId();  // makes the window of the desktop, which can then be told whose it is
     if (parent != nullptr && parent != &window &&
         !window.windowHandle()->isAncestorOf(parent->windowHandle()))
         window.windowHandle()->setTransientParent(parent->windowHandle());
+    // All windows that are worked in stand in one chain, which this one blocks; the help does not.
+    const bool inChain = window.windowHandle()->transientParent() != nullptr;
+    window.setWindowModality(inChain ? Qt::WindowModal : Qt::ApplicationModal);
     const QPointer<FormWindow> stillThere(&window);
     QEventLoop loop;
     window.SetOnHidden([&loop] { loop.quit(); });
