@@ -75,7 +75,11 @@ void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, 
 
 void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                       double* values) noexcept {
-    FillLosses(Path(in, true), km, count, values);
+    const Path path(in, true);
+    FillByBlocks(km, count, values,
+                 [&path](const FreshPoint* points, std::size_t size, double* block) {
+                     FillLosses(path, points, size, block);
+                 });
 }
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -86,7 +90,11 @@ void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept {
-    FillFieldStrengths(Path(in, true), powerWatts, km, count, values);
+    const Path path(in, true);
+    FillByBlocks(km, count, values,
+                 [&path, powerWatts](const FreshPoint* points, std::size_t size, double* block) {
+                     FillFieldStrengths(path, powerWatts, points, size, block);
+                 });
 }
 
 double Cost231Loss(const ModelInputs& in) noexcept { return Cost231LossWith(in, ModelTerms); }

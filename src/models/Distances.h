@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "FastPower.h"
 #include "Primitives.h"
 
 // What the formulas need of a distance: computed for a single call, kept for a grid of distances
@@ -23,6 +24,8 @@ struct SingleDistance {
 
     double Km() const noexcept { return d; }
     double Log() const noexcept { return Log10(d); }
+    // Log() to the power of y.
+    double LogTo(double y) const noexcept { return std::pow(Log(), y); }
     double Time() const noexcept { return TimeGrowth(d); }
     double Exponent() const noexcept { return ExponentGrowth(d); }
     double LogOfInverse() const noexcept { return Log10(9.98 / d); }
@@ -43,6 +46,7 @@ public:
 
         double Km() const noexcept { return km_; }
         double Log() const noexcept { return log_; }
+        double LogTo(double y) const noexcept { return FastPower(log_, logOfLog_, y); }
         double Time() const noexcept { return time_; }
         double Exponent() const noexcept { return exponent_; }
         double LogOfInverse() const noexcept { return logOfInverse_; }
@@ -50,6 +54,7 @@ public:
     private:
         double km_;
         double log_;
+        LongLog logOfLog_;
         double time_;
         double exponent_;  // 0 up to 20 km, where it is not needed
         double logOfInverse_;
@@ -62,8 +67,31 @@ private:
     std::vector<Point> points_;
 };
 
+// A distance of a block of those that no other curve has. Computed column by column, so that calls
+// of one function follow each other: the processor overlaps them.
+class FreshPoint {
+public:
+    static constexpr std::size_t Block = 64;
+
+    // Not more than a block.
+    static void Compute(const double* km, std::size_t count, FreshPoint* points) noexcept;
+
+    double Km() const noexcept { return km_; }
+    double Log() const noexcept { return log_; }
+    double LogTo(double y) const noexcept { return std::pow(log_, y); }
+    double Time() const noexcept { return time_; }
+    double Exponent() const noexcept { return exponent_; }
+
+private:
+    double km_ = 0.0;
+    double log_ = 0.0;
+    double time_ = 0.0;
+    double exponent_ = 0.0;  // 0 up to 20 km, where it is not needed
+};
+
 // The points of a curve, either as they are or in a grid.
 inline SingleDistance DistanceAt(double km) noexcept { return {km}; }
+inline const FreshPoint& DistanceAt(const FreshPoint& point) noexcept { return point; }
 inline const DistanceGrid::Point& DistanceAt(const DistanceGrid::Point& point) noexcept {
     return point;
 }

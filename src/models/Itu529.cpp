@@ -78,7 +78,11 @@ void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, s
 
 void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                      double* values) noexcept {
-    FillLosses(CurvePath(in), km, count, values);
+    const Path path = CurvePath(in);
+    FillByBlocks(km, count, values,
+                 [&path](const FreshPoint* points, std::size_t size, double* block) {
+                     FillLosses(path, points, size, block);
+                 });
 }
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -89,7 +93,11 @@ void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept {
-    FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
+    const Path path = CurvePath(in);
+    FillByBlocks(km, count, values,
+                 [&path, powerWatts](const FreshPoint* points, std::size_t size, double* block) {
+                     FillFieldStrengths(path, powerWatts, points, size, block);
+                 });
 }
 
 double Itu529Loss(const ModelInputs& in) noexcept { return Itu529LossWith(in, ModelTerms); }

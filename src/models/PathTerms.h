@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "Distances.h"
@@ -48,7 +49,7 @@ public:
     template <class Distance>
     double At(const Distance& at) const noexcept {
         const double exponent = Exponent(at);
-        return exponent == 1.0 ? slope_ * at.Log() : slope_ * std::pow(at.Log(), exponent);
+        return exponent == 1.0 ? slope_ * at.Log() : slope_ * at.LogTo(exponent);
     }
 
 private:
@@ -74,6 +75,18 @@ void FillFieldStrengths(const Path& path, double powerWatts, const Point* points
                    [&path, head = path.FieldStrengthHead(powerWatts)](const Point& at) {
                        return path.FieldStrength(head, DistanceAt(at));
                    });
+}
+
+// A curve over distances in km that no other curve has, by blocks of points: fill(points, count,
+// values) for each.
+template <class Fill>
+void FillByBlocks(const double* km, std::size_t count, double* values, Fill fill) noexcept {
+    std::array<FreshPoint, FreshPoint::Block> points;
+    for (std::size_t done = 0; done < count; done += points.size()) {
+        const std::size_t size = std::min(points.size(), count - done);
+        FreshPoint::Compute(km + done, size, points.data());
+        fill(points.data(), size, values + done);
+    }
 }
 
 }  // namespace vardel

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <random>
 #include <thread>
+#include <vector>
 
 #include "models/ModCalculations.h"
 
@@ -48,6 +49,9 @@ int CurveFaults(unsigned seed, int curves) {
         Itu529LossCurve(in, distances, Points, direct);
         Itu529LossCurve(in, grid.begin(), Points, gridded);
         faults += std::memcmp(direct, gridded, sizeof direct) != 0;
+        Cost231FieldStrengthCurve(in, power, distances, Points, direct);
+        Cost231FieldStrengthCurve(in, power, grid.begin(), Points, gridded);
+        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
         for (const Model& model : Models) {
             double losses[Points], fields[Points];
             model.lossCurve(in, grid.begin(), Points, losses);
@@ -73,6 +77,18 @@ TEST(Curves, OnEightThreads) {
         threads[i] = std::thread([i, &faults] { faults[i] = CurveFaults(i, 200); });
     for (std::thread& thread : threads) thread.join();
     for (const int f : faults) EXPECT_EQ(f, 0);
+}
+
+// New distances go by blocks: the graphs' are many, and the last is not full.
+TEST(Curves, OfManyNewDistances) {
+    const ModelInputs in{900, 0, 100, 1.5, "Suburban", "Small/Medium", 10, 90};
+    std::vector<double> km;
+    for (double d = 0.1; d <= 300.0; d = d + 0.1) km.push_back(d);
+    const DistanceGrid grid(km.data(), km.size());
+    std::vector<double> direct(km.size()), gridded(km.size());
+    Itu529FieldStrengthCurve(in, 5.0, km.data(), km.size(), direct.data());
+    Itu529FieldStrengthCurve(in, 5.0, grid.begin(), km.size(), gridded.data());
+    EXPECT_EQ(direct, gridded);
 }
 
 // Each row holds its own model, in the order of the numbers: at 60 km and 250 m all differ.
