@@ -13,7 +13,7 @@ ROOMS = {
     "controls": ["services", "text"],
     "richtext": ["controls", "services", "text"],
     "engine": ["models", "services", "text"],
-    "archive": ["services", "text"],
+    "archive": ["engine", "models", "services", "text"],
     "forms": ["models", "text", "services", "controls", "richtext", "engine", "archive"],
     "qt": ["models", "text", "services", "controls", "richtext", "engine", "archive", "forms"],
 }

@@ -6,9 +6,9 @@
 #include <system_error>
 
 #include "archive/ArchiveSchema.h"
+#include "archive/RunWriter.h"
 #include "archive/dbOperations.h"
 #include "controls/Hourglass.h"
-#include "engine/Curves.h"
 #include "forms/SharedData.h"
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/BoxRule.h"
@@ -20,9 +20,6 @@
 namespace vardel {
 
 namespace {
-
-constexpr std::int32_t PointsOfTwoValues = 2;
-constexpr double NearestPoint = 1.0;  // km
 
 constexpr const char* Title = "Add To Archive";
 
@@ -88,19 +85,8 @@ void StoreRun(const SharedData& shared, const PlotForm& form, const ModelInputs&
     const std::string parameters = ParameterLine(form);
     const auto comment = AskComment(shared, platform.windows, sessionEnds);
     if (!comment) return;
-    archive.AddModelRun("Okumura-Hata", parameters, *comment, platform.clock.Now(),
-                        PointsOfTwoValues);
-    for (const ModelNumber number : ComparedModels) {
-        const Model& model = ModelOf(number);
-        const CurveData points =
-            ModelCurve(model, quantity, inputs, GetPowerWatts(), {NearestPoint, form.MaxDist});
-        const std::string legend = model.name +
-                                   std::string(quantity == Quantity::Loss ? " " : " - ") +
-                                   std::string(Trimmed(inputs.area));
-        archive.AddDataSet(archive.CurrentRunId, legend, *comment, points.LastPoint + 1,
-                           PointsOfTwoValues, points.Distances, points.Values, {});
-    }
-    archive.CloseArchive();
+    WriteRun(archive, {parameters, *comment, platform.clock.Now(), quantity, inputs,
+                       GetPowerWatts(), form.MaxDist});
 }
 
 }  // namespace
