@@ -19,7 +19,7 @@ constexpr const char* Parameters =
 constexpr int Runs = 40;
 
 CurveData Curve() {
-    return ModelCurve(ModelOf(ModelItu529), Quantity::Loss,
+    return ModelCurve(ModelOf(ModelNumber::Itu529), Quantity::Loss,
                       {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, 0.0, {1.0, 300.0});
 }
 

@@ -152,9 +152,9 @@ void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
     BENCHMARK_CAPTURE(CurveOnGrid, name, model)->Unit(benchmark::kMicrosecond);      \
     BENCHMARK_CAPTURE(CurveOnNewDistances, name, name##LossCurve)->Unit(benchmark::kMicrosecond)
 
-CURVES(Itu529, ModelItu529);
-CURVES(Cost231, ModelCost231);
-CURVES(Davidson, ModelDavidson);
+CURVES(Itu529, ModelNumber::Itu529);
+CURVES(Cost231, ModelNumber::Cost231);
+CURVES(Davidson, ModelNumber::Davidson);
 
 }  // namespace
 }  // namespace vardel

@@ -19,7 +19,7 @@ int main() {
     std::printf("ITU-R P.529  %.2f dB  %.2f dB(uV/m)\n", Itu529Loss(in), Itu529FieldStrength(in));
     std::printf("Davidson     %.2f dB  %.2f dB(uV/m)\n", DavidsonLoss(in),
                 DavidsonFieldStrength(in));
-    std::printf(
-        "COST 231     %.2f dB  %.2f dB(uV/m)%s\n", Cost231Loss(in), Cost231FieldStrength(in),
-        ModelInRange(ModelCost231, in.f, in.hb, in.hm, in.d, in.area) ? "" : "  out of range");
+    std::printf("COST 231     %.2f dB  %.2f dB(uV/m)%s\n", Cost231Loss(in),
+                Cost231FieldStrength(in),
+                InRange(ModelOf(ModelNumber::Cost231), in) ? "" : "  out of range");
 }

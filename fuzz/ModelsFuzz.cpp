@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           Cost231FieldStrength, UsLoss, UsFieldStrength})
         Check(!noNumber || std::isnan(function(in)));
     Check(!std::isnan(pctLoc) || std::isnan(LocationVariability(f, pctLoc, "Urban")));
-    for (int model = -1; model <= ModelUs + 1; ++model)
+    for (int model = -1; model <= static_cast<int>(Models.size()); ++model)
         Check(!noNumber || std::isnan(pctTime) ||
               !ModelInRange(model, in.f, in.hb, in.hm, in.d, in.area));
     return 0;

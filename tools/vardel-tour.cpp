@@ -129,9 +129,9 @@ bool TakePrinting(vardel::QtPlatform& platform, vardel::Program& program, const 
     printers.SetCurrentPrinter(vardel::QtPrinters::PdfPrinter);
     const auto file = [&](const char* name) { return pictures.filePath(name).toStdString(); };
     const vardel::Chart& chart = program.GraphForm->CTWX1;
-    printers.SetOrientation(vardel::Printers::Portrait);
+    printers.SetOrientation(vardel::PageOrientation::Portrait);
     printers.PrintChart(chart, file("loss-graph-portrait.pdf"));
-    printers.SetOrientation(vardel::Printers::Landscape);
+    printers.SetOrientation(vardel::PageOrientation::Landscape);
     printers.PrintChart(chart, file("loss-graph-landscape.pdf"));
     vardel::RichTextBox& log = program.FrmReport->rtbLog;
     printers.SetFont(log.Font());
@@ -171,7 +171,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeLossGraphs(platform, program, pictures);
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     good &= TakePrinting(platform, program, pictures);
-    platform.GetHelp().ShowTopic(vardel::TopicInputs);
+    platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Inputs));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "controls/HelpTopic.h"
 #include "services/Color.h"
 
 namespace vardel {
@@ -21,8 +22,8 @@ public:
     void SetVisible(bool visible) { Assign(visible_, visible); }
     Color BackColor() const { return backColor_; }
     void SetBackColor(Color color) { Assign(backColor_, color); }
-    int HelpContextID() const { return helpContextID_; }  // 0: none of its own
-    void SetHelpContextID(int topic) { Assign(helpContextID_, topic); }
+    HelpTopic HelpContextID() const { return helpContextID_; }  // None: none of its own
+    void SetHelpContextID(HelpTopic topic) { Assign(helpContextID_, topic); }
 
 protected:
     ~Element() = default;
@@ -40,7 +41,7 @@ protected:
     bool visible_ = true;
 
 private:
-    int helpContextID_ = 0;
+    HelpTopic helpContextID_ = HelpTopic::None;
     std::function<void()> view_;
 };
 

@@ -6,9 +6,9 @@ Calculation::Calculation(const ModelInputs& inputs, double powerWatts) {
     ModelTermsRecord terms;
     for (const ModelNumber number : ComparedModels) {
         const Model& model = ModelOf(number);
-        results_.at(number) = {model.loss(inputs, terms),
-                               model.fieldStrength(inputs, powerWatts, terms),
-                               InRange(model, inputs)};
+        results_.at(IndexOf(number)) = {model.loss(inputs, terms),
+                                        model.fieldStrength(inputs, powerWatts, terms),
+                                        InRange(model, inputs)};
     }
 }
 

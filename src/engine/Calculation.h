@@ -22,7 +22,7 @@ public:
     Calculation(const ModelInputs& inputs, double powerWatts);
 
     // Of ITU-R P.529, Davidson or COST 231.
-    const ModelResult& Of(ModelNumber model) const { return results_.at(model); }
+    const ModelResult& Of(ModelNumber model) const { return results_.at(IndexOf(model)); }
 
 private:
     std::array<ModelResult, 3> results_;  // by ModelNumber

@@ -35,10 +35,10 @@ struct PlottedModel {
 
 // By FieldStrengthGraph, but for the comparison.
 constexpr std::array<PlottedModel, 4> PlottedModels = {{
-    {"Okumura-Hata-Davidson Field Strength", ModelDavidson},
-    {"Okumura-Hata IUT-R P.529 Field Strength", ModelItu529},
-    {"US Field Strength", ModelUs},
-    {"Cost 231 Field Strength", ModelCost231},
+    {"Okumura-Hata-Davidson Field Strength", ModelNumber::Davidson},
+    {"Okumura-Hata IUT-R P.529 Field Strength", ModelNumber::Itu529},
+    {"US Field Strength", ModelNumber::Us},
+    {"Cost 231 Field Strength", ModelNumber::Cost231},
 }};
 
 Color ColorOf(const Model& model) { return {model.color.red, model.color.green, model.color.blue}; }
@@ -100,7 +100,7 @@ CurvePlot FieldComparison(const ModelInputs& in, double powerWatts, double maxDi
         AddModelCurve(plot,
                       ModelCurve(model, Quantity::FieldStrength, in, powerWatts,
                                  {NearestFieldPoint, maxDist}),
-                      number == ModelDavidson ? "OkHat Dav" : model.name, ColorOf(model));
+                      number == ModelNumber::Davidson ? "OkHat Dav" : model.name, ColorOf(model));
     }
     AddFreeSpace(plot, FreeSpaceFieldCurve({1.0, maxDist}), ComparisonFreeSpaceColor);
     return plot;

@@ -14,12 +14,12 @@ struct ResultColumn {
 };
 
 constexpr std::array<ResultColumn, 6> ResultColumns = {{
-    {ModelDavidson, &ModelResult::loss},
-    {ModelCost231, &ModelResult::loss},
-    {ModelItu529, &ModelResult::loss},
-    {ModelItu529, &ModelResult::fieldStrength},
-    {ModelDavidson, &ModelResult::fieldStrength},
-    {ModelCost231, &ModelResult::fieldStrength},
+    {ModelNumber::Davidson, &ModelResult::loss},
+    {ModelNumber::Cost231, &ModelResult::loss},
+    {ModelNumber::Itu529, &ModelResult::loss},
+    {ModelNumber::Itu529, &ModelResult::fieldStrength},
+    {ModelNumber::Davidson, &ModelResult::fieldStrength},
+    {ModelNumber::Cost231, &ModelResult::fieldStrength},
 }};
 
 std::string Field(double x, std::string_view pattern) {

@@ -5,6 +5,7 @@
 #include "engine/CurvePlot.h"
 #include "engine/MeasuredData.h"
 #include "engine/PowerUnits.h"
+#include "forms/shared/Palette.h"
 #include "services/Color.h"
 
 namespace vardel {
@@ -21,10 +22,10 @@ struct SharedData {
     std::string ArchiveFile;  // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;
     FieldStrengthGraph GraphMode = FieldStrengthGraph::Davidson;
-    bool ShowMeasuredData = false;         // whether graphs lay measured data over their curves
-    Form* HelpOwnerWindow = nullptr;       // whom the help viewer belongs to
-    Chart* ChartToPrint = nullptr;         // what FrmPrintOut works on
-    Color OutOfRangeColor{255, 150, 150};  // of what its model does not cover
+    bool ShowMeasuredData = false;           // whether graphs lay measured data over their curves
+    Form* HelpOwnerWindow = nullptr;         // whom the help viewer belongs to
+    Chart* ChartToPrint = nullptr;           // what FrmPrintOut works on
+    Color OutOfRangeColor = OutOfRangePink;  // of what its model does not cover
     vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box
 };
 

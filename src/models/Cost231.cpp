@@ -6,38 +6,66 @@ namespace vardel {
 
 namespace {
 
+constexpr const char* Cost231Report = "COST 231 1999";
+
 // What does not change with the distance. The sums go in the order in which the formulas are
 // written.
 struct Path {
     Path(const ModelInputs& in, bool beyond20) noexcept
         : area(ReadArea(in, statistics)),
+          metropolitan(area == Area::Urban && CityOf(in.city) == City::Large),
           logF(Log10(in.f)),
           logHb(Log10(in.hb)),
           distanceTerm(in, logHb, beyond20) {
         antenna = SmallCityAntennaTermOfLog(logF, in.hm);
         // The step of a metropolitan centre, C_m = 3 dB, is part of the antenna term here.
-        if (area == Area::Urban && CityOf(in.city) == City::Large) antenna = antenna - 3.0;
+        if (metropolitan) antenna = antenna - 3.0;
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
-    double LossHead() const noexcept { return 46.3 + 33.9 * logF - 13.82 * logHb; }
-    double FieldStrengthHead(double powerWatts) const noexcept {
-        return 63.06 + 10.0 * Log10(powerWatts) - 13.9 * logF + 13.82 * logHb;
+    template <class Sum>
+    void AddLossHead(Sum& sum) const {
+        sum.Add({"Constant", "46.3", Cost231Report}, 46.3);
+        sum.Add({"Frequency", "33.9 log f", Cost231Report}, 33.9 * logF);
+        sum.Subtract({"Base antenna", "13.82 log hb", Cost231Report}, 13.82 * logHb);
+    }
+    template <class Sum>
+    void AddFieldStrengthHead(Sum& sum, double powerWatts) const {
+        sum.Add({"Constant", "63.06", "from the loss"}, 63.06);
+        sum.Add(PowerText, 10.0 * Log10(powerWatts));
+        sum.Subtract({"Frequency", "13.9 log f", "from the loss"}, 13.9 * logF);
+        sum.Add({"Base antenna", "13.82 log hb", Cost231Report}, 13.82 * logHb);
     }
 
-    template <class Distance>
-    double Loss(double head, const Distance& at) const noexcept {
-        return head + distanceTerm.At(at) - areaTerm - antenna + at.Time() * statistics.timeLevel -
-               statistics.location;
+    template <class Sum, class Distance>
+    void AddLossTail(Sum& sum, const Distance& at) const {
+        sum.Add(P529DistanceTerm::Text, distanceTerm.At(at));
+        sum.Subtract(AreaCorrectionText(area), areaTerm);
+        sum.Subtract(AntennaText(), antenna);
+        sum.Add(statistics.TimeText(), statistics.Time(at));
+        sum.Subtract(PathStatistics::LocationText, statistics.location);
     }
-    template <class Distance>
-    double FieldStrength(double head, const Distance& at) const noexcept {
-        return head - distanceTerm.At(at) + areaTerm + antenna - at.Time() * statistics.timeLevel +
-               statistics.location;
+    template <class Sum, class Distance>
+    void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
+        sum.Subtract(P529DistanceTerm::Text, distanceTerm.At(at));
+        sum.Add(AreaCorrectionText(area), areaTerm);
+        sum.Add(AntennaText(), antenna);
+        sum.Subtract(statistics.TimeText(), statistics.Time(at));
+        sum.Add(PathStatistics::LocationText, statistics.location);
     }
+
+    constexpr TermText AntennaText() const noexcept {
+        if (metropolitan)
+            return {"Mobile antenna a(hm), metropolitan centre",
+                    "(1.1 log f − 0.7) hm − (1.56 log f − 0.8) − 3", Cost231Report};
+        return {"Mobile antenna a(hm)", "(1.1 log f − 0.7) hm − (1.56 log f − 0.8)", Cost231Report};
+    }
+
+    void Note(ListedSum& sum, double d) const { distanceTerm.Note(sum, d); }
 
     PathStatistics statistics;
     Area area;
+    bool metropolitan;
     double logF;
     double logHb;
     double antenna = 0.0;   // dB
@@ -54,7 +82,7 @@ double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept 
     terms.CostLossAreaTerm = path.areaTerm;
     terms.CostLossExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.CostLossEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.Loss(path.LossHead(), at);
+    return LossFrom(LossHead(path), path, at);
 }
 
 double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
@@ -65,7 +93,7 @@ double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
     terms.CostFsAreaTerm = path.areaTerm;
     terms.CostFsExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.CostFsEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
+    return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
 }
 
 void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
@@ -75,11 +103,7 @@ void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, 
 
 void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                       double* values) noexcept {
-    const Path path(in, true);
-    FillByBlocks(km, count, values,
-                 [&path](const FreshPoint* points, std::size_t size, double* block) {
-                     FillLosses(path, points, size, block);
-                 });
+    FillNewLosses(Path(in, true), km, count, values);
 }
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -90,11 +114,13 @@ void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept {
-    const Path path(in, true);
-    FillByBlocks(km, count, values,
-                 [&path, powerWatts](const FreshPoint* points, std::size_t size, double* block) {
-                     FillFieldStrengths(path, powerWatts, points, size, block);
-                 });
+    FillNewFieldStrengths(Path(in, true), powerWatts, km, count, values);
+}
+
+FormulaTerms Cost231LossTerms(const ModelInputs& in) { return LossTerms(Path(in, true), in); }
+
+FormulaTerms Cost231FieldStrengthTerms(const ModelInputs& in, double powerWatts) {
+    return FieldStrengthTerms(Path(in, true), in, powerWatts);
 }
 
 double Cost231Loss(const ModelInputs& in) noexcept { return Cost231LossWith(in, ModelTerms); }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "ModelTerms.h"
 
@@ -37,5 +38,9 @@ void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count
                       double* values) noexcept;
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept;
+
+// What they consist of at in.d.
+FormulaTerms Cost231LossTerms(const ModelInputs& in);
+FormulaTerms Cost231FieldStrengthTerms(const ModelInputs& in, double powerWatts);
 
 }  // namespace vardel

@@ -8,6 +8,8 @@ namespace vardel {
 
 namespace {
 
+constexpr const char* Tsb88 = "TSB-88-A";
+
 // What does not change with the distance, and the corrections, in dB, that do. The published form
 // is in miles and feet, hence 0.62137 and 121.92.
 struct Path {
@@ -15,14 +17,17 @@ struct Path {
     // comes.
     Path(const ModelInputs& in, double& antennaTerm, double farthest) noexcept
         : area(ReadArea(in, statistics)),
+          antennaForm(HataAntennaForm(area, in.city)),
+          f(in.f),
           hb(in.hb),
           logF(Log10(in.f)),
-          slope(44.9 - 6.55 * Log10(in.hb)),
+          logHb(Log10(in.hb)),
+          slope(DistanceSlope(logHb)),
           heightFactor(farthest > 20.0 ? 0.5 + 0.15 * Log10(in.hb / 121.92) : 0.0),
           frequencyFactor(farthest > 40.238 ? -0.112 * Log10(1500.0 / in.f) : 0.0) {
-        AssignHataAntennaTerm(antennaTerm, area, in.city, logF, in.f, in.hm);
+        AssignHataAntennaTerm(antennaTerm, antennaForm, logF, in.f, in.hm);
         antenna = antennaTerm;
-        head = 69.55 + 26.16 * logF - 13.82 * Log10(in.hb);
+        head = LossHead(*this);
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
@@ -40,32 +45,67 @@ struct Path {
         return d <= 40.238 ? 0.0 : frequencyFactor * (d - 40.238);
     }
 
-    double LossHead() const noexcept { return head; }
-    double FieldStrengthHead(double powerWatts) const noexcept {
-        return 109.36 + 10.0 * Log10(powerWatts) + 20.0 * logF;
+    template <class Sum>
+    void AddLossHead(Sum& sum) const {
+        sum.Add({"Constant", "69.55", source::Hata}, 69.55);
+        sum.Add({"Frequency", "26.16 log f", source::Hata}, 26.16 * logF);
+        sum.Subtract({"Base antenna", "13.82 log hb", source::Hata}, 13.82 * logHb);
+    }
+    template <class Sum, class Distance>
+    void AddLossTail(Sum& sum, const Distance& at) const {
+        sum.Add({"Distance", "(44.9 − 6.55 log hb) log d", source::Hata}, slope * at.Log());
+        sum.Add(DistanceCorrectionText(at.Km()), DistanceCorrection(at.Km()));
+        sum.Subtract(HataAntennaText(antennaForm, f), antenna);
+        sum.Subtract(AreaCorrectionText(area), areaTerm);
+        sum.Add(HeightCorrectionText(), HeightCorrection(at));
+        sum.Add(statistics.TimeText(), statistics.Time(at));
+        sum.Subtract(PathStatistics::LocationText, statistics.location);
+        sum.Add(FrequencyDistanceCorrectionText(at.Km()), FrequencyDistanceCorrection(at.Km()));
     }
 
-    template <class Distance>
-    double Loss(double lossHead, const Distance& at) const noexcept {
-        const double median = lossHead + slope * at.Log();
-        return median + DistanceCorrection(at.Km()) - antenna - areaTerm + HeightCorrection(at) +
-               at.Time() * statistics.timeLevel - statistics.location +
-               FrequencyDistanceCorrection(at.Km());
+    template <class Sum>
+    void AddFieldStrengthHead(Sum& sum, double powerWatts) const {
+        sum.Add({"Constant", "109.36", "ITU-R P.525"}, 109.36);
+        sum.Add(PowerText, 10.0 * Log10(powerWatts));
+        sum.Add({"Frequency", "20 log f", "ITU-R P.525"}, 20.0 * logF);
     }
-    template <class Distance>
-    double FieldStrength(double fieldStrengthHead, const Distance& at) const noexcept {
-        return fieldStrengthHead - Loss(head, at);
+    template <class Sum, class Distance>
+    void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
+        sum.Subtract({"Path loss", "L, the sum of its own terms", Tsb88},
+                     LossFrom(head, *this, at));
     }
+
+    constexpr TermText DistanceCorrectionText(double d) const noexcept {
+        constexpr const char* Name = "Distance correction";
+        if (d <= 20.0) return {Name, "0 up to 20 km", Tsb88};
+        if (d <= 64.38) return {Name, "0.62137 (d − 20) (0.5 + 0.15 log(hb / 121.92))", Tsb88};
+        return {Name, "0.62137 (d − 20) (0.5 + 0.15 log(hb / 121.92)) − 0.174 (d − 64.38)", Tsb88};
+    }
+    constexpr TermText HeightCorrectionText() const noexcept {
+        constexpr const char* Name = "Base height correction";
+        if (hb <= 300.0) return {Name, "0 up to 300 m", Tsb88};
+        return {Name, "−0.00784 |log(9.98 / d)| (hb − 300)", Tsb88};
+    }
+    static constexpr TermText FrequencyDistanceCorrectionText(double d) noexcept {
+        constexpr const char* Name = "Frequency and distance correction";
+        if (d <= 40.238) return {Name, "0 up to 40.238 km", Tsb88};
+        return {Name, "−0.112 log(1500 / f) (d − 40.238)", Tsb88};
+    }
+
+    void Note(ListedSum&, double) const {}
 
     PathStatistics statistics;
     Area area;
+    AntennaForm antennaForm;
+    double f;   // MHz
     double hb;  // m
     double logF;
+    double logHb;
     double slope;
     double heightFactor;
     double frequencyFactor;
     double antenna = 0.0;   // dB
-    double head = 0.0;      // dB
+    double head = 0.0;      // of the loss, dB
     double areaTerm = 0.0;  // dB
 };
 
@@ -89,7 +129,7 @@ double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept
     const SingleDistance at{in.d};
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
-    return path.Loss(path.LossHead(), at);
+    return LossFrom(path.head, path, at);
 }
 
 double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
@@ -97,7 +137,7 @@ double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
     const SingleDistance at{in.d};
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
+    return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
 }
 
 void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
@@ -119,6 +159,12 @@ void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept {
     FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
+}
+
+FormulaTerms DavidsonLossTerms(const ModelInputs& in) { return LossTerms(CurvePath(in), in); }
+
+FormulaTerms DavidsonFieldStrengthTerms(const ModelInputs& in, double powerWatts) {
+    return FieldStrengthTerms(CurvePath(in), in, powerWatts);
 }
 
 double DavidsonLoss(const ModelInputs& in) noexcept { return DavidsonLossWith(in, ModelTerms); }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "ModelTerms.h"
 
@@ -38,5 +39,11 @@ void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t coun
                        double* values) noexcept;
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept;
+
+// What they consist of at in.d. A city size that is not known gives an antenna term
+// of 0. The field strength
+// has the path loss as one term.
+FormulaTerms DavidsonLossTerms(const ModelInputs& in);
+FormulaTerms DavidsonFieldStrengthTerms(const ModelInputs& in, double powerWatts);
 
 }  // namespace vardel

@@ -11,32 +11,53 @@ namespace {
 struct Path {
     Path(const ModelInputs& in, double& antennaTerm, bool beyond20) noexcept
         : area(ReadArea(in, statistics)),
+          antennaForm(HataAntennaForm(area, in.city)),
+          f(in.f),
           logF(Log10(in.f)),
           logHb(Log10(in.hb)),
           distanceTerm(in, logHb, beyond20) {
-        AssignHataAntennaTerm(antennaTerm, area, in.city, logF, in.f, in.hm);
+        AssignHataAntennaTerm(antennaTerm, antennaForm, logF, in.f, in.hm);
         antenna = antennaTerm;
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
-    double LossHead() const noexcept {
-        return 69.55 + 26.16 * logF - 13.82 * logHb - antenna - areaTerm;
+    template <class Sum>
+    void AddLossHead(Sum& sum) const {
+        sum.Add({"Constant", "69.55", source::Hata}, 69.55);
+        sum.Add({"Frequency", "26.16 log f", source::Hata}, 26.16 * logF);
+        sum.Subtract({"Base antenna", "13.82 log hb", source::Hata}, 13.82 * logHb);
+        sum.Subtract(HataAntennaText(antennaForm, f), antenna);
+        sum.Subtract(AreaCorrectionText(area), areaTerm);
     }
-    double FieldStrengthHead(double powerWatts) const noexcept {
-        return 39.82 + 10.0 * Log10(powerWatts) - 6.16 * logF + 13.82 * logHb + antenna + areaTerm;
+    template <class Sum>
+    void AddFieldStrengthHead(Sum& sum, double powerWatts) const {
+        sum.Add({"Constant", "39.82", source::P529}, 39.82);
+        sum.Add(PowerText, 10.0 * Log10(powerWatts));
+        sum.Subtract({"Frequency", "6.16 log f", source::P529}, 6.16 * logF);
+        sum.Add({"Base antenna", "13.82 log hb", source::P529}, 13.82 * logHb);
+        sum.Add(HataAntennaText(antennaForm, f), antenna);
+        sum.Add(AreaCorrectionText(area), areaTerm);
     }
 
-    template <class Distance>
-    double Loss(double head, const Distance& at) const noexcept {
-        return head + distanceTerm.At(at) + at.Time() * statistics.timeLevel - statistics.location;
+    template <class Sum, class Distance>
+    void AddLossTail(Sum& sum, const Distance& at) const {
+        sum.Add(P529DistanceTerm::Text, distanceTerm.At(at));
+        sum.Add(statistics.TimeText(), statistics.Time(at));
+        sum.Subtract(PathStatistics::LocationText, statistics.location);
     }
-    template <class Distance>
-    double FieldStrength(double head, const Distance& at) const noexcept {
-        return head - distanceTerm.At(at) - at.Time() * statistics.timeLevel + statistics.location;
+    template <class Sum, class Distance>
+    void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
+        sum.Subtract(P529DistanceTerm::Text, distanceTerm.At(at));
+        sum.Subtract(statistics.TimeText(), statistics.Time(at));
+        sum.Add(PathStatistics::LocationText, statistics.location);
     }
+
+    void Note(ListedSum& sum, double d) const { distanceTerm.Note(sum, d); }
 
     PathStatistics statistics;
     Area area;
+    AntennaForm antennaForm;
+    double f;  // MHz
     double logF;
     double logHb;
     double antenna = 0.0;   // dB
@@ -58,7 +79,7 @@ double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
     terms.ItuLossAreaTerm = path.areaTerm;
     terms.ItuLossExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.ItuLossEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.Loss(path.LossHead(), at);
+    return LossFrom(LossHead(path), path, at);
 }
 
 double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
@@ -68,7 +89,7 @@ double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
     terms.ItuFsAreaTerm = path.areaTerm;
     terms.ItuFsExponent = path.distanceTerm.Exponent(at);
     if (in.d > 20.0) terms.ItuFsEffectiveHb = path.distanceTerm.EffectiveHb();
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), at);
+    return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
 }
 
 void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
@@ -78,11 +99,7 @@ void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, s
 
 void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                      double* values) noexcept {
-    const Path path = CurvePath(in);
-    FillByBlocks(km, count, values,
-                 [&path](const FreshPoint* points, std::size_t size, double* block) {
-                     FillLosses(path, points, size, block);
-                 });
+    FillNewLosses(CurvePath(in), km, count, values);
 }
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -93,11 +110,13 @@ void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept {
-    const Path path = CurvePath(in);
-    FillByBlocks(km, count, values,
-                 [&path, powerWatts](const FreshPoint* points, std::size_t size, double* block) {
-                     FillFieldStrengths(path, powerWatts, points, size, block);
-                 });
+    FillNewFieldStrengths(CurvePath(in), powerWatts, km, count, values);
+}
+
+FormulaTerms Itu529LossTerms(const ModelInputs& in) { return LossTerms(CurvePath(in), in); }
+
+FormulaTerms Itu529FieldStrengthTerms(const ModelInputs& in, double powerWatts) {
+    return FieldStrengthTerms(CurvePath(in), in, powerWatts);
 }
 
 double Itu529Loss(const ModelInputs& in) noexcept { return Itu529LossWith(in, ModelTerms); }

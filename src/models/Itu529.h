@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "ModelTerms.h"
 
@@ -38,5 +39,10 @@ void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
                      double* values) noexcept;
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept;
+
+// What they consist of at in.d. A city size that is not known gives an antenna term
+// of 0.
+FormulaTerms Itu529LossTerms(const ModelInputs& in);
+FormulaTerms Itu529FieldStrengthTerms(const ModelInputs& in, double powerWatts);
 
 }  // namespace vardel

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "ModelRanges.h"
 #include "ModelTerms.h"
@@ -26,6 +27,9 @@ struct Model {
     void (*fieldStrengthCurve)(const ModelInputs& in, double powerWatts,
                                const DistanceGrid::Point* points, std::size_t count,
                                double* values) noexcept;
+    // What the two consist of, for a reader.
+    FormulaTerms (*lossTerms)(const ModelInputs& in);
+    FormulaTerms (*fieldStrengthTerms)(const ModelInputs& in, double powerWatts);
     struct {
         std::uint8_t red, green, blue;
     } color;  // of its curve beside those of the others
@@ -34,14 +38,19 @@ struct Model {
 // In the order of ModelNumber.
 extern const std::array<Model, 4> Models;
 
-inline const Model& ModelOf(ModelNumber number) { return Models[static_cast<std::size_t>(number)]; }
+constexpr std::size_t IndexOf(ModelNumber number) noexcept {
+    return static_cast<std::size_t>(number);
+}
+
+inline const Model& ModelOf(ModelNumber number) { return Models.at(IndexOf(number)); }
 
 // Those that are compared in a window, a line of the log, a graph or an archived run, in the order
 // of these.
-constexpr std::array<ModelNumber, 3> ComparedModels = {ModelItu529, ModelDavidson, ModelCost231};
+constexpr std::array<ModelNumber, 3> ComparedModels = {ModelNumber::Itu529, ModelNumber::Davidson,
+                                                       ModelNumber::Cost231};
 
 inline bool InRange(const Model& model, const ModelInputs& in) noexcept {
-    return ModelInRange(model.number, in.f, in.hb, in.hm, in.d, in.area);
+    return ModelInRange(static_cast<int>(model.number), in.f, in.hb, in.hm, in.d, in.area);
 }
 
 }  // namespace vardel

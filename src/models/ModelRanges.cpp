@@ -1,5 +1,6 @@
 #include "models/ModelRanges.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -24,16 +25,34 @@ constexpr std::array<Range, 4> Ranges = {{
     {30, 1000, -Unbounded, Unbounded, 1, 10, 300, 600},
 }};
 
-constexpr bool Within(double x, double low, double high) noexcept { return low <= x && x <= high; }
+std::array<BrokenLimit, 5> LimitsOf(int model, double f, double hb, double hm, double d) noexcept {
+    const Range& range = Ranges[static_cast<std::size_t>(model)];
+    return {{{"Frequency", "MHz", f, range.fMin, range.fMax},
+             {"Height of base antenna", "m", hb, range.hbMin, range.hbMax},
+             {"Height of mobile antenna", "m", hm, range.hmMin, range.hmMax},
+             {"Product of the heights", "m²", hb * hm, -Unbounded, range.productMax},
+             {"Distance", "km", d, -Unbounded, range.dMax}}};
+}
+
+// What is no number is broken.
+bool Holds(const BrokenLimit& limit) noexcept {
+    return limit.low <= limit.value && limit.value <= limit.high;
+}
 
 }  // namespace
 
 bool ModelInRange(int model, double f, double hb, double hm, double d,
                   std::string_view /*area*/) noexcept {
-    if (model < ModelItu529 || model > ModelUs) return false;
-    const Range& range = Ranges[static_cast<std::size_t>(model)];
-    return Within(f, range.fMin, range.fMax) && Within(hb, range.hbMin, range.hbMax) &&
-           Within(hm, range.hmMin, range.hmMax) && hb * hm <= range.productMax && d <= range.dMax;
+    if (model < 0 || model >= static_cast<int>(Ranges.size())) return false;
+    const auto limits = LimitsOf(model, f, hb, hm, d);
+    return std::all_of(limits.begin(), limits.end(), Holds);
+}
+
+std::vector<BrokenLimit> BrokenLimits(ModelNumber model, const ModelInputs& in) {
+    std::vector<BrokenLimit> broken;
+    for (const BrokenLimit& limit : LimitsOf(static_cast<int>(model), in.f, in.hb, in.hm, in.d))
+        if (!Holds(limit)) broken.push_back(limit);
+    return broken;
 }
 
 }  // namespace vardel

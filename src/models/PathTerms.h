@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "Primitives.h"
 #include "Variability.h"
@@ -17,6 +18,19 @@ namespace vardel {
 struct PathStatistics {
     double timeLevel;  // see TimeLevel
     double location;   // dB, see LocationVariability
+
+    // dB
+    template <class Distance>
+    double Time(const Distance& at) const noexcept {
+        return at.Time() * timeLevel;
+    }
+    constexpr TermText TimeText() const noexcept {
+        return {"Percent of time",
+                timeLevel > 0.0 ? "10 (1 − e^(−0.01 d))² (−log(0.02 (100 − pt)))"
+                                : "10 (1 − e^(−0.01 d))² log(0.02 pt)",
+                source::None};
+    }
+    static constexpr TermText LocationText{"Percent of locations", "σ z", source::Okumura};
 };
 
 // The area as the models read it, and the statistics of the path. These are stricter about the
@@ -27,12 +41,15 @@ inline Area ReadArea(const ModelInputs& in, PathStatistics& statistics) noexcept
     return untrimmed != Area::Unknown ? untrimmed : AreaOf(in.area);
 }
 
+// dB a decade of distance, from the decimal logarithm of the base height in m.
+inline double DistanceSlope(double logHb) noexcept { return 44.9 - 6.55 * logHb; }
+
 // The distance term of ITU-R P.529 and of COST 231, whose exponent grows beyond 20 km.
 class P529DistanceTerm {
 public:
     // logHb: the decimal logarithm of in.hb. beyond20: whether a distance of more than 20 km comes.
     P529DistanceTerm(const ModelInputs& in, double logHb, bool beyond20) noexcept
-        : slope_(44.9 - 6.55 * logHb),
+        : slope_(DistanceSlope(logHb)),
           effectiveHb_(beyond20 ? EffectiveBaseHeight(in.hb) : 0.0),
           exponentSlope_(beyond20 ? ExponentSlope(in.f, effectiveHb_) : 0.0) {}
 
@@ -51,6 +68,18 @@ public:
         const double exponent = Exponent(at);
         return exponent == 1.0 ? slope_ * at.Log() : slope_ * at.LogTo(exponent);
     }
+    static constexpr TermText Text{"Distance", "(44.9 − 6.55 log hb) (log d)^b", source::P529};
+
+    void Note(ListedSum& sum, double d) const {
+        const SingleDistance at{d};
+        if (d > 20.0)
+            sum.Note({"Effective base height hb'", "hb / √(1 + 7·10⁻⁶ hb²)", source::P529},
+                     effectiveHb_, "m");
+        sum.Note({"Distance exponent b",
+                  d > 20.0 ? "1 + (0.14 + 1.87·10⁻⁴ f + 1.07·10⁻³ hb') (log(d / 20))^0.8" : "1",
+                  source::P529},
+                 Exponent(at), "");
+    }
 
 private:
     double slope_;
@@ -58,26 +87,55 @@ private:
     double exponentSlope_;
 };
 
-// Curves of a model's path, which has the head of its formula, that the distance does not change,
-// and the whole at a distance. The points are distances in km or those of a grid.
+// What follows takes a model's path: the head of its formula, that the distance does not change,
+// and the tail at a distance.
+
+template <class Path>
+double LossHead(const Path& path) noexcept {
+    PlainSum sum;
+    path.AddLossHead(sum);
+    return sum.Total();
+}
+
+template <class Path, class Distance>
+double LossFrom(double head, const Path& path, const Distance& at) noexcept {
+    PlainSum sum(head);
+    path.AddLossTail(sum, at);
+    return sum.Total();
+}
+
+template <class Path>
+double FieldStrengthHead(const Path& path, double powerWatts) noexcept {
+    PlainSum sum;
+    path.AddFieldStrengthHead(sum, powerWatts);
+    return sum.Total();
+}
+
+template <class Path, class Distance>
+double FieldStrengthFrom(double head, const Path& path, const Distance& at) noexcept {
+    PlainSum sum(head);
+    path.AddFieldStrengthTail(sum, at);
+    return sum.Total();
+}
+
+// Curves. The points are distances in km or those of a grid.
 template <class Path, class Point>
 void FillLosses(const Path& path, const Point* points, std::size_t count, double* values) noexcept {
-    std::transform(points, points + count, values,
-                   [&path, head = path.LossHead()](const Point& at) {
-                       return path.Loss(head, DistanceAt(at));
-                   });
+    std::transform(points, points + count, values, [&path, head = LossHead(path)](const Point& at) {
+        return LossFrom(head, path, DistanceAt(at));
+    });
 }
 
 template <class Path, class Point>
 void FillFieldStrengths(const Path& path, double powerWatts, const Point* points, std::size_t count,
                         double* values) noexcept {
     std::transform(points, points + count, values,
-                   [&path, head = path.FieldStrengthHead(powerWatts)](const Point& at) {
-                       return path.FieldStrength(head, DistanceAt(at));
+                   [&path, head = FieldStrengthHead(path, powerWatts)](const Point& at) {
+                       return FieldStrengthFrom(head, path, DistanceAt(at));
                    });
 }
 
-// A curve over distances in km that no other curve has, by blocks of points: fill(points, count,
+// Curves over distances in km that no other curve has, by blocks of points: fill(points, count,
 // values) for each.
 template <class Fill>
 void FillByBlocks(const double* km, std::size_t count, double* values, Fill fill) noexcept {
@@ -88,5 +146,53 @@ void FillByBlocks(const double* km, std::size_t count, double* values, Fill fill
         fill(points.data(), size, values + done);
     }
 }
+
+template <class Path>
+void FillNewLosses(const Path& path, const double* km, std::size_t count, double* values) noexcept {
+    FillByBlocks(km, count, values,
+                 [&path](const FreshPoint* points, std::size_t n, double* block) {
+                     FillLosses(path, points, n, block);
+                 });
+}
+
+template <class Path>
+void FillNewFieldStrengths(const Path& path, double powerWatts, const double* km, std::size_t count,
+                           double* values) noexcept {
+    FillByBlocks(km, count, values,
+                 [&path, powerWatts](const FreshPoint* points, std::size_t n, double* block) {
+                     FillFieldStrengths(path, powerWatts, points, n, block);
+                 });
+}
+
+// What the path consists of, with the quantities behind its statistics.
+template <class Path>
+ListedSum Quantities(const Path& path, const ModelInputs& in) {
+    ListedSum sum;
+    path.Note(sum, in.d);
+    if (const Area area = AreaOfUntrimmed(in.area); area != Area::Unknown) {
+        sum.Note({"Standard deviation of locations σ", "by frequency and area", source::Okumura},
+                 DeviationSigma(SigmaTableOf(area), in.f), "dB");
+        sum.Note({"Normal deviate z", "of pl", source::Okumura}, LocationDeviate(in.pctLoc), "");
+    }
+    return sum;
+}
+
+template <class Path>
+FormulaTerms LossTerms(const Path& path, const ModelInputs& in) {
+    ListedSum sum = Quantities(path, in);
+    path.AddLossHead(sum);
+    path.AddLossTail(sum, SingleDistance{in.d});
+    return sum.Terms();
+}
+
+template <class Path>
+FormulaTerms FieldStrengthTerms(const Path& path, const ModelInputs& in, double powerWatts) {
+    ListedSum sum = Quantities(path, in);
+    path.AddFieldStrengthHead(sum, powerWatts);
+    path.AddFieldStrengthTail(sum, SingleDistance{in.d});
+    return sum.Terms();
+}
+
+inline constexpr TermText PowerText{"Power", "10 log P", "by definition"};
 
 }  // namespace vardel

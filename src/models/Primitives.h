@@ -3,6 +3,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "FormulaTerms.h"
+
 // What the empirical models have in common.
 //
 // Sources: M. Hata, "Empirical Formula for Propagation Loss in Land Mobile Radio Services", IEEE
@@ -44,6 +46,13 @@ inline double AreaCorrection(Area area, double f, double logF) noexcept {
     return 0.0;
 }
 
+inline constexpr TermText AreaCorrectionText(Area area) noexcept {
+    if (area == Area::Suburban) return {"Suburban area", "2 (log(f / 28))² + 5.4", source::Hata};
+    if (area == Area::Open)
+        return {"Open area", "4.78 (log f)² − 18.33 log f + 40.98", source::Hata};
+    return {"Urban area", "0", source::Hata};
+}
+
 inline double AreaCorrection(Area area, double f) noexcept {
     return AreaCorrection(area, f, area == Area::Open ? Log10(f) : 0.0);
 }
@@ -73,15 +82,33 @@ inline double LargeCityAntennaTerm(double f, double hm) noexcept {
     return 3.2 * (l * l) - 4.97;
 }
 
-// Gives term the a(hm) of the Hata formula, from f and its decimal logarithm. In an urban area with
-// a city size that is not known, term keeps its value.
-inline void AssignHataAntennaTerm(double& term, Area area, std::string_view cityText, double logF,
-                                  double f, double hm) noexcept {
+// Which form of a(hm) the Hata formula takes.
+enum class AntennaForm { SmallCity, LargeCity, Kept };
+
+// In an urban area with a city size that is not known, the term keeps its value.
+inline AntennaForm HataAntennaForm(Area area, std::string_view cityText) noexcept {
     const City city = area == Area::Urban ? CityOf(cityText) : City::SmallMedium;
-    if (city == City::SmallMedium)
+    if (city == City::Unknown) return AntennaForm::Kept;
+    return city == City::Large ? AntennaForm::LargeCity : AntennaForm::SmallCity;
+}
+
+// Gives term the a(hm) of a form, from f and its decimal logarithm.
+inline void AssignHataAntennaTerm(double& term, AntennaForm form, double logF, double f,
+                                  double hm) noexcept {
+    if (form == AntennaForm::SmallCity)
         term = SmallCityAntennaTermOfLog(logF, hm);
-    else if (city == City::Large)
+    else if (form == AntennaForm::LargeCity)
         term = LargeCityAntennaTerm(f, hm);
+}
+
+inline constexpr TermText HataAntennaText(AntennaForm form, double f) noexcept {
+    if (form == AntennaForm::Kept)
+        return {"Mobile antenna, a city size not known", "0", source::Hata};
+    if (form == AntennaForm::SmallCity)
+        return {"Mobile antenna a(hm)", "(1.1 log f − 0.7) hm − (1.56 log f − 0.8)", source::Hata};
+    if (f <= 300.0)
+        return {"Mobile antenna a(hm), large city", "8.29 (log(1.54 hm))² − 1.1", source::Hata};
+    return {"Mobile antenna a(hm), large city", "3.2 (log(11.75 hm))² − 4.97", source::Hata};
 }
 
 // hb' of ITU-R P.529, in m.

@@ -14,21 +14,39 @@ struct Path {
           logHeights(Log10(in.hb * in.hm)),
           areaTerm(AreaCorrection(area, in.f, logF)) {}
 
-    double LossHead() const noexcept { return 69.36 + 30.0 * logF; }
-    double FieldStrengthHead(double powerWatts) const noexcept {
-        return 40.0 + 10.0 * Log10(powerWatts) - 10.0 * logF;
+    template <class Sum>
+    void AddLossHead(Sum& sum) const {
+        sum.Add({"Constant", "69.36", source::None}, 69.36);
+        sum.Add({"Frequency", "30 log f", source::None}, 30.0 * logF);
+    }
+    template <class Sum>
+    void AddFieldStrengthHead(Sum& sum, double powerWatts) const {
+        sum.Add({"Constant", "40", "from the loss"}, 40.0);
+        sum.Add(PowerText, 10.0 * Log10(powerWatts));
+        sum.Subtract({"Frequency", "10 log f", "from the loss"}, 10.0 * logF);
     }
 
-    template <class Distance>
-    double Loss(double head, const Distance& at) const noexcept {
-        return head + 40.0 * at.Log() - 20.0 * logHeights + at.Time() * statistics.timeLevel -
-               areaTerm - statistics.location;
+    template <class Sum, class Distance>
+    void AddLossTail(Sum& sum, const Distance& at) const {
+        sum.Add(DistanceText, 40.0 * at.Log());
+        sum.Subtract(HeightsText, 20.0 * logHeights);
+        sum.Add(statistics.TimeText(), statistics.Time(at));
+        sum.Subtract(AreaCorrectionText(area), areaTerm);
+        sum.Subtract(PathStatistics::LocationText, statistics.location);
     }
-    template <class Distance>
-    double FieldStrength(double head, const Distance& at) const noexcept {
-        return head - 40.0 * at.Log() + 20.0 * logHeights - at.Time() * statistics.timeLevel +
-               areaTerm + statistics.location;
+    template <class Sum, class Distance>
+    void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
+        sum.Subtract(DistanceText, 40.0 * at.Log());
+        sum.Add(HeightsText, 20.0 * logHeights);
+        sum.Subtract(statistics.TimeText(), statistics.Time(at));
+        sum.Add(AreaCorrectionText(area), areaTerm);
+        sum.Add(PathStatistics::LocationText, statistics.location);
     }
+
+    void Note(ListedSum&, double) const {}
+
+    static constexpr TermText DistanceText{"Distance", "40 log d", "Bullington 1947"};
+    static constexpr TermText HeightsText{"Antenna heights", "20 log(hb hm)", "Bullington 1947"};
 
     PathStatistics statistics;
     Area area;
@@ -42,14 +60,14 @@ struct Path {
 double UsLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
     const Path path(in);
     terms.UsLossAreaTerm = path.areaTerm;
-    return path.Loss(path.LossHead(), SingleDistance{in.d});
+    return LossFrom(LossHead(path), path, SingleDistance{in.d});
 }
 
 double UsFieldStrengthWith(const ModelInputs& in, double powerWatts,
                            ModelTermsRecord& terms) noexcept {
     const Path path(in);
     terms.UsFsAreaTerm = path.areaTerm;
-    return path.FieldStrength(path.FieldStrengthHead(powerWatts), SingleDistance{in.d});
+    return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, SingleDistance{in.d});
 }
 
 void UsLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
@@ -71,6 +89,12 @@ void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                           std::size_t count, double* values) noexcept {
     FillFieldStrengths(Path(in), powerWatts, km, count, values);
+}
+
+FormulaTerms UsLossTerms(const ModelInputs& in) { return LossTerms(Path(in), in); }
+
+FormulaTerms UsFieldStrengthTerms(const ModelInputs& in, double powerWatts) {
+    return FieldStrengthTerms(Path(in), in, powerWatts);
 }
 
 double UsLoss(const ModelInputs& in) noexcept { return UsLossWith(in, ModelTerms); }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "Distances.h"
+#include "FormulaTerms.h"
 #include "ModelInputs.h"
 #include "ModelTerms.h"
 
@@ -38,5 +39,9 @@ void UsLossCurve(const ModelInputs& in, const double* km, std::size_t count,
                  double* values) noexcept;
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                           std::size_t count, double* values) noexcept;
+
+// What they consist of at in.d.
+FormulaTerms UsLossTerms(const ModelInputs& in);
+FormulaTerms UsFieldStrengthTerms(const ModelInputs& in, double powerWatts);
 
 }  // namespace vardel

@@ -108,14 +108,22 @@ inline double DeviationSigma(const SigmaTable& table, double f) noexcept {
     return LinearInterpolate(below[0].f, below[1].f, below[0].sigma, below[1].sigma, f);
 }
 
-inline double LocationVariability(double f, double pct, Area area) noexcept {
-    if (std::isnan(pct)) return pct;
-    if (area == Area::Unknown) return 0.0;
+// The normal deviate of a percentage of locations, which counts in whole percents.
+inline double LocationDeviate(double pct) noexcept {
     // lrint rounds halves to the even neighbour in the rounding mode that all code runs in.
     const auto i = static_cast<std::size_t>(std::lrint(Clamped(pct - 1.0, 0.0, 98.0)));
     const double sign = i <= 49 ? 1.0 : -1.0;
-    const double z = sign * QuantileTable[i <= 49 ? i : 98 - i];
-    return DeviationSigma(area == Area::Urban ? SigmaTableUrban : SigmaTableSuburban, f) * z;
+    return sign * QuantileTable[i <= 49 ? i : 98 - i];
+}
+
+inline const SigmaTable& SigmaTableOf(Area area) noexcept {
+    return area == Area::Urban ? SigmaTableUrban : SigmaTableSuburban;
+}
+
+inline double LocationVariability(double f, double pct, Area area) noexcept {
+    if (std::isnan(pct)) return pct;
+    if (area == Area::Unknown) return 0.0;
+    return DeviationSigma(SigmaTableOf(area), f) * LocationDeviate(pct);
 }
 
 }  // namespace vardel

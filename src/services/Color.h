@@ -14,6 +14,5 @@ struct Color {
 
 constexpr Color Black{0, 0, 0};
 constexpr Color White{255, 255, 255};
-constexpr Color Teal{0, 128, 128};
 
 }  // namespace vardel

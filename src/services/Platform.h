@@ -93,13 +93,12 @@ public:
     virtual std::string MetafileOf(const Chart& chart) = 0;
 };
 
+enum class PageOrientation { Portrait = 1, Landscape = 2 };
+
 // The printers of the system, and one more that prints to a PDF file. What is not said of a certain
 // printer is asked of the current one; each printer has an orientation of its own.
 class Printers {
 public:
-    static constexpr int Portrait = 1;
-    static constexpr int Landscape = 2;
-
     virtual ~Printers() = default;
 
     virtual std::vector<std::string> PrinterNames() = 0;
@@ -107,8 +106,8 @@ public:
     virtual void SetCurrentPrinter(const std::string& name) = 0;
     // Printing then needs the path of a file, which is written whole or not at all.
     virtual bool PrintsToFile() = 0;
-    virtual int Orientation() = 0;
-    virtual void SetOrientation(int orientation) = 0;
+    virtual PageOrientation Orientation() = 0;
+    virtual void SetOrientation(PageOrientation orientation) = 0;
     virtual void SetFont(const TextFont& font) = 0;
 
     // Adds a line to the document, or several that are parted by line ends.

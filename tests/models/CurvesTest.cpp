@@ -108,7 +108,7 @@ TEST(Model, RowsHoldTheirOwn) {
     for (std::size_t i = 0; i < Models.size(); ++i) {
         ModelTermsRecord terms;
         EXPECT_STREQ(Models[i].name, rows[i].name);
-        EXPECT_EQ(Models[i].number, static_cast<int>(i));
+        EXPECT_EQ(IndexOf(Models[i].number), i);
         EXPECT_NEAR(Models[i].loss(in, terms), rows[i].loss, 5e-5) << rows[i].name;
         EXPECT_NEAR(Models[i].fieldStrength(in, 1000.0, terms), rows[i].fieldStrength, 5e-5);
         EXPECT_EQ(InRange(Models[i], in), rows[i].inRange) << rows[i].name;

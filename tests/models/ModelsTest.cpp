@@ -180,6 +180,40 @@ TEST(ModelRanges, Edges) {
         EXPECT_FALSE(ModelInRange(c.model, c.f, c.hb, c.hm, c.d, "Open")) << &c - outside;
 }
 
+TEST(FormulaTerms, AddUpToTheResult) {
+    for (const Model& model : Models) {
+        for (const double d : {5.0, 50.0, 120.0}) {
+            for (const char* area : {"Urban", "Suburban", "Open"}) {
+                const ModelInputs in{200, d, 400, 1.5, area, "Large", 90, 10};
+                const auto total = [](const FormulaTerms& terms) {
+                    double sum = 0.0;
+                    for (const FormulaTerm& term : terms)
+                        if (term.role != FormulaTerm::Role::Quantity) sum += term.value;
+                    return sum;
+                };
+                ModelTermsRecord own;
+                EXPECT_EQ(total(model.lossTerms(in)), model.loss(in, own)) << model.name << d;
+                EXPECT_EQ(total(model.fieldStrengthTerms(in, 5)), model.fieldStrength(in, 5, own));
+            }
+        }
+    }
+}
+
+TEST(FormulaTerms, OfAPathByHand) {
+    std::string text;
+    for (const FormulaTerm& term :
+         ModelOf(ModelNumber::Itu529)
+             .lossTerms({900, 60, 250, 1.5, "Urban", "Small/Medium", 10, 90}))
+        text += term.text.name + std::string(" = ") +
+                std::to_string(std::lround(term.value * 1000)) + term.unit + '\n';
+    EXPECT_EQ(text,
+              "Effective base height hb' = 208514m\nDistance exponent b = 1294\n"
+              "Standard deviation of locations σ = 6600dB\nNormal deviate z = -1276\n"
+              "Constant = 69550dB\nFrequency = 77283dB\nBase antenna = -33140dB\n"
+              "Mobile antenna a(hm) = -16dB\nUrban area = 0dB\nDistance = 61481dB\n"
+              "Percent of time = -1423dB\nPercent of locations = 8422dB\n");
+}
+
 }  // namespace
 
 }  // namespace vardel

@@ -41,7 +41,7 @@ protected:
 
     QString PrintLines(const std::string& text) {
         Printers& printers = platform.GetPrinters();
-        printers.SetOrientation(Printers::Landscape);
+        printers.SetOrientation(PageOrientation::Landscape);
         printers.SetFont(program.FrmReport->rtbLog.Font());
         printers.PrintText({});
         printers.PrintText(text);
@@ -104,7 +104,8 @@ TEST_F(PrintingTest, ALineWiderThanThePaperIsContinuedAndShrinksNoOther) {
 
 TEST_F(PrintingTest, AGraphFillsThePageWithRealText) {
     GraphForm& graph = *program.GraphForm;
-    for (const int orientation : {Printers::Portrait, Printers::Landscape}) {
+    for (const PageOrientation orientation :
+         {PageOrientation::Portrait, PageOrientation::Landscape}) {
         platform.GetPrinters().SetOrientation(orientation);
         platform.GetPrinters().PrintChart(graph.CTWX1, file.toStdString());
         const QString text = Text();
@@ -116,7 +117,7 @@ TEST_F(PrintingTest, AGraphFillsThePageWithRealText) {
 
         Output("pdftoppm", {"-r", "50", "-png", "-singlefile", file, file});
         const QImage page(file + ".png");
-        EXPECT_EQ(page.width() > page.height(), orientation == Printers::Landscape);
+        EXPECT_EQ(page.width() > page.height(), orientation == PageOrientation::Landscape);
         QRect ink;
         bool green = false;
         for (int y = 0; y < page.height(); ++y)
@@ -163,12 +164,12 @@ TEST_F(PrintingTest, TheSetupDialogChoosesPaperAndOrientation) {
         chooseA3(dialog);
         static_cast<QDialog&>(dialog).reject();
     });
-    EXPECT_EQ(printers.Orientation(), Printers::Portrait);
+    EXPECT_EQ(printers.Orientation(), PageOrientation::Portrait);
     setUp([&](QWidget& dialog) {
         chooseA3(dialog);
         static_cast<QDialog&>(dialog).accept();
     });
-    EXPECT_EQ(printers.Orientation(), Printers::Landscape);
+    EXPECT_EQ(printers.Orientation(), PageOrientation::Landscape);
     printers.PrintChart(program.GraphForm->CTWX1, file.toStdString());
     EXPECT_TRUE(Info().contains("(A3)")) << Info().toStdString();
 }

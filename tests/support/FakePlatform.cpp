@@ -61,8 +61,8 @@ void FakePlatform::Yield() {
 void FakePlatform::EndDocument(const std::string& title, const std::string& file) {
     const std::string text = std::exchange(document, {});
     if (printerFails) throw std::runtime_error("out of paper");
-    printed.push_back(printer + ' ' + std::to_string(Orientation()) + ' ' + file + ": " + title +
-                      '\n' + text);
+    printed.push_back(printer + ' ' + std::to_string(static_cast<int>(Orientation())) + ' ' + file +
+                      ": " + title + '\n' + text);
 }
 
 void FakePlatform::PrintChart(const Chart& chart, const std::string& file) {

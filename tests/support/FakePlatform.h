@@ -76,8 +76,12 @@ public:
     std::string CurrentPrinter() override { return printer; }
     void SetCurrentPrinter(const std::string& name) override { printer = name; }
     bool PrintsToFile() override { return printer == "File"; }
-    int Orientation() override { return orientations[printer]; }
-    void SetOrientation(int orientation) override { orientations[printer] = orientation; }
+    PageOrientation Orientation() override {
+        return orientations.try_emplace(printer, PageOrientation::Portrait).first->second;
+    }
+    void SetOrientation(PageOrientation orientation) override {
+        orientations[printer] = orientation;
+    }
     void SetFont(const TextFont& font) override { printFont = font; }
     void PrintText(std::string_view text) override { document += std::string(text) + '\n'; }
     void EndDocument(const std::string& title, const std::string& file) override;
@@ -110,11 +114,11 @@ public:
     std::string clipboardText;
     std::vector<std::string> printerNames{"Laser", "Plotter", "File"};
     std::string printer = "Laser";
-    std::map<std::string, int> orientations{{"Laser", 1}, {"Plotter", 1}, {"File", 1}};
+    std::map<std::string, PageOrientation> orientations;  // portrait where none was set
     TextFont printFont;
-    std::string document;              // what was not sent yet
-    std::vector<std::string> printed;  // "printer orientation file: title or text"
-    std::vector<int> setupsAt;         // the orientation that each printer setup found
+    std::string document;                   // what was not sent yet
+    std::vector<std::string> printed;       // "printer orientation file: title or text"
+    std::vector<PageOrientation> setupsAt;  // the orientation that each printer setup found
     bool printerFails = false;
     CalendarTime now{2026, 3, 9, 14, 5};
     int yields = 0;

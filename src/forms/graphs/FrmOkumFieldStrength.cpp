@@ -23,7 +23,7 @@ FrmOkumFieldStrength::FrmOkumFieldStrength(Platform& platform, SharedData& share
                 .archiveButton = "cmdAddToArchive"}),
       // On the main form's unit from the beginning: a change of it would rewrite the power's text.
       cmbPowerUnit(*this, "cmbPowerUnit", PowerUnitEntries(), static_cast<int>(shared.PowerUnit)) {
-    SetHelpContextID(TopicFieldStrengthGraphs);
+    SetHelpContextID(HelpTopic::FieldStrengthGraphs);
     for (MenuItem* mark : {&mnuModelPalvernFS, &mnuModelOkum529FS, &mnuModelCost231,
                            &mnuModelCompare, &mnuModelDist100, &mnuModelDist300})
         mark->SetCheckable(true);

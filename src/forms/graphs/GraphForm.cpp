@@ -19,7 +19,7 @@ GraphForm::GraphForm(Platform& platform, SharedData& shared, Doors& doors)
                 .valueTitle = "dB",
                 .baseAntennaLabel = "lblBaseAntenna",
                 .archiveButton = "cmdArchiveData"}) {
-    SetHelpContextID(TopicInputs);
+    SetHelpContextID(HelpTopic::Inputs);
     mnuGraph100.SetCheckable(true);
     mnuGraph300.SetCheckable(true);
 

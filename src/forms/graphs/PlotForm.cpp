@@ -65,11 +65,11 @@ void PlotForm::SetAppearance() {
     mnuUnitsMetric.SetCheckable(true);
     mnuUnitsEnglish.SetCheckable(true);
 
-    for (TextBox* box : {&txtFreq, &txthb, &txthm}) box->SetHelpContextID(TopicInputs);
-    cmbareatype.SetHelpContextID(TopicArea);
-    cmbcitysize.SetHelpContextID(TopicArea);
-    txtPctTime.SetHelpContextID(TopicPercentTime);
-    txtPctLoc.SetHelpContextID(TopicPercentLocation);
+    for (TextBox* box : {&txtFreq, &txthb, &txthm}) box->SetHelpContextID(HelpTopic::Inputs);
+    cmbareatype.SetHelpContextID(HelpTopic::Area);
+    cmbcitysize.SetHelpContextID(HelpTopic::Area);
+    txtPctTime.SetHelpContextID(HelpTopic::PercentTime);
+    txtPctLoc.SetHelpContextID(HelpTopic::PercentLocation);
 }
 
 void PlotForm::WireEvents() {

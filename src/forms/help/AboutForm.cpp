@@ -1,13 +1,14 @@
 #include "forms/help/AboutForm.h"
 
 #include "forms/help/ContextIDs.h"
+#include "forms/shared/Palette.h"
 #include "services/Platform.h"
 
 namespace vardel {
 
 AboutForm::AboutForm(Platform& platform)
     : Form(platform, "AboutForm", "About dB Loss Calculation") {
-    SetHelpContextID(TopicAbout);
+    SetHelpContextID(HelpTopic::About);
     Label1.SetForeColor({0, 64, 64});
     Line1.SetForeColor(Teal);
     Image1.SetPictureFile(platform.programDirectory + "/about.bmp");

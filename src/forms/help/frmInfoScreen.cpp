@@ -1,14 +1,11 @@
 #include "forms/help/frmInfoScreen.h"
 
+#include "forms/shared/Palette.h"
 #include "services/Platform.h"
 
 namespace vardel {
 
 namespace {
-
-constexpr Color DeepTeal{0, 64, 64};
-constexpr Color PaleTeal{226, 240, 240};
-constexpr Color MutedGray{110, 110, 110};
 
 constexpr const char* Information =
     "Vardel (Vardel): is a package of empirical models for terrestrial land mobile services. The "

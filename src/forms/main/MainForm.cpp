@@ -11,9 +11,18 @@
 #include "forms/main/UnitSwitch.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/reports/frmLogDistRange.h"
+#include "forms/shared/Palette.h"
+#include "models/ModelRanges.h"
 #include "services/Platform.h"
 
 namespace vardel {
+
+const std::array<MainForm::ModelLabels, 3> MainForm::LabelsOfModels = {{
+    {ModelNumber::Itu529, &MainForm::lblLITU529, &MainForm::lblOH529dBLoss, &MainForm::lblFITU529},
+    {ModelNumber::Davidson, &MainForm::lblLDavidson, &MainForm::lblDavidson,
+     &MainForm::lblPalvernDavFS},
+    {ModelNumber::Cost231, &MainForm::lblLCost231, &MainForm::lblcost231, &MainForm::lblFCost231},
+}};
 
 MainForm::MainForm(Platform& platform, SharedData& shared, Doors& doors)
     : Form(platform, "MainForm", "Okumura-Hata Field Strength / Loss Calculations"),
@@ -39,18 +48,17 @@ void MainForm::SetAppearance() {
         caption->SetBackColor(Teal);
         caption->SetForeColor(White);
     }
-    for (auto* heads : {&lblLITU529, &lblLDavidson, &lblLCost231}) {
-        for (Label& head : *heads) {
+    for (const ModelLabels& labels : LabelsOfModels) {
+        for (Label& head : this->*labels.heads) {
             head.SetBackColor(Teal);
             head.SetForeColor(White);
         }
     }
-    constexpr Color DarkTeal{0, 64, 64};
     for (Label* head : {&Label28, &lblFieldStrength}) {
-        head->SetBackColor(DarkTeal);
-        head->SetForeColor({0, 192, 192});
+        head->SetBackColor(DeepTeal);
+        head->SetForeColor(Turquoise);
     }
-    Line2.SetForeColor(DarkTeal);
+    Line2.SetForeColor(DeepTeal);
 
     txtFreq.SetToolTipText("Range 30MHz - 2000 MHz");
     txtDist.SetToolTipText("1 km < Distance <= 300 km");
@@ -67,20 +75,20 @@ void MainForm::SetAppearance() {
 }
 
 void MainForm::SetHelpTopics() {
-    SetHelpContextID(TopicInputs);
+    SetHelpContextID(HelpTopic::Inputs);
     for (Control* inputs : {static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
                             static_cast<Control*>(&txtFreq), static_cast<Control*>(&txtDist),
                             static_cast<Control*>(&txthb), static_cast<Control*>(&txthm)})
-        inputs->SetHelpContextID(TopicInputs);
-    cmbareatype.SetHelpContextID(TopicArea);
-    cmbcitysize.SetHelpContextID(TopicArea);
-    txtPctTime.SetHelpContextID(TopicPercentTime);
-    txtPctLoc.SetHelpContextID(TopicPercentLocation);
-    cmdLossCalc.SetHelpContextID(TopicCalculation);
-    mnuFile.SetHelpContextID(TopicFileMenu);
-    mnuUnits.SetHelpContextID(TopicUnitsMenu);
-    mnuCalculation.SetHelpContextID(TopicCalculation);
-    mnuHelp.SetHelpContextID(TopicHelpMenu);
+        inputs->SetHelpContextID(HelpTopic::Inputs);
+    cmbareatype.SetHelpContextID(HelpTopic::Area);
+    cmbcitysize.SetHelpContextID(HelpTopic::Area);
+    txtPctTime.SetHelpContextID(HelpTopic::PercentTime);
+    txtPctLoc.SetHelpContextID(HelpTopic::PercentLocation);
+    cmdLossCalc.SetHelpContextID(HelpTopic::Calculation);
+    mnuFile.SetHelpContextID(HelpTopic::FileMenu);
+    mnuUnits.SetHelpContextID(HelpTopic::UnitsMenu);
+    mnuCalculation.SetHelpContextID(HelpTopic::Calculation);
+    mnuHelp.SetHelpContextID(HelpTopic::HelpMenu);
 }
 
 void MainForm::WireEvents() {

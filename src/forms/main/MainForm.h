@@ -12,6 +12,7 @@
 namespace vardel {
 
 class Calculation;
+enum class ModelNumber : int;
 struct Doors;
 struct PathInputs;
 struct Platform;
@@ -118,6 +119,15 @@ public:
     MenuItem mnuHelpAbout{mnuHelp, "mnuHelpAbout", "&About Vardel"};
 
 private:
+    // What shows a model's results, and the heads of their columns.
+    struct ModelLabels {
+        ModelNumber model;
+        std::array<Label, 2> MainForm::*heads;
+        Label MainForm::*loss;
+        Label MainForm::*fieldStrength;
+    };
+    static const std::array<ModelLabels, 3> LabelsOfModels;
+
     // MainForm.cpp
     void SetAppearance();
     void SetHelpTopics();

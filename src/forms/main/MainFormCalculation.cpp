@@ -13,25 +13,6 @@
 
 namespace vardel {
 
-namespace {
-
-struct Shown {
-    Label MainForm::*label;
-    ModelNumber model;
-    double ModelResult::*result;
-};
-
-constexpr std::array<Shown, 6> ShownResults = {{
-    {&MainForm::lblcost231, ModelCost231, &ModelResult::loss},
-    {&MainForm::lblDavidson, ModelDavidson, &ModelResult::loss},
-    {&MainForm::lblPalvernDavFS, ModelDavidson, &ModelResult::fieldStrength},
-    {&MainForm::lblFITU529, ModelItu529, &ModelResult::fieldStrength},
-    {&MainForm::lblOH529dBLoss, ModelItu529, &ModelResult::loss},
-    {&MainForm::lblFCost231, ModelCost231, &ModelResult::fieldStrength},
-}};
-
-}  // namespace
-
 void MainForm::cmdLossCalc_Click() {
     const auto path = ReadRunInputs();
     if (!path) return;
@@ -79,12 +60,15 @@ std::optional<PathInputs> MainForm::ReadRunInputs() {
 }
 
 void MainForm::ShowResults(const Calculation& calculation) {
-    for (const auto& [shown, model, result] : ShownResults) {
-        const ModelResult& of = calculation.Of(model);
-        Label& label = this->*shown;
-        label.SetCaption(FormatNumber(of.*result, "###0.00"));
-        label.SetBackColor(of.inRange ? White : shared_.OutOfRangeColor);
-        label.SetStateText(of.inRange ? "In the model's range" : "Out of the model's range");
+    for (const ModelLabels& labels : LabelsOfModels) {
+        const ModelResult& of = calculation.Of(labels.model);
+        for (const auto& [shown, value] :
+             {std::pair(labels.loss, of.loss), std::pair(labels.fieldStrength, of.fieldStrength)}) {
+            Label& label = this->*shown;
+            label.SetCaption(FormatNumber(value, "###0.00"));
+            label.SetBackColor(of.inRange ? White : shared_.OutOfRangeColor);
+            label.SetStateText(of.inRange ? "In the model's range" : "Out of the model's range");
+        }
     }
 }
 

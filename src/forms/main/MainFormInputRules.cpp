@@ -4,13 +4,12 @@
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
+#include "forms/shared/Palette.h"
 #include "models/Primitives.h"
 
 namespace vardel {
 
 namespace {
-
-constexpr Color StaleColor{50, 50, 50};
 
 struct RuledBox {
     TextBox MainForm::*box;

@@ -6,6 +6,8 @@
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
+#include "forms/shared/Palette.h"
+#include "models/Model.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -15,7 +17,6 @@ namespace {
 // What the publication of a model says of its range. Davidson's lowest base height is 30 m here,
 // though a result counts as in range from 20 m on.
 struct RangeHint {
-    std::array<Label, 2> MainForm::*heads;
     double fMin, fMax;    // MHz
     double hbMin, hbMax;  // m
     double hmMin, hmMax;  // m
@@ -23,17 +24,15 @@ struct RangeHint {
     const char* text;
 };
 
+// By ModelNumber.
 constexpr std::array<RangeHint, 3> RangeHints = {{
-    {&MainForm::lblLITU529, 150, 1500, 30, 200, 1, 10, 1, 100,
+    {150, 1500, 30, 200, 1, 10, 1, 100,
      "ITU 529> Freq: 150Mhz - 1500Mhz, hb: 30m - 200m, hm: 1m - 10m, Dist: 1km - 100km"},
-    {&MainForm::lblLCost231, 1500, 2000, 30, 200, 1, 10, 1, 100,
-     "Cost 231> Freq: 1500Mhz - 2000Mhz, hb: 30m - 200m, hm: 1m - 10m, Dist: 1km - 100km"},
-    {&MainForm::lblLDavidson, 30, 1500, 30, 2500, 1, 10, 1, 300,
+    {30, 1500, 30, 2500, 1, 10, 1, 300,
      "Davidson> Freq: 30Mhz - 1500Mhz, hb: 30m - 2500m, hm: 1m - 10m, Dist: 1km - 300km"},
+    {1500, 2000, 30, 200, 1, 10, 1, 100,
+     "Cost 231> Freq: 1500Mhz - 2000Mhz, hb: 30m - 200m, hm: 1m - 10m, Dist: 1km - 100km"},
 }};
-
-constexpr Color ShownColor{255, 150, 150};
-constexpr Color HiddenColor{40, 40, 40};  // near enough to the black of the text to hide it
 
 // A text that is no number lies outside every range.
 bool Outside(const TextBox& box, double factor, double low, double high) {
@@ -46,8 +45,8 @@ bool Outside(const TextBox& box, double factor, double low, double high) {
 }  // namespace
 
 void MainForm::WireRangeHints() {
-    for (const RangeHint& hint : RangeHints) {
-        const auto show = [this, &hint] {
+    for (const ModelLabels& labels : LabelsOfModels) {
+        const auto show = [this, &hint = RangeHints.at(IndexOf(labels.model))] {
             const bool english = mnuUnitsEnglish.Checked();
             const double height = english ? MetresPerFoot : 1.0;
             const double distance = english ? KmPerMile : 1.0;
@@ -61,7 +60,7 @@ void MainForm::WireRangeHints() {
                 txtDist.SetBackColor(shared_.OutOfRangeColor);
             lblHelpRange.SetCaption(hint.text);
         };
-        for (Label& head : this->*hint.heads) {
+        for (Label& head : this->*labels.heads) {
             head.MouseDown = show;
             head.MouseUp = [this] { EndRangeHint(); };
         }
@@ -78,7 +77,7 @@ void MainForm::mnuHideShow_Click() {
     constexpr const char* Hide = "&Hide Out of Range Values";
     const bool hide = mnuHideShow.Caption() == Hide;
     mnuHideShow.SetCaption(hide ? "&Show Out of Range Values" : Hide);
-    shared_.OutOfRangeColor = hide ? HiddenColor : ShownColor;
+    shared_.OutOfRangeColor = hide ? OutOfRangeHidden : OutOfRangePink;
 }
 
 // Into the log, which its next saving takes to the file.

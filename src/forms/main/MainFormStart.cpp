@@ -80,7 +80,7 @@ void MainForm::Form_Load() {
     shared_.ShowMeasuredData = false;
     SetDefaultInputs();
     doors_.ReportLog().SetTitle(LogColumnHeader);
-    shared_.OutOfRangeColor = {255, 150, 150};
+    shared_.OutOfRangeColor = OutOfRangePink;
     doors_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
     registry_.emplace(GetPlatform().settings);
     CalledFromHost = registry_->QuorneActive();

@@ -22,7 +22,7 @@ void FrmPrintOut::cmdPrint_Click() {
 }
 
 void FrmPrintOut::cmdPrintSetup_Click() {
-    GetPlatform().printers.SetOrientation(Printers::Landscape);
+    GetPlatform().printers.SetOrientation(PageOrientation::Landscape);
     if (shared_.ChartToPrint != nullptr) shared_.ChartToPrint->PrinterSetup();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "controls/Controls.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
-struct Platform;
 struct SharedData;
 
 // Prints the chart that the program's ChartToPrint names. Done only hides the form; closed by its
@@ -24,7 +24,7 @@ private:
     void cmdPrintSetup_Click();
 
     SharedData& shared_;
-    int SavedOrientation = 0;
+    PageOrientation SavedOrientation = PageOrientation::Portrait;
 };
 
 }  // namespace vardel

@@ -60,7 +60,7 @@ void FrmReport::cmdPrint_Click() {
     PrintOnCurrentPrinter(*this, LogName, [this](const std::string& file) {
         Printers& printers = GetPlatform().printers;
         printers.SetFont(rtbLog.Font());
-        printers.SetOrientation(Printers::Landscape);
+        printers.SetOrientation(PageOrientation::Landscape);
         printers.PrintText({});
         printers.PrintText(rtbLog.Content().PlainText());
         printers.EndDocument(LogName, file);

@@ -6,14 +6,13 @@
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/BoxRule.h"
+#include "forms/shared/Palette.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
 
 namespace {
-
-constexpr Color Turquoise{0, 192, 192};
 
 struct CheckedBox {
     TextBox frmLogDistRange::*box;

@@ -38,7 +38,7 @@ PrinterSetupDialog::PrinterSetupDialog(QtPrinters& printers, QWidget* parent)
     landscape_->setObjectName("landscape");
     for (const std::string& name : printers.PrinterNames()) printer_->addItem(ToQt(name));
     printer_->setCurrentText(ToQt(printers.CurrentPrinter()));
-    const bool landscape = printers.Orientation() == Printers::Landscape;
+    const bool landscape = printers.Orientation() == PageOrientation::Landscape;
     (landscape ? landscape_ : portrait_)->setChecked(true);
     ShowPapers();
     connect(printer_, &QComboBox::currentIndexChanged, this, [this] { ShowPapers(); });
@@ -73,7 +73,8 @@ void PrinterSetupDialog::accept() {
     const QMarginsF margins = layout.margins();
     layout.setPageSize(paper_->currentData().value<QPageSize>());
     layout.setMargins(margins);
-    printers_.SetOrientation(landscape_->isChecked() ? Printers::Landscape : Printers::Portrait);
+    printers_.SetOrientation(landscape_->isChecked() ? PageOrientation::Landscape
+                                                     : PageOrientation::Portrait);
     QDialog::accept();
 }
 

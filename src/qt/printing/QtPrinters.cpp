@@ -65,14 +65,16 @@ QPageLayout& QtPrinters::LayoutOf(const std::string& printer) {
                                 : layouts_.emplace(printer, FirstLayoutOf(printer)).first->second;
 }
 
-int QtPrinters::Orientation() {
-    return LayoutOf(CurrentPrinter()).orientation() == QPageLayout::Landscape ? Landscape
-                                                                              : Portrait;
+PageOrientation QtPrinters::Orientation() {
+    return LayoutOf(CurrentPrinter()).orientation() == QPageLayout::Landscape
+               ? PageOrientation::Landscape
+               : PageOrientation::Portrait;
 }
 
-void QtPrinters::SetOrientation(int orientation) {
+void QtPrinters::SetOrientation(PageOrientation orientation) {
     LayoutOf(CurrentPrinter())
-        .setOrientation(orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+        .setOrientation(orientation == PageOrientation::Landscape ? QPageLayout::Landscape
+                                                                  : QPageLayout::Portrait);
 }
 
 void QtPrinters::PrintText(std::string_view text) {

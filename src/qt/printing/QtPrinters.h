@@ -20,8 +20,8 @@ public:
     std::string CurrentPrinter() override;
     void SetCurrentPrinter(const std::string& name) override { current_ = name; }
     bool PrintsToFile() override { return CurrentPrinter() == PdfPrinter; }
-    int Orientation() override;
-    void SetOrientation(int orientation) override;
+    PageOrientation Orientation() override;
+    void SetOrientation(PageOrientation orientation) override;
     void SetFont(const TextFont& font) override { font_ = font; }
     void PrintText(std::string_view text) override;
     void EndDocument(const std::string& title, const std::string& file) override;

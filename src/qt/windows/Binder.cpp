@@ -192,7 +192,7 @@ void Binder::BindCommon(Control& control, QWidget& widget) {
     const bool hidden = widget.testAttribute(Qt::WA_WState_ExplicitShowHide) && widget.isHidden();
     if (hidden == control.Visible()) widget.setVisible(control.Visible());
     widget.setToolTip(ToQt(control.ToolTipText()));
-    widget.setProperty("helpTopic", control.HelpContextID());
+    widget.setProperty("helpTopic", static_cast<int>(control.HelpContextID()));
 }
 
 void Binder::Bind(TextBox& box, QLineEdit& edit) {
@@ -372,7 +372,7 @@ void Binder::BindEntries(MenuItem& menu, QMenu& shown) {
     Show(menu, [&menu, widget] {
         widget->setObjectName(ToQt(menu.Name()));
         widget->setTitle(ToQt(menu.Caption()));
-        widget->setProperty("helpTopic", menu.HelpContextID());
+        widget->setProperty("helpTopic", static_cast<int>(menu.HelpContextID()));
         widget->menuAction()->setVisible(menu.Visible());
         widget->setEnabled(menu.Enabled());
     });

@@ -61,7 +61,8 @@ void FormWindow::Release() {
 
 void FormWindow::ShowProperties() {
     setWindowTitle(ToQt(form_->Caption()));
-    setProperty("helpTopic", form_->HelpContextID() != 0 ? form_->HelpContextID() : topic_);
+    const HelpTopic own = form_->HelpContextID();
+    setProperty("helpTopic", static_cast<int>(own != HelpTopic::None ? own : topic_));
     QPalette colors = palette();
     colors.setColor(QPalette::Window, ToQt(form_->BackColor()));
     setPalette(colors);

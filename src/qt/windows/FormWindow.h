@@ -77,7 +77,7 @@ private:
     void PressEnter();
 
     Form* form_;
-    int topic_ = 0;
+    HelpTopic topic_ = HelpTopic::None;
     QPushButton* enterButton_ = nullptr;
     LabelFont labelFont_;
     std::function<void()> onHidden_;

@@ -21,7 +21,7 @@ constexpr QColor Rule{0, 96, 96};
 }  // namespace
 
 InfoWindow::InfoWindow(frmInfoScreen& form) : FormWindow(form) {
-    SetTopic(TopicHelpMenu);
+    SetTopic(HelpTopic::HelpMenu);
     auto* center = new QWidget;
     auto* grid = new QGridLayout(center);
     grid->setContentsMargins(Margin, Margin, Margin, Margin);

@@ -30,7 +30,7 @@ QVBoxLayout* AddColumn(QMainWindow& window) {
 }  // namespace
 
 PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
-    SetTopic(TopicPrinting);
+    SetTopic(HelpTopic::Printing);
     QVBoxLayout* column = AddColumn(*this);
     for (Button* button : {&form.cmdPrint, &form.cmdPrintSetup, &form.cmdOK}) {
         auto* widget = new QPushButton;
@@ -44,7 +44,7 @@ PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
 }
 
 PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(form) {
-    SetTopic(TopicPrinting);
+    SetTopic(HelpTopic::Printing);
     QVBoxLayout* column = AddColumn(*this);
     auto* names = new QComboBox;
     binder.Bind(form.cboPrinterNames, *names);

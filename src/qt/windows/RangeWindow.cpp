@@ -38,7 +38,7 @@ void KeepPlaceWhenHidden(QWidget& widget) {
 
 RangeWindow::RangeWindow(frmLogDistRange& form)
     : FormWindow(form), begin_(MakeButton(form.cmdLogDistRange)), exit_(new FocusedWhenShown) {
-    SetTopic(TopicCalculation);
+    SetTopic(HelpTopic::Calculation);
     auto* center = new QWidget;
     auto* grid = new QGridLayout(center);
     grid->setContentsMargins(Margin, Margin, Margin, Margin);

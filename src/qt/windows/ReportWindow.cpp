@@ -20,7 +20,7 @@ constexpr int LinesShown = 30;
 
 ReportWindow::ReportWindow(FrmReport& form)
     : FormWindow(form), log_(new RichTextEdit(form.rtbLog, binder)) {
-    SetTopic(TopicReportLog);
+    SetTopic(HelpTopic::ReportLog);
     auto* center = new QWidget;
     auto* column = new QVBoxLayout(center);
     column->addWidget(log_);

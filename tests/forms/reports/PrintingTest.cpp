@@ -16,7 +16,7 @@ using testing::IsEmpty;
 struct Printing : testing::Test {
     FrmPrintOut& PrintOut() { return *run.program.FrmPrintOut; }
     GraphForm& Graph() { return *run.program.GraphForm; }
-    int& LaserOrientation() { return run.platform.orientations["Laser"]; }
+    PageOrientation& LaserOrientation() { return run.platform.orientations["Laser"]; }
 
     RunningProgram run;
     FakePlatform& platform = run.platform;
@@ -29,7 +29,7 @@ TEST_F(Printing, EachGraphFormPrintsItsOwnChartAsThePrinterStands) {
     };
     Graph().cmdPrintGraph.Press();
     run.program.FrmOkumFieldStrength->cmdPrintGraph.Press();
-    LaserOrientation() = 2;
+    LaserOrientation() = PageOrientation::Landscape;
     Graph().mnuFilePrint.Pick();
     run.program.FrmOkumFieldStrength->mnuFilePrint.Pick();
     EXPECT_THAT(platform.printed, ElementsAre("Laser 1 : CTWX1\n", "Laser 1 : CTWXfs\n",
@@ -45,20 +45,23 @@ TEST_F(Printing, EachGraphFormPrintsItsOwnChartAsThePrinterStands) {
 TEST_F(Printing, OnlySetupFromTheSmallFormTurnsToLandscapeAndOnlyItsFrameTurnsBack) {
     Graph().mnuFilePrintSetup.Pick();
     run.program.FrmOkumFieldStrength->mnuFilePrinterSetup.Pick();
-    EXPECT_THAT(platform.setupsAt, ElementsAre(1, 1));
+    EXPECT_THAT(platform.setupsAt,
+                ElementsAre(PageOrientation::Portrait, PageOrientation::Portrait));
 
     Graph().cmdPrintGraph.Press();
     PrintOut().cmdPrintSetup.Press();
-    EXPECT_THAT(platform.setupsAt, ElementsAre(1, 1, 2)) << "before the dialog opens";
+    EXPECT_THAT(platform.setupsAt, ElementsAre(PageOrientation::Portrait, PageOrientation::Portrait,
+                                               PageOrientation::Landscape))
+        << "before the dialog opens";
     PrintOut().cmdOK.Press();
     EXPECT_FALSE(PrintOut().Visible());
     EXPECT_TRUE(run.program.FrmPrintOut.Loaded());
-    EXPECT_EQ(LaserOrientation(), 2);
+    EXPECT_EQ(LaserOrientation(), PageOrientation::Landscape);
 
     Graph().cmdPrintGraph.Press();  // does not read the orientation anew
     PrintOut().CloseByFrame();
     EXPECT_FALSE(run.program.FrmPrintOut.Loaded());
-    EXPECT_EQ(LaserOrientation(), 1);
+    EXPECT_EQ(LaserOrientation(), PageOrientation::Portrait);
 }
 
 TEST_F(Printing, ThePrinterFormChoosesByTheExactName) {
@@ -96,7 +99,7 @@ TEST_F(Printing, TheLogGoesOutAsPlainTextInLandscape) {
     run.program.FrmReport->mnuFilePrint.Pick();
     EXPECT_THAT(platform.printed, ElementsAre(document, document));
     EXPECT_EQ(platform.printFont.name, "Courier New");
-    EXPECT_EQ(LaserOrientation(), 2);
+    EXPECT_EQ(LaserOrientation(), PageOrientation::Landscape);
     EXPECT_EQ(run.program.FrmReport->MousePointer(), Form::Pointer::Normal);
 }
 

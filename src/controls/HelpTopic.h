@@ -1,0 +1,22 @@
+#pragma once
+
+namespace vardel {
+
+// The topics of the context help.
+enum class HelpTopic : int {
+    None = 0,
+    Inputs = 10,
+    Area = 30,
+    FileMenu = 210,
+    UnitsMenu = 220,
+    Calculation = 230,
+    HelpMenu = 240,
+    About = 250,
+    FieldStrengthGraphs = 300,
+    PercentTime = 330,
+    PercentLocation = 340,
+    ReportLog = 400,
+    Printing = 410,
+};
+
+}  // namespace vardel
