@@ -1,13 +1,12 @@
-// Each model function beside its floor: the bare log, exp and pow calls that its formula needs,
-// with the same arguments, and nothing else; and each curve beside a loop of single calls. The
-// ratio of a pair in one run is what counts.
+// Each model function beside its floor, see ModelFloors.h; and each curve beside a loop of single
+// calls. The ratio of a pair in one run is what counts.
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
 #include <random>
 #include <vector>
 
+#include "ModelFloors.h"
 #include "models/ModCalculations.h"
 
 namespace vardel {
@@ -28,10 +27,12 @@ std::vector<ModelInputs> PathsAt(double d) {
     return paths;
 }
 
-template <class Function>
-void Run(benchmark::State& state, Function function) {
+// The inputs are those of a model function or of a floor.
+template <class Inputs>
+void Run(benchmark::State& state, double (*function)(const Inputs&) noexcept) {
     PowerWatts = 1000.0;
-    const auto paths = PathsAt(static_cast<double>(state.range(0)));
+    const auto drawn = PathsAt(static_cast<double>(state.range(0)));
+    const std::vector<Inputs> paths(drawn.begin(), drawn.end());
     std::size_t i = 0;
     for (auto _ : state) {
         double result = function(paths[i]);
@@ -40,64 +41,16 @@ void Run(benchmark::State& state, Function function) {
     }
 }
 
-// A call that is made, whatever becomes of its result.
-double Log(double x) {
-    double result = std::log(x);
-    benchmark::DoNotOptimize(result);
-    return result;
-}
-
-double Exp(double x) {
-    double result = std::exp(x);
-    benchmark::DoNotOptimize(result);
-    return result;
-}
-
-double Power(double x, double exponent) {
-    double result = std::pow(x, exponent);
-    benchmark::DoNotOptimize(result);
-    return result;
-}
-
-// Time variability: an exp and a log. Suburban area term: a log.
-double StatisticsAndArea(const ModelInputs& in) {
-    return Exp(-0.01 * in.d) + Log(0.02 * in.pctTime) + Log(in.f / 28.0);
-}
-
-double HataLogs(const ModelInputs& in) { return Log(in.f) + Log(in.hb) + Log(in.d); }
-
-double DavidsonFloor(const ModelInputs& in) noexcept {
-    double sum = HataLogs(in) + StatisticsAndArea(in);
-    if (in.d > 20.0) sum += Log(in.hb / 121.92);
-    if (in.d > 40.238) sum += Log(1500.0 / in.f);
-    return sum;
-}
-
-double P529Floor(const ModelInputs& in) noexcept {
-    double sum = HataLogs(in) + StatisticsAndArea(in);
-    if (in.d > 20.0) sum += Power(Log(in.d / 20.0), 0.8) + Power(std::sqrt(in.hb), 1.3);
-    return sum;
-}
-
-double UsFloor(const ModelInputs& in) noexcept {
-    return Log(in.f) + Log(in.d) + Log(in.hb * in.hm) + StatisticsAndArea(in);
-}
-
-template <double (*floor)(const ModelInputs&) noexcept>
-double WithPower(const ModelInputs& in) noexcept {
-    return floor(in) + Log(PowerWatts);
-}
-
 #define PAIR(name, floor)                                           \
     BENCHMARK_CAPTURE(Run, name, name)->Arg(10)->Arg(30)->Arg(100); \
     BENCHMARK_CAPTURE(Run, name##_floor, floor)->Arg(10)->Arg(30)->Arg(100)
 
 PAIR(DavidsonLoss, DavidsonFloor);
 PAIR(DavidsonFieldStrength, WithPower<DavidsonFloor>);
-PAIR(Itu529Loss, P529Floor);
-PAIR(Itu529FieldStrength, WithPower<P529Floor>);
-PAIR(Cost231Loss, P529Floor);
-PAIR(Cost231FieldStrength, WithPower<P529Floor>);
+PAIR(Itu529Loss, Itu529Floor);
+PAIR(Itu529FieldStrength, WithPower<Itu529Floor>);
+PAIR(Cost231Loss, Cost231Floor);
+PAIR(Cost231FieldStrength, WithPower<Cost231Floor>);
 PAIR(UsLoss, UsFloor);
 PAIR(UsFieldStrength, WithPower<UsFloor>);
 

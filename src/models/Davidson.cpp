@@ -109,7 +109,17 @@ struct Path {
     double areaTerm = 0.0;  // dB
 };
 
-void KeepTerms(const Path& path, const SingleDistance& at, ModelTermsRecord& terms) noexcept {
+// The distance of a call, which needs the logarithm for the term that it keeps and for its sum.
+struct CallDistance : SingleDistance {
+    explicit CallDistance(const ModelInputs& in) noexcept
+        : SingleDistance{in.d}, logOfInverse(in.hb <= 300.0 ? 0.0 : Log10(9.98 / in.d)) {}
+
+    double LogOfInverse() const noexcept { return logOfInverse; }
+
+    double logOfInverse;  // 0 where no height correction is
+};
+
+void KeepTerms(const Path& path, const CallDistance& at, ModelTermsRecord& terms) noexcept {
     terms.DavAreaTerm = path.areaTerm;
     terms.DavDistanceTerm = path.DistanceCorrection(at.Km());
     terms.DavHeightTerm = path.HeightCorrection(at);
@@ -126,7 +136,7 @@ Path CurvePath(const ModelInputs& in) noexcept {
 }  // namespace
 
 double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
-    const SingleDistance at{in.d};
+    const CallDistance at(in);
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
     return LossFrom(path.head, path, at);
@@ -134,7 +144,7 @@ double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept
 
 double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
                                  ModelTermsRecord& terms) noexcept {
-    const SingleDistance at{in.d};
+    const CallDistance at(in);
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
     return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
