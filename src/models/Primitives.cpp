@@ -1,5 +1,9 @@
 #include "models/Primitives.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
 namespace vardel {
 
 namespace {
@@ -10,19 +14,25 @@ std::string_view WithoutBlanks(std::string_view text) noexcept {
     return text;
 }
 
-// Whether text, upper-cased, is the word, which is made of upper case letters. Without its bit for
-// lower case a character equals a letter only if it is that letter in either case. All characters
-// are looked at together: a model asks for this at every call.
+std::uint32_t FourBytes(const char* text) noexcept {
+    std::uint32_t bytes = 0;
+    std::memcpy(&bytes, text, sizeof bytes);
+    return bytes;
+}
+
+// Whether text, upper-cased, is the word, which is made of 4 to 8 upper case letters. Without its
+// bit for lower case a character equals a letter only if it is that letter in either case. The
+// first and the last four characters are looked at together: a model asks for this at every call.
 template <std::size_t N>
 bool IsWord(std::string_view text, const char (&word)[N]) noexcept {
-    constexpr unsigned LowerCaseBit = 0x20;
-    constexpr std::size_t Length = N - 1;
+    constexpr std::uint32_t LowerCaseBits = 0x20202020;
+    constexpr std::size_t Length = N - 1, Last = Length - 4;
+    static_assert(4 <= Length && Length <= 8);
     if (text.size() != Length) return false;
-    unsigned different = 0;
-    for (std::size_t i = 0; i < Length; ++i)
-        different |= (static_cast<unsigned char>(text[i]) & ~LowerCaseBit) ^
-                     static_cast<unsigned char>(word[i]);
-    return different == 0;
+    const std::uint32_t first = (FourBytes(text.data()) & ~LowerCaseBits) ^ FourBytes(word);
+    const std::uint32_t last =
+        (FourBytes(text.data() + Last) & ~LowerCaseBits) ^ FourBytes(word + Last);
+    return (first | last) == 0;
 }
 
 }  // namespace

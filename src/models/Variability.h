@@ -34,6 +34,14 @@ inline constexpr std::array<double, 50> QuantileTable = {
     0.228, 0.202, 0.177, 0.151, 0.126, 0.101, 0.076, 0.05,  0.025, 0.0,    // 41 % to 50 %
 };
 
+// Those of 1 % to 99 %.
+inline constexpr std::array<double, 99> AllQuantiles = [] {
+    std::array<double, 99> quantiles{};
+    for (std::size_t i = 0; i < 50; ++i) quantiles[98 - i] = -QuantileTable[i];
+    for (std::size_t i = 0; i < 50; ++i) quantiles[i] = QuantileTable[i];
+    return quantiles;
+}();
+
 inline constexpr SigmaTable SigmaTableUrban = {{
     {100, 5.3},
     {200, 5.4},
@@ -112,8 +120,7 @@ inline double DeviationSigma(const SigmaTable& table, double f) noexcept {
 inline double LocationDeviate(double pct) noexcept {
     // lrint rounds halves to the even neighbour in the rounding mode that all code runs in.
     const auto i = static_cast<std::size_t>(std::lrint(Clamped(pct - 1.0, 0.0, 98.0)));
-    const double sign = i <= 49 ? 1.0 : -1.0;
-    return sign * QuantileTable[i <= 49 ? i : 98 - i];
+    return AllQuantiles[i];
 }
 
 inline const SigmaTable& SigmaTableOf(Area area) noexcept {
