@@ -58,7 +58,7 @@ private:
 // Programs of the time of DOS end a text with a Ctrl-Z, or fill it up with them.
 void FieldReader::CutEndMark() {
     constexpr char CtrlZ = '\x1A';
-    std::size_t end;
+    std::size_t end = 0;
     while ((end = rest_.find_last_not_of(" \t\r\n")) != rest_.npos && rest_[end] == CtrlZ)
         rest_ = rest_.substr(0, end);
 }

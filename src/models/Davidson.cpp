@@ -111,13 +111,14 @@ struct Path {
 
 // The distance of a call, which needs the logarithm for the term that it keeps and for its sum.
 struct CallDistance : SingleDistance {
-    explicit CallDistance(const ModelInputs& in) noexcept
-        : SingleDistance{in.d}, logOfInverse(in.hb <= 300.0 ? 0.0 : Log10(9.98 / in.d)) {}
+    double logOfInverse;  // 0 where no height correction is
 
     double LogOfInverse() const noexcept { return logOfInverse; }
-
-    double logOfInverse;  // 0 where no height correction is
 };
+
+CallDistance DistanceOf(const ModelInputs& in) noexcept {
+    return {{in.d}, in.hb <= 300.0 ? 0.0 : Log10(9.98 / in.d)};
+}
 
 void KeepTerms(const Path& path, const CallDistance& at, ModelTermsRecord& terms) noexcept {
     terms.DavAreaTerm = path.areaTerm;
@@ -136,7 +137,7 @@ Path CurvePath(const ModelInputs& in) noexcept {
 }  // namespace
 
 double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
-    const CallDistance at(in);
+    const CallDistance at = DistanceOf(in);
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
     return LossFrom(path.head, path, at);
@@ -144,7 +145,7 @@ double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept
 
 double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
                                  ModelTermsRecord& terms) noexcept {
-    const CallDistance at(in);
+    const CallDistance at = DistanceOf(in);
     const Path path(in, terms.DavAntennaTerm, in.d);
     KeepTerms(path, at, terms);
     return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);

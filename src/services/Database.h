@@ -82,7 +82,7 @@ public:
     // is opened for reading.
     static Database OpenDatabase(const std::string& path);
 
-    Recordset OpenRecordset(const std::string& table) const;
+    Recordset OpenRecordset(const std::string& name) const;
 
 private:
     explicit Database(std::shared_ptr<SQLite::Database> file) : file_(std::move(file)) {}

@@ -12,7 +12,7 @@ std::string Output(const std::string& command) {
     if (pipe == nullptr) return {};
     std::string output;
     std::array<char, 4096> buffer;
-    for (std::size_t got; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
         output.append(buffer.data(), got);
     EXPECT_EQ(::pclose(pipe), 0) << command;
     return output;

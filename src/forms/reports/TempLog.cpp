@@ -24,6 +24,7 @@ std::vector<fs::path> LogsIn(const std::string& folder) {
     }
     std::sort(logs.rbegin(), logs.rend());
     std::vector<fs::path> paths;
+    paths.reserve(logs.size());
     for (auto& [time, path] : logs) paths.push_back(std::move(path));
     return paths;
 }

@@ -18,7 +18,7 @@ public:
 
     bool begin(QPaintDevice* device) override;
     bool end() override;
-    void updateState(const QPaintEngineState& state) override;
+    void updateState(const QPaintEngineState& changed) override;
     using QPaintEngine::drawPoints;
     using QPaintEngine::drawPolygon;
     void drawPath(const QPainterPath& path) override;

@@ -29,8 +29,8 @@ public:
     void ShowModal(Form& form, Form* owner) override;
     void Forget(Form& form) override;
     Answer ShowMessage(const Message& message) override;
-    std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
-    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+    std::optional<SaveChoice> AskSaveFile(const FileDialog& request) override;
+    std::optional<std::string> AskOpenFile(const FileDialog& request) override;
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void EndProgram() override;

@@ -148,7 +148,8 @@ void FormWindow::FocusFirst(const TextBox& box) {
     edit->selectAll();
 }
 
-void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action) {
+void FormWindow::OnKeys(std::initializer_list<QKeySequence> keys,
+                        const std::function<void()>& action) {
     for (const QKeySequence& key : keys) {
         auto* shortcut = new QShortcut(key, this);
         shortcut->setAutoRepeat(false);

@@ -61,7 +61,7 @@ protected:
     void FocusFirst(const TextBox& box);
 
     // Anywhere in the window. A key that is held counts once.
-    void OnKeys(std::initializer_list<QKeySequence> keys, std::function<void()> action);
+    void OnKeys(std::initializer_list<QKeySequence> keys, const std::function<void()>& action);
     // Enter, where no button has the focus: the control that has it is left, which has it checked,
     // and comes back to it, and this button is pressed.
     void PressByEnter(QPushButton& button) { enterButton_ = &button; }

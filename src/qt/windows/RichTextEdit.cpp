@@ -149,7 +149,7 @@ void RichTextEdit::ShowStyles(QTextDocument& document, int start, const RichText
 
 // In the place of the picture's mark, which is one unit long as the picture is.
 void RichTextEdit::ShowPicture(QTextDocument& document, int position,
-                               std::shared_ptr<const Picture> picture) {
+                               const std::shared_ptr<const Picture>& picture) {
     QTextCursor cursor(&document);
     cursor.setPosition(position);
     cursor.setPosition(position + 1, QTextCursor::KeepAnchor);

@@ -32,7 +32,8 @@ private:
     // In place of what the cursor has selected; undone as one.
     void InsertAt(QTextCursor cursor, const RichText& content);
     void ShowStyles(QTextDocument& document, int start, const RichText& content);
-    void ShowPicture(QTextDocument& document, int position, std::shared_ptr<const Picture> picture);
+    void ShowPicture(QTextDocument& document, int position,
+                     const std::shared_ptr<const Picture>& picture);
     RichTextBox::Edit UsersEdit();
     RichText ContentOf(const QTextDocument& document) const;
 
