@@ -18,7 +18,7 @@ for purpose in "$@"; do
     test) packages+=(
       libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
       libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox
-      clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream man-db) ;;
+      clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream man-db dpkg-dev file) ;;
     package) packages+=(dpkg-dev file) ;;
     *) echo "usage: $0 [test] [package]" >&2; exit 2 ;;
   esac

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Makes the Debian packages of a build folder and looks at what they hold: check-packages.sh BUILD TYPE
+set -euo pipefail
+export LC_ALL=C
+
+build=$1 type=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cpack --config "$build/CPackConfig.cmake" -B "$work" > "$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
+
+# What is installed by a pattern counts as one file.
+check() {
+  local package=$1 expected
+  shift
+  expected=$(printf '%s\n' "$@" | sort)
+  dpkg-deb --extract "$work/${package}"_*.deb "$work/$package"
+  diff <(echo "$expected") <(cd "$work/$package/usr" && find . ! -type d -printf '%P\n' |
+    sed -E 's|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|' | sort --unique) ||
+    { echo "$package holds (>) other files than it should (<)." >&2; exit 1; }
+}
+
+check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc 'include/vardel/models/*.h' \
+  lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
+  share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,examples/{CMakeLists.txt,path_loss.cpp}}
+check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
+  lib/vardel/{vardel,vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
+  share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,user-guide.md,'pictures/*.png'} \
+  share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
+  share/man/man1/vardel.1.gz
+
+[[ $(readlink -f "$work/vardel/usr/bin/vardel") == "$work/vardel/usr/lib/vardel/vardel" ]] ||
+  { echo "usr/bin/vardel leads elsewhere." >&2; exit 1; }
+depends=$(dpkg-deb --field "$work"/vardel_*.deb Depends)
+for package in fonts-liberation libqt6widgets6 libqcustomplot; do
+  [[ $depends == *$package* ]] || { echo "vardel does not depend on $package: $depends" >&2; exit 1; }
+done
