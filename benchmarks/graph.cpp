@@ -55,7 +55,7 @@ void ComputeFamily_loop(benchmark::State& state) {
         for (const double height : Heights) {
             ModelInputs in = Inputs;
             in.hb = height;
-            CallForEachPoint(ModelNumber::Itu529, Itu529FieldStrength, in, 0.1);
+            CallForEachPoint(static_cast<int>(ModelNumber::Itu529), Itu529FieldStrength, in, 0.1);
         }
 }
 BENCHMARK(ComputeFamily_loop)->Unit(benchmark::kMicrosecond);

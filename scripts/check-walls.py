@@ -13,14 +13,16 @@ ROOMS = {
     "controls": ["services", "text"],
     "richtext": ["controls", "services", "text"],
     "engine": ["models", "services", "text"],
+    "map": ["models", "services", "text", "engine"],
     "archive": ["engine", "models", "services", "text"],
-    "forms": ["models", "text", "services", "controls", "richtext", "engine", "archive"],
-    "qt": ["models", "text", "services", "controls", "richtext", "engine", "archive", "forms"],
+    "forms": ["models", "text", "services", "controls", "richtext", "engine", "map", "archive"],
+    "qt": ["models", "text", "services", "controls", "richtext", "engine", "map", "archive", "forms"],
 }
 # Where headers of libraries and of the system may stand; elsewhere only the standard library's.
 OUTSIDE = [
     (r"Q\w+|qcustomplot\.h|private/.*|cups/.*", r"qt/.*|main\.cpp"),
     (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database\.(h|cpp)"),
+    (r"GeographicLib/.*", r"map/.*\.cpp"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*"),
 ]
 STANDARD = re.compile(r"c?[a-z_0-9]+$")  # no ending, no folder

@@ -19,13 +19,13 @@ DistanceGrid GridFrom(double from) {
 }
 
 // The points of all curves are the same, so what the formulas need of them is computed once.
-Points PointsOf(const Reach& reach) {
+Points PointsOf(const CurveSpan& span) {
     static const DistanceGrid FromTenth = GridFrom(CurveStep);
     static const DistanceGrid FromOne = GridFrom(1.0);
-    assert(reach.from == CurveStep || reach.from == 1.0);
-    const DistanceGrid& grid = reach.from == 1.0 ? FromOne : FromTenth;
+    assert(span.from == CurveStep || span.from == 1.0);
+    const DistanceGrid& grid = span.from == 1.0 ? FromOne : FromTenth;
     const auto* end =
-        std::upper_bound(grid.begin(), grid.end(), reach.to,
+        std::upper_bound(grid.begin(), grid.end(), span.to,
                          [](double to, const DistanceGrid::Point& at) { return to < at.Km(); });
     return {grid.begin(), end};
 }
@@ -41,8 +41,8 @@ CurveData CurveAt(Points points) {
 }
 
 template <class Value>
-CurveData FreeCurve(const Reach& reach, Value value) {
-    const Points points = PointsOf(reach);
+CurveData FreeCurve(const CurveSpan& span, Value value) {
+    const Points points = PointsOf(span);
     CurveData curve = CurveAt(points);
     std::transform(points.begin(), points.end(), curve.Values.begin(), value);
     return curve;
@@ -66,8 +66,8 @@ void FindBreaks(CurveData& curve, const Model& model, ModelInputs in) {
 }  // namespace
 
 CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& in,
-                     double powerWatts, const Reach& reach) {
-    const Points points = PointsOf(reach);
+                     double powerWatts, const CurveSpan& span) {
+    const Points points = PointsOf(span);
     CurveData curve = CurveAt(points);
     if (quantity == Quantity::Loss)
         model.lossCurve(in, points.data(), points.size(), curve.Values.data());
@@ -77,14 +77,14 @@ CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& i
     return curve;
 }
 
-CurveData FreeSpaceLossCurve(double f, const Reach& reach) {
-    return FreeCurve(reach, [head = 32.5 + 20.0 * Log10(f)](const DistanceGrid::Point& at) {
+CurveData FreeSpaceLossCurve(double f, const CurveSpan& span) {
+    return FreeCurve(span, [head = 32.5 + 20.0 * Log10(f)](const DistanceGrid::Point& at) {
         return head + 20.0 * at.Log();
     });
 }
 
-CurveData FreeSpaceFieldCurve(const Reach& reach) {
-    return FreeCurve(reach, [](const DistanceGrid::Point& at) { return 107.0 - 20.0 * at.Log(); });
+CurveData FreeSpaceFieldCurve(const CurveSpan& span) {
+    return FreeCurve(span, [](const DistanceGrid::Point& at) { return 107.0 - 20.0 * at.Log(); });
 }
 
 }  // namespace vardel

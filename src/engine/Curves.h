@@ -16,7 +16,7 @@ constexpr double FarthestPoint = 300.0;  // km
 enum class Quantity { Loss, FieldStrength };
 
 // From where to where a curve goes, in km: from 0.1 or from 1, to 300 at the most.
-struct Reach {
+struct CurveSpan {
     double from;
     double to;
 };
@@ -33,11 +33,11 @@ struct CurveData {
 
 // A model's curve, in place of in.d. The power in watts e.r.p. is for field strengths.
 CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& in,
-                     double powerWatts, const Reach& reach);
+                     double powerWatts, const CurveSpan& span);
 
 // Free space, which knows no range: the loss in dB at f in MHz.
-CurveData FreeSpaceLossCurve(double f, const Reach& reach);
+CurveData FreeSpaceLossCurve(double f, const CurveSpan& span);
 // The field strength in dB(µV/m) of 1 kW e.r.p., whatever the power.
-CurveData FreeSpaceFieldCurve(const Reach& reach);
+CurveData FreeSpaceFieldCurve(const CurveSpan& span);
 
 }  // namespace vardel
