@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/Curves.h"
+#include "engine/Stretches.h"
 #include "models/Model.h"
 
 // The questions that a planner asks of a model backwards: how far does a station reach, how high
@@ -21,12 +22,6 @@ struct Goal {
     static Goal FieldStrength(double dBuVm, double powerWatts) {
         return {Quantity::FieldStrength, dBuVm, powerWatts};
     }
-};
-
-// Between which distances in km, or heights in m, a goal is met. Its ends meet it, too.
-struct Stretch {
-    double from;
-    double to;
 };
 
 // Distances are looked at from the first of the field strength graphs to the last of all graphs.

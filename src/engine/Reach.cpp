@@ -1,0 +1,133 @@
+#include "engine/Reach.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vardel {
+
+namespace {
+
+constexpr double DistancePrecision = 1e-6;  // km
+constexpr double HeightPrecision = 1e-3;    // m
+
+bool IsPositive(double x) { return std::isfinite(x) && x > 0.0; }
+
+// Apart from the distance and the base height, of which one is asked for.
+bool AreValid(const ModelInputs& in, const Goal& goal) {
+    return IsPositive(in.f) && IsPositive(in.hm) && std::isfinite(in.pctTime) &&
+           std::isfinite(in.pctLoc) && std::isfinite(goal.value) &&
+           (goal.quantity == Quantity::Loss || IsPositive(goal.powerWatts));
+}
+
+double MarginOf(const Goal& goal, double value) {
+    return goal.quantity == Quantity::Loss ? goal.value - value : value - goal.value;
+}
+
+double MarginAt(const Model& model, const ModelInputs& in, const Goal& goal) {
+    ModelTermsRecord terms;
+    return MarginOf(goal, goal.quantity == Quantity::Loss
+                              ? model.loss(in, terms)
+                              : model.fieldStrength(in, goal.powerWatts, terms));
+}
+
+bool AreFinite(const std::vector<MarginSample>& samples) {
+    return std::all_of(samples.begin(), samples.end(),
+                       [](const MarginSample& sample) { return std::isfinite(sample.margin); });
+}
+
+// The curves bend where terms of the formulas begin, and at 9.98 km, where the sign of Davidson's
+// height correction turns.
+const DistanceGrid& ReachGrid() {
+    static const DistanceGrid Grid = [] {
+        const std::vector<double> km =
+            PointsAround(ShortestReach, FarthestReach, {9.98, 20.0, 40.238, 64.38}, 0.001,
+                         [](double d) { return d + CurveStep; });
+        return DistanceGrid(km.data(), km.size());
+    }();
+    return Grid;
+}
+
+std::vector<MarginSample> DistanceSamples(const Model& model, const ModelInputs& in,
+                                          const Goal& goal) {
+    const DistanceGrid& grid = ReachGrid();
+    std::vector<double> values(grid.Size());
+    if (goal.quantity == Quantity::Loss)
+        model.lossCurve(in, grid.begin(), grid.Size(), values.data());
+    else
+        model.fieldStrengthCurve(in, goal.powerWatts, grid.begin(), grid.Size(), values.data());
+    std::vector<MarginSample> samples(grid.Size());
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = {grid.Km(i), MarginOf(goal, values[i])};
+    return samples;
+}
+
+// Davidson's height correction begins at 300 m.
+const std::vector<double>& MastHeights() {
+    static const std::vector<double> Heights =
+        PointsAround(LowestMast, HighestMast, {300.0}, 0.01, [](double hb) { return 1.01 * hb; });
+    return Heights;
+}
+
+Reach ReachOfServed(std::vector<Stretch> served) {
+    Reach reach{.outcome = Reach::Outcome::Never, .served = std::move(served)};
+    if (reach.served.empty()) return reach;
+    const Stretch& first = reach.served.front();
+    reach.km = first.to;
+    if (first.from > ShortestReach)
+        reach.outcome = Reach::Outcome::Late;
+    else
+        reach.outcome =
+            first.to < FarthestReach ? Reach::Outcome::Ends : Reach::Outcome::Everywhere;
+    return reach;
+}
+
+}  // namespace
+
+Reach ReachOf(const Model& model, const ModelInputs& in, const Goal& goal) {
+    if (!AreValid(in, goal) || !IsPositive(in.hb)) return {};
+    const std::vector<MarginSample> samples = DistanceSamples(model, in, goal);
+    if (!AreFinite(samples)) return {};
+    ModelInputs at = in;
+    const auto margin = [&](double km) {
+        at.d = km;
+        return MarginAt(model, at, goal);
+    };
+    Reach reach = ReachOfServed(MetStretches(samples, margin, DistancePrecision));
+    at.d = std::max(reach.km, ShortestReach);
+    reach.inRange = InRange(model, at);
+    return reach;
+}
+
+NeededHeight BaseHeightFor(const Model& model, const ModelInputs& in, const Goal& goal) {
+    if (!AreValid(in, goal) || !IsPositive(in.d)) return {};
+    ModelInputs at = in;
+    const auto margin = [&](double hb) {
+        at.hb = hb;
+        return MarginAt(model, at, goal);
+    };
+    std::vector<MarginSample> samples;
+    for (const double hb : MastHeights()) samples.push_back({hb, margin(hb)});
+    if (!AreFinite(samples)) return {};
+
+    using Outcome = NeededHeight::Outcome;
+    NeededHeight needed{.outcome = Outcome::Never,
+                        .served = MetStretches(samples, margin, HeightPrecision)};
+    at.hb = HighestMast;
+    if (!needed.served.empty()) {
+        at.hb = needed.metres = needed.served.front().from;
+        needed.outcome = needed.metres > LowestMast ? Outcome::Found : Outcome::Lowest;
+    }
+    needed.inRange = InRange(model, at);
+    return needed;
+}
+
+std::optional<NeededPower> PowerForFieldStrength(const Model& model, const ModelInputs& in,
+                                                 double dBuVm) {
+    const Goal goal = Goal::FieldStrength(dBuVm, 1.0);
+    if (!AreValid(in, goal) || !IsPositive(in.hb) || !IsPositive(in.d)) return std::nullopt;
+    const double watts = std::pow(10.0, -MarginAt(model, in, goal) / 10.0);
+    if (!IsPositive(watts)) return std::nullopt;
+    return NeededPower{watts, InRange(model, in)};
+}
+
+}  // namespace vardel
