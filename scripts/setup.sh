@@ -9,7 +9,7 @@ packages=(
   g++ cmake ninja-build git pkg-config python3 librsvg2-bin
   # the program
   qt6-base-dev qt6-svg-dev libcups2-dev qt6-qpa-plugins qt6-wayland libqcustomplot-dev fonts-liberation
-  libsqlitecpp-dev libsqlite3-dev sqlite3
+  libsqlitecpp-dev libsqlite3-dev sqlite3 libgeographiclib-dev
   # the compiled manual
   cmark-gfm fp-utils
 )
@@ -17,7 +17,7 @@ for purpose in "$@"; do
   case $purpose in
     test) packages+=(
       libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
-      libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox
+      libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox gdal-bin
       clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream man-db dpkg-dev file) ;;
     package) packages+=(dpkg-dev file) ;;
     *) echo "usage: $0 [test] [package]" >&2; exit 2 ;;

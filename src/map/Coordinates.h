@@ -14,9 +14,9 @@ struct Place {
 bool IsValid(const Place& place) noexcept;
 
 // A coordinate as people type it, in degrees: decimal (52.5, -0.12, 52.5 N, W0.12), or degrees and
-// minutes, and seconds, with or without their marks (52 30 12 N, 52°30'12", 52d30m12s, 52:30:12).
-// The sign or the letter comes first, or the letter last. The decimal point is a point. Nothing for
-// any other text and for a value beyond the limits.
+// minutes, and seconds, with their marks or without (52 30 12 N, 52°30'12", 52d30'12", 52:30:12).
+// The sign comes first, the letter instead of it first or last, in either case. The decimal point
+// is a point. Nothing for any other text, in UTF-8, and for a value beyond the limits.
 std::optional<double> ParseLatitude(std::string_view text);
 std::optional<double> ParseLongitude(std::string_view text);
 

@@ -32,7 +32,8 @@ struct Coverage {
 // lie on geodesics of the WGS 84 ellipsoid; where it crosses the antimeridian it is cut there into
 // two polygons, and round a pole it goes along it to the pole.
 //
-// Nothing when the station's place is not valid, or a radius not above zero or above LargestRing.
+// Nothing when the station's place is not valid, another number not finite, or a radius not above
+// zero or above LargestRing.
 std::optional<std::string> CoverageGeoJson(const Coverage& coverage);
 std::optional<std::string> CoverageKml(const Coverage& coverage);
 
