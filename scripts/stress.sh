@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The long form of the stress tests, under AddressSanitizer and UndefinedBehaviorSanitizer: 10,000
 # random user actions, 1,000 starts with random settings, a log of 100,000 lines, 200 rounds of killing
-# a program that saves. Another seed than 1 can be given.
+# a program that saves, 3,000 reaches beside a sample every metre. Another seed than 1 can be given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,3 +13,4 @@ seed=${1:-1}
 "$stress" starts 1000 "$seed"
 "$stress" log 100000
 python3 -B tests/stress/kill_rounds.py "$stress" 200
+VARDEL_REACH_PATHS=3000 build/sanitize/tests/vardel_core_tests --gtest_filter='Reach.TellsEachMetre*'
