@@ -169,7 +169,8 @@ template <class Path>
 ListedSum Quantities(const Path& path, const ModelInputs& in) {
     ListedSum sum;
     path.Note(sum, in.d);
-    if (const Area area = AreaOfUntrimmed(in.area); area != Area::Unknown) {
+    const Area area = AreaOfUntrimmed(in.area);
+    if (area != Area::Unknown && !std::isnan(in.pctLoc)) {
         sum.Note({"Standard deviation of locations σ", "by frequency and area", source::Okumura},
                  DeviationSigma(SigmaTableOf(area), in.f), "dB");
         sum.Note({"Normal deviate z", "of pl", source::Okumura}, LocationDeviate(in.pctLoc), "");
