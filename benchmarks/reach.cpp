@@ -37,7 +37,7 @@ BENCHMARK(BaseHeightForAll)->Unit(benchmark::kMicrosecond);
 
 void GeoJsonOfAll(benchmark::State& state) {
     Coverage coverage{{52.5, 13.4}, Inputs, FieldStrength, {}};
-    for (const ModelNumber model : ComparedModels) coverage.rings.push_back({model, 5.15});
+    for (const ModelNumber model : ComparedModels) coverage.rings.push_back({model, 95, 5.15});
     for (auto _ : state) benchmark::DoNotOptimize(CoverageGeoJson(coverage));
 }
 BENCHMARK(GeoJsonOfAll)->Unit(benchmark::kMicrosecond);

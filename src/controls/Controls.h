@@ -230,6 +230,9 @@ public:
     // Whether a user reads the entry as one that is switched on or off.
     bool Checkable() const { return checkable_; }
     void SetCheckable(bool checkable) { Assign(checkable_, checkable); }
+    // A key that picks the entry anywhere in the window, such as "Ctrl+R"; empty: none.
+    const std::string& Shortcut() const { return shortcut_; }
+    void SetShortcut(std::string keys) { Assign(shortcut_, std::move(keys)); }
     bool IsSeparator() const { return caption_ == "-"; }
     const std::vector<MenuItem*>& Entries() const { return entries_; }
     // What a user's pick does: nothing on an entry that is disabled or hidden.
@@ -239,6 +242,7 @@ public:
 
 private:
     std::string caption_;
+    std::string shortcut_;
     bool checked_ = false;
     bool checkable_ = false;
     std::vector<MenuItem*> entries_;

@@ -15,6 +15,8 @@ enum class HelpTopic : int {
     FieldStrengthGraphs = 300,
     PercentTime = 330,
     PercentLocation = 340,
+    Reach = 350,
+    Explanation = 360,
     ReportLog = 400,
     Printing = 410,
 };

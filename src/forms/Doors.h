@@ -9,12 +9,14 @@
 namespace vardel {
 
 class AboutForm;
+class ExplainForm;
 class FrmOkumFieldStrength;
 class FrmPrintOut;
 class FrmReport;
 class GraphForm;
 class MainForm;
 class RLogClass;
+class ReachForm;
 class frmInfoScreen;
 class frmLogDistRange;
 class frmPrinterSelect;
@@ -31,6 +33,8 @@ struct Doors {
     FormSlot<vardel::AboutForm> AboutForm;
     FormSlot<vardel::FrmPrintOut> FrmPrintOut;
     FormSlot<vardel::frmPrinterSelect> frmPrinterSelect;
+    FormSlot<vardel::ReachForm> ReachForm;
+    FormSlot<vardel::ExplainForm> ExplainForm;
     std::function<RLogClass&()> ReportLog;
 };
 

@@ -10,6 +10,8 @@
 #include "forms/reports/RLogClass.h"
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
 
 namespace vardel {
 
@@ -38,6 +40,8 @@ Program::Program(Platform services)
           .AboutForm{[this] { return Make<vardel::AboutForm>(platform); }},
           .FrmPrintOut{[this] { return Make<vardel::FrmPrintOut>(platform, *this); }},
           .frmPrinterSelect{[this] { return Make<vardel::frmPrinterSelect>(platform); }},
+          .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this); }},
+          .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
       } {}
 

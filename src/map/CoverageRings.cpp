@@ -21,12 +21,11 @@ struct Property {
 bool IsWritable(const Coverage& coverage) {
     const ModelInputs& path = coverage.path;
     const Goal& goal = coverage.goal;
-    const auto numbers = {path.f,      path.hb,    path.hm,        path.pctTime,
-                          path.pctLoc, goal.value, goal.powerWatts};
+    const auto numbers = {path.f, path.hb, path.hm, path.pctTime, goal.value, goal.powerWatts};
     return IsValid(coverage.station) &&
            std::all_of(numbers.begin(), numbers.end(), [](double x) { return std::isfinite(x); }) &&
            std::all_of(coverage.rings.begin(), coverage.rings.end(), [](const CoverageRing& ring) {
-               return ring.km > 0.0 && ring.km <= LargestRing;
+               return std::isfinite(ring.pctLoc) && ring.km > 0.0 && ring.km <= LargestRing;
            });
 }
 
@@ -41,7 +40,7 @@ std::vector<Property> PropertiesOf(const Coverage& coverage, const CoverageRing&
         {"goal", isLoss ? "path loss" : "field strength", true},
         {"goal_value", ShortestText(goal.value)},
         {"goal_unit", isLoss ? "dB" : "dB(µV/m)", true},
-        {"percent_locations", ShortestText(path.pctLoc)},
+        {"percent_locations", ShortestText(ring.pctLoc)},
         {"percent_time", ShortestText(path.pctTime)},
         {"frequency_mhz", ShortestText(path.f)},
         {"base_height_m", ShortestText(path.hb)},
@@ -153,7 +152,8 @@ std::string KmlGeometry(const std::vector<PolygonRing>& polygons) {
 
 std::string KmlPlacemark(const Coverage& coverage, const CoverageRing& ring) {
     const Model& model = ModelOf(ring.model);
-    std::string text = "<Placemark>\n<name>" + XmlText(model.name) + "</name>\n<Style><LineStyle>" +
+    std::string text = "<Placemark>\n<name>" + XmlText(model.name) + ", " +
+                       ShortestText(ring.pctLoc) + " % of locations</name>\n<Style><LineStyle>" +
                        KmlColor(model, 0xFF) + "<width>2</width></LineStyle><PolyStyle>" +
                        KmlColor(model, 0x33) + "</PolyStyle></Style>\n<ExtendedData>\n";
     for (const Property& property : PropertiesOf(coverage, ring))
@@ -164,6 +164,16 @@ std::string KmlPlacemark(const Coverage& coverage, const CoverageRing& ring) {
 }
 
 }  // namespace
+
+Coverage CoverageOf(const ReachTable& table, const Place& station) {
+    Coverage coverage{station, MetricInputs(table.path), table.goal, {}};
+    for (const ReachTable::Row& row : table.rows)
+        for (std::size_t i = 0; i < row.reaches.size(); ++i)
+            if (const Reach& reach = row.reaches.at(i); reach.km > 0.0)
+                coverage.rings.push_back(
+                    {row.model, table.percentages.at(i), reach.km, reach.inRange});
+    return coverage;
+}
 
 std::optional<std::string> CoverageGeoJson(const Coverage& coverage) {
     if (!IsWritable(coverage)) return std::nullopt;

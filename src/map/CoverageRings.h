@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/Reach.h"
+#include "engine/ReachTable.h"
 #include "map/Coordinates.h"
 
 // How far a station reaches, as circles that maps and geographic information systems read.
@@ -14,6 +14,7 @@ namespace vardel {
 // One model's circle.
 struct CoverageRing {
     ModelNumber model;
+    double pctLoc;         // percent of locations
     double km;             // the radius
     bool inRange = false;  // the model covers that distance
 };
@@ -22,10 +23,13 @@ constexpr double LargestRing = 1000.0;  // km
 
 struct Coverage {
     Place station;
-    ModelInputs path;  // d does not count; texts in UTF-8
+    ModelInputs path;  // d and pctLoc do not count; texts in UTF-8
     Goal goal;
     std::vector<CoverageRing> rings;
 };
+
+// The rings of all reaches of the table; none for what is met nowhere.
+Coverage CoverageOf(const ReachTable& table, const Place& station);
 
 // A polygon for each ring, in the rings' order, with the model and the inputs as properties: a
 // GeoJSON FeatureCollection (RFC 7946) and a KML 2.2 document, in UTF-8. The points of a circle

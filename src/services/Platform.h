@@ -81,6 +81,8 @@ public:
     virtual std::optional<Picture> GetPicture() = 0;
     virtual std::string GetText() = 0;
     virtual void SetPicture(const Picture& picture) = 0;
+    // With the same as CSV beside it for spreadsheets, unless that is empty.
+    virtual void SetText(const std::string& text, const std::string& csv) = 0;
     virtual void Clear() = 0;
 };
 

@@ -44,7 +44,7 @@ TEST(CoverageRings, AreReadByGdal) {
         const Coverage coverage{place,
                                 {390, 0, 45, 1.5, "\x01<&\\/\"'>", "Small/Medium", 50, 95},
                                 Goal::FieldStrength(32, 25),
-                                {{ModelNumber::Itu529, km, true}}};
+                                {{ModelNumber::Itu529, 95, km, true}}};
         for (const bool isKml : {false, true}) {
             const auto text = isKml ? CoverageKml(coverage) : CoverageGeoJson(coverage);
             const std::string read = ReadByGdal(text.value(), isKml ? "kml" : "geojson");
@@ -60,7 +60,7 @@ TEST(CoverageRings, AreReadByGdal) {
 }
 
 TEST(CoverageRings, HaveTheirModelsColoursAndNoImpossibleRadius) {
-    Coverage coverage{{50, 8}, {}, Goal::AllowedLoss(130), {{ModelNumber::Davidson, 100}}};
+    Coverage coverage{{50, 8}, {}, Goal::AllowedLoss(130), {{ModelNumber::Davidson, 50, 100}}};
     EXPECT_NE(CoverageKml(coverage)->find("<color>ff0000ff</color>"), std::string::npos);
     for (const double km : {0.0, -1.0, 1000.1, std::nan("")}) {
         coverage.rings[0].km = km;

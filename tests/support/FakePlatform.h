@@ -68,6 +68,10 @@ public:
     void OpenDocument(const std::string& path) override { opened.push_back(path); }
     std::optional<Picture> GetPicture() override { return picture; }
     std::string GetText() override { return clipboardText; }
+    void SetText(const std::string& text, const std::string& csv) override {
+        clipboardText = text;
+        clipboardCsv = csv;
+    }
     void SetPicture(const Picture& copied) override { picture = copied; }
     void Clear() override { picture.reset(); }
     Picture PictureOf(const Chart&) override { return {"a chart", 900, 600}; }
@@ -112,6 +116,7 @@ public:
     std::vector<std::string> opened;
     std::optional<Picture> picture;
     std::string clipboardText;
+    std::string clipboardCsv;
     std::vector<std::string> printerNames{"Laser", "Plotter", "File"};
     std::string printer = "Laser";
     std::map<std::string, PageOrientation> orientations;  // portrait where none was set

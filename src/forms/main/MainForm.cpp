@@ -12,6 +12,8 @@
 #include "forms/reports/RLogClass.h"
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/shared/Palette.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
 #include "models/ModelRanges.h"
 #include "services/Platform.h"
 
@@ -112,6 +114,10 @@ void MainForm::WireEvents() {
     };
     mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(FieldStrengthGraph::Comparison); };
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
+    mnuToolsReach.Click = [this] { doors_.ReachForm->Show(); };
+    mnuToolsReach.SetShortcut("Ctrl+R");
+    mnuToolsExplain.Click = [this] { doors_.ExplainForm->Show(); };
+    mnuToolsExplain.SetShortcut("Ctrl+E");
     mnuHelpInfo.Click = [this] { doors_.frmInfoScreen->ShowModal(this); };
     mnuHelpAbout.Click = [this] { doors_.AboutForm->ShowModal(); };
     mnuHelpVardel.Click = [this] { OpenManual(GetPlatform()); };

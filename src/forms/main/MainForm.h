@@ -31,6 +31,9 @@ public:
     // What a run takes from the boxes, but for the distance. Nothing, after a message, where a box
     // holds no number that read takes, which can only be one that still has the focus.
     std::optional<PathInputs> ReadInputs(BoxReader read);
+    // All of a path, as a run takes it. Nothing, and no message, where a box holds no number above
+    // zero.
+    std::optional<PathInputs> ReadPathQuietly();
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
@@ -113,6 +116,9 @@ public:
     MenuItem mnuGraphCompare{mnuGraph, "mnuGraphCompare", "Compare Field Strength  &Models"};
     MenuItem mnuGraphSep{mnuGraph, "mnuGraphSep", "-"};
     MenuItem mnuGraphMeasured{mnuGraph, "mnuGraphMeasured", "&Show Measured Data"};
+    MenuItem mnuTools{*this, "mnuTools", "&Tools"};
+    MenuItem mnuToolsReach{mnuTools, "mnuToolsReach", "&Reach ..."};
+    MenuItem mnuToolsExplain{mnuTools, "mnuToolsExplain", "&Explain This Number ..."};
     MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
     MenuItem mnuHelpInfo{mnuHelp, "mnuHelpInfo", "&Introduction Screen"};
     MenuItem mnuHelpVardel{mnuHelp, "mnuHelpVardel", "&Vardel"};
@@ -137,11 +143,12 @@ private:
 
     // MainFormCalculation.cpp
     void cmdLossCalc_Click();
-    std::optional<PathInputs> ReadRunInputs();
+    std::optional<PathInputs> ReadPath(BoxReader read);
     void ShowResults(const Calculation& calculation);
 
     // MainFormInputRules.cpp
     void WireInputRules();
+    void BringToolsUpToDate();
     void cmbareatype_Click();
     void txtPowerUnit_LostFocus();
     void cmbPowerUnit_Click();

@@ -14,7 +14,7 @@
 namespace vardel {
 
 void MainForm::cmdLossCalc_Click() {
-    const auto path = ReadRunInputs();
+    const auto path = ReadPath(ReadNumberBox);
     if (!path) return;
     const ModelInputs inputs = MetricInputs(*path);
     if (const auto refusal = RefusalOf(inputs)) {
@@ -50,10 +50,12 @@ std::optional<PathInputs> MainForm::ReadInputs(BoxReader read) {
                       .powerWatts = GetPowerWatts()};
 }
 
-std::optional<PathInputs> MainForm::ReadRunInputs() {
-    auto path = ReadInputs(ReadNumberBox);
+std::optional<PathInputs> MainForm::ReadPathQuietly() { return ReadPath(ReadPositiveBoxQuietly); }
+
+std::optional<PathInputs> MainForm::ReadPath(BoxReader read) {
+    auto path = ReadInputs(read);
     if (!path) return std::nullopt;
-    const auto distance = ReadNumberBox(txtDist, Label2, *this);
+    const auto distance = read(txtDist, Label2, *this);
     if (!distance) return std::nullopt;
     path->distance = *distance;
     return path;

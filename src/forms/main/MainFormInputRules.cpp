@@ -1,10 +1,13 @@
 #include <array>
 
 #include "engine/PowerUnits.h"
+#include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
 #include "forms/shared/Palette.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
 #include "models/Primitives.h"
 
 namespace vardel {
@@ -37,6 +40,7 @@ void MainForm::WireInputRules() {
     for (TextBox* box : {&txtFreq, &txtDist, &txthb, &txthm})
         box->Change = [this] { MarkValuesStale(); };
     cmbcitysize.Click = [this] { MarkValuesStale(); };
+    for (TextBox* box : {&txtPctTime, &txtPctLoc}) box->Change = [this] { BringToolsUpToDate(); };
     cmbareatype.Click = [this] { cmbareatype_Click(); };
     txtPowerUnit.LostFocus = [this] { txtPowerUnit_LostFocus(); };
     cmbPowerUnit.Click = [this] { cmbPowerUnit_Click(); };
@@ -48,6 +52,12 @@ void MainForm::MarkValuesStale() {
         value->SetBackColor(StaleColor);
         if (!value->Caption().empty()) value->SetStateText("Not of the present inputs");
     }
+    BringToolsUpToDate();
+}
+
+void MainForm::BringToolsUpToDate() {
+    if (doors_.ReachForm.Loaded()) doors_.ReachForm->BringUpToDate();
+    if (doors_.ExplainForm.Loaded()) doors_.ExplainForm->BringUpToDate();
 }
 
 void MainForm::cmbareatype_Click() {
@@ -58,6 +68,7 @@ void MainForm::cmbareatype_Click() {
 void MainForm::txtPowerUnit_LostFocus() {
     txtPowerUnit.SetText(CorrectedPowerText(txtPowerUnit.Text(), shared_.PowerUnit));
     PowerWatts = PowerTextToWatts(txtPowerUnit.Text(), shared_.PowerUnit);
+    BringToolsUpToDate();
 }
 
 // The same power in another unit: what the text rounds does not touch the power itself.

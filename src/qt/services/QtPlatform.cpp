@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPointer>
 #include <QStandardPaths>
 #include <QStyle>
@@ -231,6 +232,13 @@ std::string QtPlatform::GetText() { return FromQt(QApplication::clipboard()->tex
 
 void QtPlatform::SetPicture(const Picture& picture) {
     QApplication::clipboard()->setImage(ImageOf(picture));
+}
+
+void QtPlatform::SetText(const std::string& text, const std::string& csv) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(ToQt(text));
+    if (!csv.empty()) data->setData("text/csv", QByteArray::fromStdString(csv));
+    QApplication::clipboard()->setMimeData(data.release());
 }
 
 void QtPlatform::Clear() { QApplication::clipboard()->clear(); }

@@ -37,6 +37,7 @@ public:
     std::optional<Picture> GetPicture() override;
     std::string GetText() override;
     void SetPicture(const Picture& picture) override;
+    void SetText(const std::string& text, const std::string& csv) override;
     void Clear() override;
     Picture PictureOf(const Chart& chart) override;
     std::string MetafileOf(const Chart& chart) override;

@@ -391,6 +391,8 @@ void Binder::BindEntry(MenuItem& entry, QMenu& menu) {
         if (!entry.IsSeparator()) action->setText(ToQt(entry.Caption()));
         action->setEnabled(entry.Enabled());
         action->setVisible(entry.Visible());
+        action->setShortcut(QKeySequence(ToQt(entry.Shortcut())));
+        action->setAutoRepeat(false);
         action->setCheckable(entry.Checkable());
         action->setChecked(entry.Checked());
     });

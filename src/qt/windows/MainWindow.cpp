@@ -12,6 +12,7 @@
 #include "forms/main/MainForm.h"
 #include "qt/services/Convert.h"
 #include "qt/windows/FocusRing.h"
+#include "qt/windows/ResultLabel.h"
 
 namespace vardel {
 
@@ -20,31 +21,6 @@ namespace {
 constexpr int Margin = 12;
 constexpr int Gap = 8;
 constexpr int ColumnGap = 28;
-
-// Its text can be selected by the mouse. It takes the focus, in which it can be copied by keys,
-// only then: a mere click on it leaves no box.
-class ResultLabel : public QLabel {
-public:
-    ResultLabel() {
-        MakeBold(*this);
-        setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setMargin(4);
-        setMinimumWidth(WidthOf(*this, 18));
-        setTextInteractionFlags(Qt::TextSelectableByMouse);
-        setFocusPolicy(Qt::NoFocus);
-    }
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        QLabel::mouseReleaseEvent(event);
-        if (hasSelectedText()) setFocus(Qt::MouseFocusReason);
-    }
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        setSelection(0, static_cast<int>(text().size()));
-        setFocus(Qt::MouseFocusReason);
-    }
-};
 
 }  // namespace
 
@@ -160,7 +136,9 @@ void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int ro
         const int column = 2 + 3 * static_cast<int>(i);
         AddLabel(*labels.models[i], grid, row, column)
             ->setAccessibleDescription(QString("Hold Ctrl+%1 to see the range").arg(i + 1));
-        auto* value = new ResultLabel;
+        auto* value = new ResultLabel(18);
+        MakeBold(*value);
+        value->setMinimumWidth(WidthOf(*value, 18));
         binder.BindValue(*labels.values[i], *value,
                          labels.head.Caption() + ", " + labels.models[i]->Caption(),
                          *labels.units[i]);

@@ -11,12 +11,16 @@
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
 #include "qt/windows/AboutWindow.h"
+#include "qt/windows/ExplainWindow.h"
 #include "qt/windows/GraphWindow.h"
 #include "qt/windows/InfoWindow.h"
 #include "qt/windows/MainWindow.h"
 #include "qt/windows/PrintWindows.h"
 #include "qt/windows/RangeWindow.h"
+#include "qt/windows/ReachWindow.h"
 #include "qt/windows/ReportWindow.h"
 
 namespace vardel {
@@ -38,6 +42,9 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
         return std::make_unique<PrintOutWindow>(*printOut);
     if (auto* select = dynamic_cast<frmPrinterSelect*>(&form))
         return std::make_unique<PrinterSelectWindow>(*select);
+    if (auto* reach = dynamic_cast<ReachForm*>(&form)) return std::make_unique<ReachWindow>(*reach);
+    if (auto* explain = dynamic_cast<ExplainForm*>(&form))
+        return std::make_unique<ExplainWindow>(*explain);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "engine/PathInputs.h"
+#include "engine/Reach.h"
+
+// How far the compared models let a station reach, for several percentages of locations, and what
+// it needs to reach a distance: as numbers and in words.
+
+namespace vardel {
+
+// What a service asks for, as it is known.
+struct Wanted {
+    enum class Kind { FieldStrength, ReceivedPower, PathLoss };
+    Kind kind = Kind::FieldStrength;
+    double value = 0.0;           // dB(µV/m), dBm or dB
+    double antennaGainDbi = 0.0;  // of the receiver, for a received power
+    double cableLossDb = 0.0;
+};
+
+constexpr std::size_t ReachPercentages = 3;
+
+struct ReachTable {
+    struct Row {
+        ModelNumber model;
+        std::array<Reach, ReachPercentages> reaches;  // by percentage
+        // To meet the goal at the path's own distance and percentage of locations.
+        std::optional<NeededPower> power;
+        NeededHeight height;
+    };
+
+    PathInputs path;
+    Wanted wanted;
+    Goal goal;
+    std::array<double, ReachPercentages> percentages;  // of locations
+    std::vector<Row> rows;                             // by the order of ComparedModels
+};
+
+ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
+                          const std::array<double, ReachPercentages>& percentages);
+
+// What stands in a cell of the table; distances and heights in the units of the path.
+std::string ReachText(const Reach& reach, Units units);
+std::string PowerCellText(const ReachTable& table, const ReachTable::Row& row);
+std::string HeightCellText(const ReachTable& table, const ReachTable::Row& row);
+// What there is to say of a reach besides, such as that the model does not cover it; empty:
+// nothing.
+std::string ReachRemark(const Reach& reach);
+
+// The inputs in words, for people; the path without its distance and percentage of locations.
+std::string WantedText(const Wanted& wanted);
+std::string PathText(const PathInputs& path);
+std::string DistanceText(const PathInputs& path);
+std::string PercentText(double percentage);
+
+// The whole table: lines for the log, columns apart by tabs, and RFC 4180 with units in its heads.
+std::string ReachLines(const ReachTable& table);
+std::string ReachTabbed(const ReachTable& table);
+std::string ReachCsv(const ReachTable& table);
+
+}  // namespace vardel

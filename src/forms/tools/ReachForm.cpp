@@ -1,0 +1,271 @@
+#include "forms/tools/ReachForm.h"
+
+#include "forms/Doors.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/RLogClass.h"
+#include "forms/shared/Palette.h"
+#include "forms/shared/SaveWithDialog.h"
+#include "map/CoverageRings.h"
+#include "models/Primitives.h"
+#include "services/Files.h"
+#include "services/Platform.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr const char* Section = "Reach";
+
+struct StoredBox {
+    const char* key;
+    TextBox ReachForm::*box;
+};
+
+constexpr std::array<StoredBox, 5> StoredBoxes = {{
+    {"Value", &ReachForm::txtWanted},
+    {"Gain", &ReachForm::txtGain},
+    {"CableLoss", &ReachForm::txtCable},
+    {"Latitude", &ReachForm::txtLatitude},
+    {"Longitude", &ReachForm::txtLongitude},
+}};
+
+std::string PercentKey(std::size_t i) { return "PctLoc" + std::to_string(i); }
+
+// Marks the box by its number, which may be none.
+bool Mark(TextBox& box, bool good, const char* what) {
+    box.SetBackColor(good ? White : OutOfRangePink);
+    box.SetStateText(good ? "" : what);
+    return good;
+}
+
+// The box's number; nothing, with the box marked, where it is none between the limits.
+std::optional<double> Read(TextBox& box, double low, double high, const char* rule,
+                           std::string& problem) {
+    const auto number = WholeTextNumber(box.Text());
+    if (Mark(box, number && low <= *number && *number <= high, rule)) return number;
+    if (problem.empty()) problem = rule;
+    return std::nullopt;
+}
+
+// In the form that people type: "52 30 12 N". Empty where the host has none.
+std::string HostCoordinate(const Registry& registry, const std::string& degrees,
+                           const std::string& direction) {
+    const auto text = [&registry](const std::string& name) {
+        const GlobalValue value = registry.QuorneGlobalValue(name);
+        const auto* held = std::get_if<std::string>(&value);
+        return held != nullptr ? std::string(Trimmed(*held)) : std::string();
+    };
+    if (text("Tx" + degrees).empty()) return {};
+    const std::string end = direction.substr(0, 3);  // Lat or Lon
+    std::string coordinate = text("Tx" + degrees);
+    for (const char* part : {"Min_MM", "Sec_SS"})
+        if (const std::string more = text("Tx" + end + part); !more.empty())
+            coordinate += ' ' + more;
+    return coordinate + ' ' + text("Tx" + direction);
+}
+
+}  // namespace
+
+ReachForm::ReachForm(Platform& platform, Doors& doors)
+    : Form(platform, "ReachForm", "Reach"), doors_(doors) {
+    SetHelpContextID(HelpTopic::Reach);
+    for (std::size_t i = 0; i < ComparedModels.size() * ReachPercentages; ++i)
+        lblReach.push_back(std::make_unique<Label>(*this, "lblReach(" + std::to_string(i) + ')'));
+    for (std::size_t i = 0; i < ComparedModels.size(); ++i)
+        lblModel.at(i).SetCaption(ModelOf(ComparedModels.at(i)).name);
+    txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
+    txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
+    cmdMap.SetToolTipText("Coverage as GeoJSON or KML, a ring for each model and percentage");
+    cmdCopy.SetToolTipText("As text and as CSV");
+    WireEvents();
+}
+
+void ReachForm::WireEvents() {
+    const auto upToDate = [this] { BringUpToDate(); };
+    for (TextBox* box : {&txtWanted, &txtGain, &txtCable}) box->Change = upToDate;
+    for (TextBox& box : txtPercent) box.Change = upToDate;
+    for (TextBox* box : {&txtLatitude, &txtLongitude}) box->Change = [this] { CheckStation(); };
+    cmbWanted.Click = [this] { cmbWanted_Click(); };
+    cmdAdd.Click = [this] {
+        if (!table_) return;
+        doors_.ReportLog().BeginLine();
+        doors_.ReportLog().Add(ReachLines(*table_));
+    };
+    cmdCopy.Click = [this] {
+        if (table_) GetPlatform().clipboard.SetText(ReachTabbed(*table_), ReachCsv(*table_));
+    };
+    cmdMap.Click = [this] { cmdMap_Click(); };
+    cmdClose.Click = [this] { Unload(); };
+}
+
+void ReachForm::Form_Load() {
+    const auto stored = [this](const std::string& key) {
+        return GetPlatform().settings.Read(GetPlatform().applicationTitle, Section, key);
+    };
+    for (const auto& [key, box] : StoredBoxes)
+        if (const std::string text = stored(key); !text.empty()) (this->*box).SetText(text);
+    for (std::size_t i = 0; i < txtPercent.size(); ++i)
+        if (const std::string text = stored(PercentKey(i)); !text.empty())
+            txtPercent.at(i).SetText(text);
+    cmbWanted.SetText(stored("Wanted"));
+    FillStation();
+    ShowHeads();
+    BringUpToDate();
+}
+
+void ReachForm::FillStation() {
+    const Registry registry(GetPlatform().settings);
+    const std::string latitude = HostCoordinate(registry, "LatDeg_DD", "LatH_NS");
+    const std::string longitude = HostCoordinate(registry, "LonDeg_DDD", "LonH_EW");
+    if (!ParseLatitude(latitude) || !ParseLongitude(longitude)) return;
+    txtLatitude.SetText(latitude);
+    txtLongitude.SetText(longitude);
+}
+
+void ReachForm::Form_Unload() { SaveSettings(); }
+
+void ReachForm::SaveSettings() {
+    const auto store = [this](const std::string& key, const std::string& text) {
+        GetPlatform().settings.Write(GetPlatform().applicationTitle, Section, key, text);
+    };
+    for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
+    for (std::size_t i = 0; i < txtPercent.size(); ++i)
+        store(PercentKey(i), txtPercent.at(i).Text());
+    store("Wanted", cmbWanted.Text());
+}
+
+void ReachForm::cmbWanted_Click() {
+    ShowHeads();
+    BringUpToDate();
+}
+
+void ReachForm::ShowHeads() {
+    constexpr std::array<const char*, 3> WantedUnits = {"dB(µV/m)", "dBm", "dB"};
+    lblWantedUnit.SetCaption(WantedUnits.at(static_cast<std::size_t>(cmbWanted.ListIndex())));
+    const bool received = cmbWanted.ListIndex() == static_cast<int>(Wanted::Kind::ReceivedPower);
+    for (Control* control :
+         {static_cast<Control*>(&lblGain), static_cast<Control*>(&txtGain),
+          static_cast<Control*>(&lblGainUnit), static_cast<Control*>(&lblCable),
+          static_cast<Control*>(&txtCable), static_cast<Control*>(&lblCableUnit)})
+        control->SetEnabled(received);
+}
+
+std::optional<Wanted> ReachForm::ReadWanted(std::string& problem) {
+    Wanted wanted{static_cast<Wanted::Kind>(cmbWanted.ListIndex())};
+    const auto value =
+        Read(txtWanted, -300, 400, "The wanted value is a number from -300 to 400.", problem);
+    if (wanted.kind == Wanted::Kind::ReceivedPower) {
+        const auto gain =
+            Read(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
+        const auto cable =
+            Read(txtCable, 0, 100, "The cable loss is a number from 0 to 100 dB.", problem);
+        if (!gain || !cable) return std::nullopt;
+        wanted.antennaGainDbi = *gain;
+        wanted.cableLossDb = *cable;
+    }
+    if (!value) return std::nullopt;
+    wanted.value = *value;
+    return wanted;
+}
+
+std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
+    std::string& problem) {
+    std::array<double, ReachPercentages> percentages{};
+    bool good = true;
+    for (std::size_t i = 0; i < percentages.size(); ++i) {
+        const auto number = Read(txtPercent.at(i), 1, 99,
+                                 "A percentage of locations is a number from 1 to 99.", problem);
+        good = good && number;
+        percentages.at(i) = number.value_or(0.0);
+    }
+    return good ? std::optional(percentages) : std::nullopt;
+}
+
+void ReachForm::BringUpToDate() {
+    if (!doors_.MainForm.Loaded()) return;
+    std::string problem;
+    const auto wanted = ReadWanted(problem);
+    const auto percentages = ReadPercentages(problem);
+    const auto path = doors_.MainForm->ReadPathQuietly();
+    if (!path) problem = "A box of the main window holds no number above zero.";
+    table_.reset();
+    if (path && wanted && percentages) table_ = MakeReachTable(*path, *wanted, *percentages);
+    lblPath.SetCaption(path ? PathText(*path) : "");
+    lblProblem.SetCaption(problem);
+    ShowTable();
+    CheckStation();
+}
+
+void ReachForm::ShowTable() {
+    const bool english = doors_.MainForm->mnuUnitsEnglish.Checked();
+    const std::string distance =
+        std::string(Trimmed(doors_.MainForm->txtDist.Text())) + (english ? " miles" : " km");
+    lblReachHead.SetCaption(std::string("Reach in ") + (english ? "miles" : "km") +
+                            " at % of locations");
+    lblPowerHead.SetCaption("W e.r.p. for " + distance);
+    lblHeightHead.SetCaption(std::string("hb in ") + (english ? "ft" : "m") + " for " + distance);
+    const auto show = [](Label& label, const std::string& text, const std::string& remark,
+                         bool marked) {
+        label.SetCaption(text);
+        label.SetBackColor(marked ? OutOfRangePink : White);
+        label.SetStateText(remark);
+        label.SetToolTipText(remark);
+    };
+    const char* const outOfRange = "out of the model's range";
+    for (std::size_t i = 0; i < ComparedModels.size(); ++i) {
+        const ReachTable::Row* row = table_ ? &table_->rows.at(i) : nullptr;
+        for (std::size_t k = 0; k < ReachPercentages; ++k) {
+            Label& label = *lblReach.at(i * ReachPercentages + k);
+            if (row == nullptr) {
+                show(label, "-", "", false);
+                continue;
+            }
+            const Reach& reach = row->reaches.at(k);
+            show(label, ReachText(reach, table_->path.units) + (reach.Again() ? " +" : ""),
+                 ReachRemark(reach), reach.outcome != Reach::Outcome::Invalid && !reach.inRange);
+        }
+        const bool powerOut = row != nullptr && row->power && !row->power->inRange;
+        show(lblPower.at(i), row != nullptr ? PowerCellText(*table_, *row) : "-",
+             powerOut ? outOfRange : "", powerOut);
+        const bool heightOut = row != nullptr &&
+                               row->height.outcome != NeededHeight::Outcome::Invalid &&
+                               !row->height.inRange;
+        show(lblHeight.at(i), row != nullptr ? HeightCellText(*table_, *row) : "-",
+             heightOut ? outOfRange : "", heightOut);
+    }
+    cmdAdd.SetEnabled(table_.has_value());
+    cmdCopy.SetEnabled(table_.has_value());
+}
+
+// Empty boxes are no mistake: a map may not be wanted.
+void ReachForm::CheckStation() {
+    const auto latitude = ParseLatitude(txtLatitude.Text());
+    const auto longitude = ParseLongitude(txtLongitude.Text());
+    Mark(txtLatitude, latitude || txtLatitude.Text().empty(), "no latitude from -90 to 90");
+    Mark(txtLongitude, longitude || txtLongitude.Text().empty(), "no longitude from -180 to 180");
+    cmdMap.SetEnabled(table_ && latitude && longitude);
+}
+
+void ReachForm::cmdMap_Click() {
+    const auto latitude = ParseLatitude(txtLatitude.Text());
+    const auto longitude = ParseLongitude(txtLongitude.Text());
+    if (!table_ || !latitude || !longitude) return;
+    const Coverage coverage = CoverageOf(*table_, {*latitude, *longitude});
+    if (coverage.rings.empty()) {
+        GetPlatform().windows.ShowMessage(
+            {.text = "By no model is what is wanted met anywhere: there is no ring to save."});
+        return;
+    }
+    SaveWithDialog(
+        *this, "GeoJSON (*.geojson)|*.geojson|KML (*.kml)|*.kml", 1,
+        [&coverage](const SaveChoice& choice) {
+            const bool kml = choice.path.ends_with(".kml") ||
+                             (choice.filterIndex == 2 && !choice.path.ends_with(".geojson"));
+            ReplaceFile(choice.path,
+                        (kml ? CoverageKml(coverage) : CoverageGeoJson(coverage)).value());
+        },
+        "coverage.geojson");
+}
+
+}  // namespace vardel

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "controls/Controls.h"
+#include "engine/ReachTable.h"
+
+namespace vardel {
+
+struct Doors;
+struct Platform;
+
+// How far the models let the main form's station reach for what a service asks, and what power or
+// height it would need at the main form's distance. All is computed anew with every change, here
+// and there. What is wrong is told beside the boxes, by no message.
+class ReachForm : public Form {
+public:
+    ReachForm(Platform& platform, Doors& doors);
+
+    // Takes the main form's inputs as they stand.
+    void BringUpToDate();
+    // What the next start begins with.
+    void SaveSettings();
+
+    Label lblPath{*this, "lblPath"};  // the main form's inputs
+    Label lblWanted{*this, "lblWanted", "Wanted"};
+    ComboBox cmbWanted{*this, "cmbWanted", {{"Field strength"}, {"Received power"}, {"Path loss"}}};
+    TextBox txtWanted{*this, "txtWanted", "32"};
+    Label lblWantedUnit{*this, "lblWantedUnit"};
+    Label lblGain{*this, "lblGain", "Receiver antenna gain"};
+    TextBox txtGain{*this, "txtGain", "0"};
+    Label lblGainUnit{*this, "lblGainUnit", "dBi"};
+    Label lblCable{*this, "lblCable", "Cable loss"};
+    TextBox txtCable{*this, "txtCable", "0"};
+    Label lblCableUnit{*this, "lblCableUnit", "dB"};
+    Label lblProblem{*this, "lblProblem"};
+
+    // The table: the heads of its rows and columns, and its cells by row.
+    std::array<Label, 3> lblModel{
+        {{*this, "lblModel(0)"}, {*this, "lblModel(1)"}, {*this, "lblModel(2)"}}};
+    Label lblReachHead{*this, "lblReachHead"};
+    std::array<TextBox, ReachPercentages> txtPercent{{{*this, "txtPercent(0)", "50"},
+                                                      {*this, "txtPercent(1)", "90"},
+                                                      {*this, "txtPercent(2)", "95"}}};
+    Label lblPowerHead{*this, "lblPowerHead"};
+    Label lblHeightHead{*this, "lblHeightHead"};
+    std::vector<std::unique_ptr<Label>> lblReach;
+    std::array<Label, 3> lblPower{
+        {{*this, "lblPower(0)"}, {*this, "lblPower(1)"}, {*this, "lblPower(2)"}}};
+    std::array<Label, 3> lblHeight{
+        {{*this, "lblHeight(0)"}, {*this, "lblHeight(1)"}, {*this, "lblHeight(2)"}}};
+
+    Label lblLatitude{*this, "lblLatitude", "Station's latitude"};
+    TextBox txtLatitude{*this, "txtLatitude"};
+    Label lblLongitude{*this, "lblLongitude", "longitude"};
+    TextBox txtLongitude{*this, "txtLongitude"};
+    Button cmdMap{*this, "cmdMap", "Save &Rings ..."};
+    Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
+    Button cmdCopy{*this, "cmdCopy", "&Copy Table"};
+    Button cmdClose{*this, "cmdClose", "Close"};
+
+private:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void WireEvents();
+    void FillStation();
+    void cmbWanted_Click();
+    void cmdMap_Click();
+
+    std::optional<Wanted> ReadWanted(std::string& problem);
+    std::optional<std::array<double, ReachPercentages>> ReadPercentages(std::string& problem);
+    void ShowHeads();
+    void ShowTable();
+    void CheckStation();
+
+    Doors& doors_;
+    std::optional<ReachTable> table_;  // none while something is wrong
+};
+
+}  // namespace vardel

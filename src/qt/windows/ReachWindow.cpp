@@ -1,0 +1,136 @@
+#include "qt/windows/ReachWindow.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "forms/tools/ReachForm.h"
+#include "qt/services/Convert.h"
+#include "qt/windows/ResultLabel.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int Margin = 16;
+constexpr int Gap = 8;
+constexpr int CellWidth = 10;
+
+}  // namespace
+
+ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
+    auto* center = new QWidget;
+    auto* column = new QVBoxLayout(center);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
+    column->setSpacing(Margin);
+    auto* path = new QLabel;
+    binder.Bind(form.lblPath, *path);
+    path->setAutoFillBackground(false);
+    path->setWordWrap(true);
+    column->addWidget(path);
+    column->addWidget(MakeWanted(form));
+    column->addWidget(MakeTable(form));
+    column->addWidget(MakeMap(form));
+    column->addStretch(1);
+    column->addWidget(MakeButtons(form));
+    SetScrolledContent(*center);
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
+    FocusFirst(form.txtWanted);
+}
+
+QWidget* ReachWindow::MakeWanted(ReachForm& form) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Gap);
+    constexpr int BoxWidth = 8;
+    AddInput(form.lblWanted, *MakeList(form.cmbWanted), nullptr, *grid, 0, 0);
+    auto* wanted = MakeBox(form.txtWanted, BoxWidth);
+    wanted->setAccessibleName("Wanted value");
+    grid->addWidget(wanted, 0, 2);
+    AddLabel(form.lblWantedUnit, *grid, 0, 3)
+        ->setMinimumWidth(panel->fontMetrics().horizontalAdvance("dB(µV/m)"));
+    AddInput(form.lblGain, *MakeBox(form.txtGain, BoxWidth), &form.lblGainUnit, *grid, 1, 1);
+    AddInput(form.lblCable, *MakeBox(form.txtCable, BoxWidth), &form.lblCableUnit, *grid, 1, 4);
+    auto* problem = AddLabel(form.lblProblem, *grid, 2, 0, {});
+    grid->removeWidget(problem);
+    grid->addWidget(problem, 2, 0, 1, 8);
+    problem->setMinimumHeight(problem->fontMetrics().height() + 4);
+    MakeBold(*problem);
+    grid->setColumnStretch(7, 1);
+    return panel;
+}
+
+void ReachWindow::AddCell(Label& cell, const QString& what, QGridLayout& grid, int row,
+                          int column) {
+    auto* widget = new ResultLabel(CellWidth);
+    binder.BindValue(cell, *widget, FromQt(what), cell);
+    grid.addWidget(widget, row, column);
+}
+
+QWidget* ReachWindow::MakeTable(ReachForm& form) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(Gap);
+    const int percentages = static_cast<int>(ReachPercentages);
+    const int power = percentages + 1, height = power + 1;
+    auto* head = AddLabel(form.lblReachHead, *grid, 0, 1, {});
+    grid->removeWidget(head);
+    grid->addWidget(head, 0, 1, 1, percentages);
+    head->setAlignment(Qt::AlignCenter);
+    for (const auto& [label, column] :
+         {std::pair(&form.lblPowerHead, power), std::pair(&form.lblHeightHead, height)}) {
+        auto* widget = AddLabel(*label, *grid, 0, column, {});
+        grid->removeWidget(widget);
+        grid->addWidget(widget, 0, column, 2, 1);
+        widget->setAlignment(Qt::AlignCenter);
+        widget->setWordWrap(true);
+    }
+    for (int i = 0; i < percentages; ++i) {
+        auto* box = MakeBox(form.txtPercent.at(static_cast<std::size_t>(i)), CellWidth);
+        box->setAccessibleName("Percent of locations of column " + QString::number(i + 1));
+        box->setAlignment(Qt::AlignRight);
+        grid->addWidget(box, 1, 1 + i);
+    }
+    for (std::size_t row = 0; row < form.lblModel.size(); ++row) {
+        const int at = 2 + static_cast<int>(row);
+        const QString model = ToQt(form.lblModel.at(row).Caption());
+        AddLabel(form.lblModel.at(row), *grid, at, 0);
+        for (std::size_t i = 0; i < ReachPercentages; ++i)
+            AddCell(*form.lblReach.at(row * ReachPercentages + i),
+                    model + ", reach, column " + QString::number(i + 1), *grid, at,
+                    1 + static_cast<int>(i));
+        AddCell(form.lblPower.at(row), model + ", power needed", *grid, at, power);
+        AddCell(form.lblHeight.at(row), model + ", base height needed", *grid, at, height);
+    }
+    for (int column = 1; column <= height; ++column) grid->setColumnStretch(column, 1);
+    return panel;
+}
+
+QWidget* ReachWindow::MakeMap(ReachForm& form) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Gap);
+    constexpr int BoxWidth = 14;
+    AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, BoxWidth), nullptr, *grid, 0, 0);
+    AddInput(form.lblLongitude, *MakeBox(form.txtLongitude, BoxWidth), nullptr, *grid, 0, 2);
+    grid->addWidget(MakeButton(form.cmdMap), 0, 4);
+    return panel;
+}
+
+QWidget* ReachWindow::MakeButtons(ReachForm& form) {
+    auto* panel = new QWidget;
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch(1);
+    for (Button* button : {&form.cmdAdd, &form.cmdCopy, &form.cmdClose})
+        row->addWidget(MakeButton(*button));
+    return panel;
+}
+
+}  // namespace vardel
