@@ -21,6 +21,8 @@
 #include "forms/reports/RLogClass.h"
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
 #include "qt/services/QtPlatform.h"
 #include "services/Files.h"
 
@@ -115,6 +117,31 @@ bool TakeRunningRange(vardel::QtPlatform& platform, vardel::Program& program, co
     return good;
 }
 
+// The tools for a station of a rural fire brigade, and what they say of a wrong entry.
+bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
+    vardel::MainForm& main = *program.MainForm;
+    for (const auto& [box, text] :
+         {std::pair(&main.txtFreq, "390.0"), std::pair(&main.txtDist, "10.0"),
+          std::pair(&main.txthb, "45.0"), std::pair(&main.txtPctLoc, "95")})
+        box->SetText(text);
+    main.cmbareatype.SetText("Suburban");
+    main.cmbPowerUnit.SetListIndex(0);
+    main.txtPowerUnit.SetText("25");
+    main.txtPowerUnit.LostFocus.Raise();
+    vardel::ReachForm& reach = *program.ReachForm;
+    reach.txtLatitude.SetText("52 30 12 N");
+    reach.txtLongitude.SetText("13.4");
+    bool good = TakeModalPicture(platform, reach, pictures, "reach");
+    vardel::ReachForm& wrong = *program.ReachForm;
+    wrong.cmbWanted.SetText("Received power");
+    wrong.txtWanted.SetText("-97");
+    wrong.txtGain.SetText("2 dBi");
+    good &= TakeModalPicture(platform, wrong, pictures, "reach-wrong");
+    good &= TakeModalPicture(platform, *program.ExplainForm, pictures, "explain");
+    main.txtPctLoc.SetText("50");
+    return good;
+}
+
 // The windows of printing, and what they print to PDF files.
 bool TakePrinting(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
     bool good = TakeModalPicture(platform, *program.FrmPrintOut, pictures, "print-graph");
@@ -171,6 +198,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeLossGraphs(platform, program, pictures);
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     good &= TakePrinting(platform, program, pictures);
+    good &= TakeTools(platform, program, pictures);
     platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Inputs));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;

@@ -1,7 +1,6 @@
 #include "engine/Explanation.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -16,8 +15,9 @@ namespace {
 constexpr const char* TermPattern = "0.000000";
 
 struct Line {
-    std::array<std::string, 4> cells;  // name, formula, value with unit, source
-    bool sum = false;                  // stands below a rule
+    std::string name, formula, number, unit, source;
+    bool sum = false;    // stands below a rule
+    bool first = false;  // of the terms, which stand apart from the quantities
 };
 
 std::size_t Width(std::string_view text) {
@@ -26,52 +26,73 @@ std::size_t Width(std::string_view text) {
     return width;
 }
 
-std::string Value(double x) {
+std::string Number(double x) {
     return std::isfinite(x) ? FormatNumber(x, TermPattern) : "no number";
+}
+
+// A sum as a term of another stands in brackets.
+std::string AsTerm(const std::string& formula) {
+    int depth = 0;
+    for (std::size_t i = 0; i + 1 < formula.size(); ++i) {
+        if (formula[i] == '(') ++depth;
+        if (formula[i] == ')') --depth;
+        const std::string_view rest = std::string_view(formula).substr(i);
+        if (depth == 0 && (rest.starts_with(" + ") || rest.starts_with(" − ")))
+            return '(' + formula + ')';
+    }
+    return formula;
+}
+
+std::string FormulaText(const FormulaTerm& term) {
+    switch (term.role) {
+        case FormulaTerm::Role::Added:
+            return "+ " + AsTerm(term.text.formula);
+        case FormulaTerm::Role::Subtracted:
+            return "− " + AsTerm(term.text.formula);
+        case FormulaTerm::Role::Quantity:
+            break;
+    }
+    return std::string("  ") + term.text.formula;
 }
 
 std::vector<Line> LinesOf(const FormulaTerms& terms, const char* unit) {
     std::vector<Line> lines;
     double total = 0.0;
+    bool inTerms = false;
     for (const FormulaTerm& term : terms) {
-        const bool summand = term.role != FormulaTerm::Role::Quantity;
-        if (summand) total += term.value;
-        const char* sign = !summand                                     ? "  "
-                           : term.role == FormulaTerm::Role::Subtracted ? "− "
-                                                                        : "+ ";
-        lines.push_back({{term.text.name, (sign + std::string(term.text.formula)),
-                          Value(term.value) + ' ' + term.unit, term.text.source}});
+        const bool isTerm = term.role != FormulaTerm::Role::Quantity;
+        if (isTerm) total += term.value;
+        lines.push_back({term.text.name, FormulaText(term), Number(term.value), term.unit,
+                         term.text.source, false, isTerm && !inTerms});
+        inTerms = isTerm;
     }
-    lines.push_back({{"Sum", "", Value(total) + ' ' + unit,
-                      std::isfinite(total) ? "shown as " + FormatNumber(total, "###0.00") : ""},
-                     true});
+    const std::string shown =
+        std::isfinite(total) ? "shown as " + FormatNumber(total, "###0.00") : "";
+    lines.push_back({"Sum", "", Number(total), unit, shown, true});
     return lines;
 }
 
+// Numbers stand to the right, so that their points do.
 std::string LaidOut(const std::vector<Line>& lines) {
-    std::array<std::size_t, 4> widths{};
-    for (const Line& line : lines)
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            widths.at(i) = std::max(widths.at(i), Width(line.cells.at(i)));
-    // Values stand to the right, so that their points do.
-    std::size_t unitWidth = 0;
-    const auto unitOf = [](const std::string& value) {
-        return value.substr(std::min(value.size(), value.rfind(' ')));
+    constexpr std::size_t Gap = 2;
+    const auto widest = [&lines](std::string Line::*cell) {
+        std::size_t width = 0;
+        for (const Line& line : lines) width = std::max(width, Width(line.*cell));
+        return width;
     };
-    for (const Line& line : lines) unitWidth = std::max(unitWidth, Width(unitOf(line.cells[2])));
+    const std::size_t name = widest(&Line::name) + Gap, formula = widest(&Line::formula) + Gap,
+                      number = widest(&Line::number), unit = widest(&Line::unit) + Gap,
+                      source = widest(&Line::source);
+    const auto blanks = [](std::size_t width, const std::string& text) {
+        return std::string(width - Width(text), ' ');
+    };
     std::string text;
     for (const Line& line : lines) {
-        const auto& [name, formula, value, source] = line.cells;
-        const std::string unit = unitOf(value);
-        const std::string number = value.substr(0, value.size() - unit.size());
-        if (line.sum)
-            text +=
-                std::string(widths[0] + widths[1] + widths[2] + widths[3] + 6 + unitWidth, '-') +
-                '\n';
-        text += name + std::string(widths[0] - Width(name) + 2, ' ') + formula +
-                std::string(widths[1] - Width(formula) + 2, ' ') +
-                std::string(widths[2] - Width(number), ' ') + number + unit +
-                std::string(unitWidth - Width(unit) + 2, ' ') + source;
+        if (line.first && !text.empty()) text += '\n';
+        if (line.sum) text += std::string(name + formula + number + 1 + unit + source, '-') + '\n';
+        text += line.name + blanks(name, line.name) + line.formula + blanks(formula, line.formula) +
+                blanks(number, line.number) + line.number + ' ' + line.unit +
+                blanks(unit, line.unit) + line.source;
         text.erase(text.find_last_not_of(' ') + 1);
         text += '\n';
     }

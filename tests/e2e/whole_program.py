@@ -166,6 +166,20 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(lines[0][:2], ["1", "450"])
         self.exit()
 
+    def test_how_far_a_station_reaches(self):
+        user = self.user
+        self.start()
+        self.fill("390", "10")
+        user.keys("s", "Tab")
+        self.fill("45", "1.5", "0.025")
+        user.keys("ctrl+r")
+        user.wait_for_window("Reach")
+        user.type("32")
+        user.keys("alt+a", "Escape")
+        user.wait_until_gone("Reach")
+        self.exit()
+        self.assertIn("5.196 km at 95 % of locations", user.log_text())
+
     def test_a_signal_saves_as_an_exit_does(self):
         user = self.user
         self.start()

@@ -11,6 +11,7 @@
 #include "forms/main/UnitSwitch.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
+#include "forms/tools/ReachForm.h"
 #include "models/Primitives.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
@@ -272,6 +273,7 @@ void MainForm::SaveSettings(bool retainLog) {
     Store(*registry_, "TempLogName", shared_.TempLogFile);
     for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
     for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
+    if (doors_.ReachForm.Loaded()) doors_.ReachForm->SaveSettings();
 }
 
 }  // namespace vardel

@@ -67,6 +67,7 @@ QWidget* ReachWindow::MakeWanted(ReachForm& form) {
 void ReachWindow::AddCell(Label& cell, const QString& what, QGridLayout& grid, int row,
                           int column) {
     auto* widget = new ResultLabel(CellWidth);
+    widget->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     binder.BindValue(cell, *widget, FromQt(what), cell);
     grid.addWidget(widget, row, column);
 }

@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/ReachForm.h"
+#include "support/RunningProgram.h"
+
+// A fire brigade's channel: 390 MHz, 45 m, 1.5 m, suburban, 25 W. The reaches are computed by hand
+// from the published formulas.
+
+namespace vardel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class Tools : public testing::Test, public RunningProgram {
+protected:
+    Tools() {
+        Main().txtFreq.SetText("390");
+        Main().txtDist.SetText("10");
+        Main().txthb.SetText("45");
+        Main().txtPctLoc.SetText("95");
+        Main().cmbareatype.SetText("Suburban");
+        Main().cmbPowerUnit.SetText("W e.r.p.");
+        SetPower("25");
+        Main().mnuToolsReach.Pick();
+    }
+
+    void SetPower(const char* watts) {
+        Main().txtPowerUnit.SetText(watts);
+        Main().txtPowerUnit.LostFocus.Raise();
+    }
+    ReachForm& Form() { return *program.ReachForm; }
+    std::string Reach(std::size_t row, std::size_t column) {
+        return Form().lblReach.at(row * ReachPercentages + column)->Caption();
+    }
+};
+
+TEST_F(Tools, ReachFollowsWhatIsTypedHereAndInTheMainWindow) {
+    EXPECT_EQ(Reach(0, 2), "5.196");
+    EXPECT_EQ(Reach(1, 2), "5.192");
+    EXPECT_EQ(Reach(2, 2), "6.444");
+    EXPECT_EQ(Form().lblReach[8]->StateText(), "out of the model's range");
+    EXPECT_EQ(Form().lblReach[2]->StateText(), "");
+    // By the 9.69 dB that the field strength at 10 km lies below 32 dB(µV/m).
+    EXPECT_EQ(Form().lblPower[0].Caption(), "232.7");
+    EXPECT_EQ(Form().lblPower[0].BackColor(), White);
+    Form().txtWanted.SetText("300");
+    EXPECT_EQ(Reach(0, 2), "under 0.100");
+    Form().txtWanted.SetText("-300");
+    EXPECT_EQ(Reach(0, 2), "over 300.000");
+    Form().txtWanted.SetText("32");
+    SetPower("1000000");
+    EXPECT_EQ(Reach(0, 0), "119.522");
+    SetPower("25");
+    Main().txthb.SetText("2000");
+    EXPECT_NE(Reach(0, 2), "5.196");
+    Main().txthb.SetText("45");
+    Main().mnuUnitsEnglish.Pick();
+    EXPECT_EQ(Reach(0, 2), "3.229") << "miles";
+    EXPECT_EQ(Form().lblReachHead.Caption(), "Reach in miles at % of locations");
+    Main().txthm.SetText("");
+    EXPECT_EQ(Reach(0, 2), "-");
+    EXPECT_THAT(Form().lblProblem.Caption(), HasSubstr("main window"));
+}
+
+TEST_F(Tools, WhatIsWantedAsAReceivedPowerOrALoss) {
+    Form().cmbWanted.SetText("Received power");
+    Form().txtGain.SetText("2.15");
+    Form().txtCable.SetText("3");
+    Form().txtWanted.SetText("-97.871292");  // 32 dB(µV/m) less 77.2 + 20 log 390 - 2.15 + 3
+    EXPECT_EQ(Reach(0, 2), "5.196");
+    Form().cmbWanted.SetText("Path loss");
+    Form().txtWanted.SetText("130");
+    EXPECT_EQ(Form().lblPower[0].Caption(), "-");
+    Form().cmbWanted.SetText("Received power");
+    for (TextBox* box : {&Form().txtGain, &Form().txtPercent[1]}) {
+        const std::string good = box->Text();
+        box->SetText("2 dBi");
+        EXPECT_FALSE(box->BackColor() == White);
+        EXPECT_EQ(Reach(0, 0), "-");
+        EXPECT_FALSE(Form().cmdAdd.Enabled());
+        box->SetText(good);
+        EXPECT_TRUE(box->BackColor() == White);
+    }
+    EXPECT_THAT(platform.TakeMessages(), testing::IsEmpty());
+}
+
+TEST_F(Tools, TheTableGoesToTheLogTheClipboardAndTheMap) {
+    Form().cmdAdd.Press();
+    EXPECT_THAT(
+        Log().Text(),
+        HasSubstr("Reach with 32 dB(µV/m): 390 MHz, hb 45 m, hm 1.5 m, Suburban, 25 W "
+                  "e.r.p., 50 % of time\r\n  ITU 529: 11.933 km at 50 % of locations, 6.266 "
+                  "km at 90 % of locations, 5.196 km at 95 % of locations\r\n"));
+    Form().cmdCopy.Press();
+    EXPECT_THAT(platform.clipboardText,
+                HasSubstr("\nITU 529\t11.933\t\t6.266\t\t5.196\t\t232.7\t134.5\n"));
+    EXPECT_THAT(platform.clipboardCsv, HasSubstr("\r\nCost 231,14.799,out of the model's range,"));
+    EXPECT_FALSE(Form().cmdMap.Enabled());
+    Form().txtLatitude.SetText("52 30 N");
+    Form().txtLongitude.SetText("190");
+    EXPECT_FALSE(Form().cmdMap.Enabled());
+    Form().txtLongitude.SetText("13.4");
+    platform.saveChoice = SaveChoice{platform.folder.Path("r.kml"), 2};
+    Form().cmdMap.Press();
+    std::stringstream saved;
+    saved << std::ifstream(platform.folder.Path("r.kml")).rdbuf();
+    EXPECT_THAT(saved.str(), HasSubstr("<name>ITU 529, 95 % of locations</name>"));
+    EXPECT_THAT(saved.str(), HasSubstr("<Data name=\"distance_km\"><value>5.196</value>"));
+}
+
+TEST_F(Tools, SettingsComeBack) {
+    Form().txtWanted.SetText("40");
+    Form().txtPercent[0].SetText("70");
+    Form().cmbWanted.SetText("Path loss");
+    Main().Unload();
+    EXPECT_EQ(platform.store["Vardel/Reach/Value"], "40");
+    Program again(platform.Services());
+    again.Start();
+    EXPECT_EQ(again.ReachForm->txtWanted.Text(), "40");
+    EXPECT_EQ(again.ReachForm->txtPercent[0].Text(), "70");
+    EXPECT_EQ(again.ReachForm->cmbWanted.Text(), "Path loss");
+}
+
+TEST_F(Tools, ANumberIsExplained) {
+    Main().mnuToolsExplain.Pick();
+    ExplainForm& explain = *program.ExplainForm;
+    explain.cmbModel.SetText("Cost 231");
+    const std::string& text = explain.lblTerms.Caption();
+    EXPECT_THAT(text, HasSubstr("\nFrequency                          + 33.9 log f"));
+    EXPECT_THAT(text, HasSubstr("− (2 (log(f / 28))² + 5.4)"));
+    EXPECT_THAT(text, HasSubstr("Sum"));
+    EXPECT_THAT(text, HasSubstr("Frequency 390 MHz, where the model covers 1500 to 2000 MHz\n"));
+    explain.cmdCopy.Press();
+    EXPECT_THAT(platform.clipboardText, HasSubstr("Cost 231: 10 km, 390 MHz, hb 45 m"));
+    Main().txtFreq.SetText("1800");
+    EXPECT_THAT(explain.lblTerms.Caption(), HasSubstr("The inputs are in the model's range."));
+}
+
+}  // namespace
+}  // namespace vardel
