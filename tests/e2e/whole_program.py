@@ -175,7 +175,7 @@ class WholeProgram(unittest.TestCase):
         user.keys("ctrl+r")
         user.wait_for_window("Reach")
         user.type("32")
-        user.keys("alt+a", "Escape")
+        user.keys("alt+a", "Escape")  # in haste
         user.wait_until_gone("Reach")
         self.exit()
         self.assertIn("5.196 km at 95 % of locations", user.log_text())

@@ -126,8 +126,14 @@ FormWindow& QtPlatform::WindowOf(Form& form) {
     return *window;
 }
 
+// Closed, the window gives the keyboard back to the one that it came up over.
 void QtPlatform::Show(Form& form) {
     FormWindow& window = WindowOf(form);
+    QPointer<QWidget> before(QApplication::activeWindow());
+    if (before && before != &window)
+        window.SetOnHidden([before] {
+            if (before && before->isVisible()) before->activateWindow();
+        });
     window.show();
     window.activateWindow();
 }

@@ -82,6 +82,22 @@ private:
     bool allSelected_ = false;  // when the focus was borrowed
 };
 
+// The key of a button presses it at once. By itself it would be clicked a tenth of a second later,
+// and not at all where the next key closes the window.
+class ButtonKeyFilter : public QObject {
+public:
+    explicit ButtonKeyFilter(QAbstractButton& button) : QObject(&button) {
+        button.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            return false;
+        static_cast<QAbstractButton*>(watched)->click();
+        return true;
+    }
+};
+
 class MouseFilter : public QObject {
 public:
     MouseFilter(Label& label, Alive alive, QObject& parent)
@@ -292,6 +308,7 @@ void Binder::BindLabel(Label& label, QLabel& widget, Pace pace, std::function<vo
 }
 
 void Binder::Bind(Button& button, QAbstractButton& widget) {
+    new ButtonKeyFilter(widget);
     widget.setPalette(QApplication::palette());  // not the colours of the form behind it
     Show(button, [this, &button, &widget] {
         BindCommon(button, widget);
