@@ -12,6 +12,7 @@
 #include "services/Files.h"
 #include "support/RunningProgram.h"
 #include "support/Shell.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 namespace {
@@ -104,6 +105,29 @@ TEST_F(ArchiveRunTest, AnotherReaderFindsEveryFieldAndPoint) {
         ExpectCurve(dump, std::string("curve|2|") + name + " - Suburban||991|15857|0", model,
                     suburban, 100);
     EXPECT_EQ(Line(dump), "");
+}
+
+// Computed by hand, where the models differ.
+TEST_F(ArchiveRunTest, EachCurveIsThatOfItsLegend) {
+    const auto archived = [](PlotForm& form, Button& button) {
+        form.txtFreq.SetText("900");
+        form.txthb.SetText("250");
+        button.Press();
+    };
+    program.GraphForm->lblBaseAntenna.Click.Raise();
+    archived(*program.GraphForm, program.GraphForm->cmdArchiveData);
+    program.FrmOkumFieldStrength->lblPower.Click.Raise();
+    archived(*program.FrmOkumFieldStrength, program.FrmOkumFieldStrength->cmdAddToArchive);
+    std::istringstream dump = Dump();
+    std::vector<std::string> at60Km;
+    for (std::string line, legend; std::getline(dump, line);) {
+        if (line.starts_with("curve|")) legend = line.substr(8, line.rfind(" Urban|") - 8);
+        if (std::abs(std::strtod(line.c_str(), nullptr) - 60.0) < 1e-6)
+            at60Km.push_back(legend + ' ' +
+                             FormatNumber(std::strtod(Line(dump).c_str(), nullptr), "0.000"));
+    }
+    EXPECT_THAT(at60Km, ElementsAre("ITU 529 175.159", "Davidson 178.687", "Cost 231 174.775",
+                                    "ITU 529 - 23.296", "Davidson - 19.758", "Cost 231 - 23.670"));
 }
 
 TEST_F(ArchiveRunTest, WithoutAnArchiveOrANumberNothingIsStored) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -210,6 +211,24 @@ TEST_F(StartAndExit, AKilledProgramsLogIsTakenUpAndAnUnreadableOneSetAside) {
     second.Start();
     EXPECT_NE(second.TempLogFile, file);
     EXPECT_EQ(second.FrmReport->rtbLog.Text(), Header());
+}
+
+TEST_F(StartAndExit, OfSeveralKilledProgramsLogsTheYoungestIsTakenUp) {
+    const std::string state = platform.folder.Path("state/");
+    std::filesystem::create_directory(state);
+    for (const auto& [name, minutes] : {std::pair("loga", 2), {"logb", 1}, {"logc", 3}}) {
+        const std::string file = state + name + ".rtf";
+        ReplaceFile(file, std::string("{\\rtf1 of ") + name + '}');
+        std::filesystem::last_write_time(
+            file, std::filesystem::file_time_type::clock::now() - std::chrono::minutes(minutes));
+    }
+    ReplaceFile(state + "logd.rtf", "");  // the youngest, but nothing was saved to it
+    Start();
+    EXPECT_EQ(Log(), "of logb");
+    EXPECT_FALSE(FileExists(state + "logd.rtf"));
+    Program second(platform.Services());
+    second.Start();
+    EXPECT_EQ(second.FrmReport->rtbLog.Text(), "of loga");
 }
 
 TEST_F(StartAndExit, TheEndOfTheSessionSavesWithoutAQuestion) {
