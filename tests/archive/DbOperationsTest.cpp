@@ -15,6 +15,7 @@
 namespace vardel {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr int Points = 991;
@@ -59,17 +60,23 @@ TEST(DbOperations, ARunCanBeSeenRowByRowAndNoLockStays) {
     Archiving archiving;
     const std::string path = archiving.NewArchive("runs.mdb");
     dbOperations& operations = archiving.operations;
-    const double values[] = {1, 2};
+    const double x[] = {1, 2}, y[] = {3, 4}, z[] = {5, 6};
     operations.OpenArchive(path);
     EXPECT_EQ(operations.CurrentRunId, -1);
     operations.AddModelRun("m", "p", "c", {2026, 3, 9, 14, 5, 6}, 3);
     EXPECT_EQ(operations.CurrentRunId, 1);
     EXPECT_EQ(operations.ModelRunRecords.CurrentRow(), 1);
     EXPECT_EQ(Ask(path, "SELECT Date_Time FROM ModelRun"), "2026-03-09 14:05:06");
-    operations.AddDataSet(1, "three", "c", 2, 3, values, values, values);
-    operations.AddDataSet(1, "none", "c", 2, 4, values, values, values);
-    EXPECT_EQ(Ask(path, "SELECT length(DataSet) FROM DataSets WHERE Legend = 'three'"), "49");
+    operations.AddDataSet(1, "three", "c", 1, 3, x, y, z);
+    operations.AddDataSet(1, "none", "c", 2, 4, x, y, z);
+    EXPECT_EQ(Ask(path, "SELECT hex(DataSet) FROM DataSets WHERE Legend = 'three'"),
+              "000000000000F03F0000000000000840000000000000144000");
     EXPECT_EQ(Ask(path, "SELECT DataSet IS NULL FROM DataSets WHERE Legend = 'none'"), "1");
+    for (const int count : {-1, 3}) {
+        operations.AddDataSet(1, "short", "c", count, 2, x, y, z);
+        EXPECT_THAT(archiving.platform.TakeMessages(),
+                    ElementsAre("A data set has fewer points than its point count"));
+    }
     operations.CloseArchive();
     Change(path, "BEGIN EXCLUSIVE; DELETE FROM ModelRun; COMMIT");
     archiving.StoreRun(path, "next");
@@ -189,6 +196,12 @@ TEST(DbOperations, AKeyWithoutASequenceIsNumberedToo) {
     archiving.StoreRun(path, "second");
     EXPECT_THAT(archiving.platform.TakeMessages(), IsEmpty());
     EXPECT_EQ(Ask(path, "SELECT group_concat(ID || Parameters) FROM ModelRun"), "1first,2second");
+    Change(path, "UPDATE ModelRun SET ID = 2147483646 WHERE ID = 2");
+    archiving.StoreRun(path, "last");
+    EXPECT_EQ(archiving.operations.CurrentRunId, 2147483647);
+    archiving.StoreRun(path, "one more");
+    EXPECT_EQ(archiving.platform.TakeMessages().at(0),
+              "The archive has no number left for another run");
 }
 
 pid_t Elsewhere(const std::function<int()>& program) {

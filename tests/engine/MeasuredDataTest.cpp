@@ -57,6 +57,8 @@ TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
         {"", 1, "the file is empty.", 0},
         {"\n\r\n,,\n", 1, "the file is empty.", 0},
         {"0,1,1,U,1,2,30", 1, "the file ends where a base antenna height should follow.", 0},
+        {"0,1,1,\"\",1", 1, "the file ends where the number of base antenna heights should follow.",
+         0},
         {Complete + "0,450,0.5\n\n\n", 4, "the file ends where the area should follow.", 1},
         {Complete + "3,70\r\n", 4, "the file ends where a field strength should follow.", 0},
         {"0,1,1,U,1\n0,1,5,5", 2, NoCount, 0},

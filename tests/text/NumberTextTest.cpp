@@ -41,6 +41,7 @@ TEST(NumberText, ShortestText) {
         {0.5, "0.5"}, {12.5, "12.5"}, {100, "100"}, {-3, "-3"}, {-0.0, "0"}, {0.1 + 0.2, "0.3"}};
     for (const auto& [x, text] : cases) EXPECT_EQ(ShortestText(x), text);
     EXPECT_EQ(ShortestText(2.0 / 3.0), "0.666666666666667");
+    EXPECT_EQ(ShortestText(-std::numeric_limits<double>::infinity()), "-inf");
     EXPECT_EQ(ShortestText(1e-12), "0.000000000001");
     EXPECT_EQ(ShortestText(1e15), "1000000000000000");
 }
@@ -61,6 +62,7 @@ TEST(NumberText, TextToNumber) {
         EXPECT_EQ(LeadingNumber(text), x) << text;
         EXPECT_EQ(WholeTextNumber(text), x) << text;
     }
+    EXPECT_EQ(WholeTextNumber(std::string_view("12.5", 2)), 12);
     const std::pair<std::string_view, double> leadingOnly[] = {
         {"12abc", 12}, {"1 2", 12}, {"1,5", 1},           {"1.2.3", 1.2},
         {"12e", 12},   {"", 0},     {"   ", 0},           {"-", 0},
@@ -92,6 +94,7 @@ TEST(NumberText, CommaLocaleChangesNothing) {
     EXPECT_EQ(FixedWidthNumber("-0012.30"), "  -12.3");
     EXPECT_EQ(LeadingNumber("1234.5 km"), 1234.5);
     EXPECT_EQ(WholeTextNumber("1234.5"), 1234.5);
+    EXPECT_EQ(LeadingNumber("2.5e400"), std::numeric_limits<double>::max());
     EXPECT_EQ(WholeTextNumber("12,5"), std::nullopt);
     EXPECT_EQ(FormatDateTime({2024, 1, 5, 13, 7}), "01/05/2024 01:07 pm");
     std::locale::global(before);  // and the C library's with it

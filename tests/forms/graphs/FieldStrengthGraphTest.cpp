@@ -82,6 +82,10 @@ TEST_F(FieldStrengthGraphs, FamiliesOfEachModelAtBothDistances) {
         EXPECT_EQ(TheChart().Title[1].Text, c.title);
         EXPECT_EQ(Shown(), with(c.at100, free100)) << c.title;
         EXPECT_EQ(TheChart().Legend.Text, FamilyLegend);
+        std::vector<Color> colors;
+        for (int i = 0; i < 6; ++i) colors.push_back(Graph().CTWXfs.Series(i).LineColor);
+        EXPECT_THAT(colors, ElementsAre(Color{0, 128, 0}, Color{255, 0, 0}, Color{0, 0, 180},
+                                        Color{255, 0, 255}, Color{0, 0, 0}, Color{0, 200, 200}));
         EXPECT_EQ(TheChart().Axis[0].MajorStep, 10);
         Plot300();
         EXPECT_EQ(Shown(), with(c.at300, free300)) << c.title;
@@ -180,6 +184,7 @@ TEST_F(FieldStrengthGraphs, ModelsChangeAtOnceAndDistancesWithTheNextPlot) {
         EXPECT_TRUE(Graph().txthb.Enabled());
         EXPECT_TRUE(Graph().mnuModelCompare.Checked());
         EXPECT_FALSE(Graph().mnuModelOkum529FS.Checked());
+        EXPECT_FALSE(Graph().mnuModelCost231.Checked());
         EXPECT_FALSE(IsGood()) << "though the plot has taken in all the inputs";
         Graph().cmdUpdateGraph.Press();
         EXPECT_TRUE(IsGood());

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "forms/graphs/ChartText.h"
 #include "forms/graphs/GraphForm.h"
 #include "models/ModCalculations.h"
 #include "services/Files.h"
@@ -78,7 +79,7 @@ TEST_F(LossGraph, EveryPointIsAModelsValue) {
         }
     EXPECT_EQ(series[0].X[0], 1.0);
     EXPECT_EQ(series[3].X[0], 0.1);
-    EXPECT_NEAR(series[3].Y[9], 32.5 + 53.0643, 1e-4) << "free space at 1 km";
+    EXPECT_NEAR(series[3].Y[99], 32.5 + 53.0643 + 20.0, 1e-4) << "free space at 10 km";
 }
 
 TEST_F(LossGraph, ScalesAndTitles) {
@@ -90,6 +91,8 @@ TEST_F(LossGraph, ScalesAndTitles) {
               "Freq: 450.0MHz,  Antenna Mobile Height: 4.9213m,  Antenna Base Height: 328.084m,"
               "  Area: Urban, City Size: Small/Medium");
     const auto& [x, y] = TheChart().Axis;
+    EXPECT_EQ(x.Title + '/' + y.Title, "Distance (Km)/dB");
+    EXPECT_EQ(x.Minimum, 0);
     EXPECT_EQ(x.Maximum, 100);
     EXPECT_EQ(x.MajorStep, 10);
     EXPECT_EQ(y.Minimum, 50);
@@ -101,6 +104,30 @@ TEST_F(LossGraph, ScalesAndTitles) {
     EXPECT_THAT(TheChart().Title[2].Text, testing::EndsWith(",  Area: Open"));
     EXPECT_EQ(x.Maximum, 300);
     EXPECT_EQ(x.MajorStep, 50);
+}
+
+// The range ends between 2 and 2.5 km; the second curve is short of that.
+TEST_F(LossGraph, TheChartInWords) {
+    Chart& chart = Graph().CTWX1;
+    const double x[] = {1, 2, 2.5, 4}, y[] = {10.5, 20, 30, 40};
+    chart.SetSeriesData(0, "", x, y, 2);
+    chart.SetSeriesData(1, "", x + 2, y + 2, 2);
+    chart.SetSeriesData(2, "", x, y, 2);
+    chart.Series(1).Continued = true;
+    chart.Series(1).LineStyle = 3;
+    chart.Series(2).LineStyle = chart.Series(3).Visible = false;
+    const std::string head = "Distance (Km): ";
+    EXPECT_THAT(ChartReadout(chart, 1.5),
+                ElementsAre(head + "1.5", "ITU 529: 15.25 dB", "Cost 231: 15.25 dB"));
+    EXPECT_THAT(ChartReadout(chart, 2.3),
+                ElementsAre(head + "2.3", "Davidson: 26.00 dB (out of range)"));
+    EXPECT_THAT(ChartReadout(chart, 3.1),
+                ElementsAre(head + "3.1", "Davidson: 34.00 dB (out of range)"));
+    EXPECT_THAT(ChartCsv(chart),
+                testing::EndsWith("\n# value: dB\ncurve,distance_km,value,in_range\n"
+                                  "ITU 529,1,10.5,yes\nITU 529,2,20,yes\n"
+                                  "Davidson,2.5,30,no\nDavidson,4,40,no\n"
+                                  "Cost 231,1,10.5,yes\nCost 231,2,20,yes\n"));
 }
 
 TEST_F(LossGraph, BoxRules) {

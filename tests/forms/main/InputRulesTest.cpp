@@ -210,6 +210,7 @@ TEST_F(InputRules, AHeldModelNameTellsItsRange) {
         {&MainForm::lblLDavidson, "450", "10", "25", "1.5", "txthb "},
         {&MainForm::lblLITU529, "1500", "100", "30", "10", ""},
         {&MainForm::lblLCost231, "1500", "1", "200", "1", ""},
+        {&MainForm::lblLCost231, "2000", "100", "30", "10", ""},
         {&MainForm::lblLDavidson, "1500", "300", "2500", "10", ""},
         {&MainForm::lblLITU529, "149", "100.1", "201", "11", "txtFreq txtDist txthb txthm "},
         {&MainForm::lblLDavidson, "450", "0.9", "x", "0.9", "txtDist txthb txthm "},

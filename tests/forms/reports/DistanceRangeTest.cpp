@@ -247,6 +247,14 @@ TEST_F(DistanceRange, RestartsDoNotNest) {
     Range().cmdLogDistRange.Press();
     EXPECT_THAT(Distances(),
                 ElementsAre("       1", "       2", "       1", "       2", "       3", ""));
+
+    platform.yields = 0;
+    AtYield(2, [this] {
+        Main().txtFreq.SetText("x");
+        Range().cmdLogDistRange.Press();
+    });
+    Range().cmdLogDistRange.Press();
+    EXPECT_TRUE(Range().txtStart.Visible()) << "for what refused the restart";
 }
 
 TEST_F(DistanceRange, TheEndOfTheSessionOrOfTheProgramEndsTheRun) {
