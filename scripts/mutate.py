@@ -45,7 +45,8 @@ OPERATORS = [
     (" && ", " || "), (" || ", " && "), ("++", "--"), ("--", "++"),
 ]
 NO_BEHAVIOUR = re.compile(r"\s*(#|static_assert|assert|using |namespace |template |class |struct )"
-                          r"|.*\b(reserve|friend|operator)\b")
+                          r"|.*\b(reserve|friend|operator)\b"
+                          r"|\s*[\w:<>]+&? \w+\((const|double|int|std::\w+) ")  # a function's head
 LITERAL = re.compile(r'"(?:\\.|[^"\\])*"' r"|(?<![0-9A-Fa-f])'(?:\\.|[^'\\])+'" r"|//.*")
 NUMBER = re.compile(r"(?<![\w.])(?:0x[0-9A-F]+|\d+(?:\.\d+)?)(?=(?:e-?\d+)?U?(?![\w.]))")
 ARGUMENTS = re.compile(r"(?<=[(,{ ])([\w.]+(?:\(\))?), ([\w.]+(?:\(\))?)(?=[,)}])")

@@ -106,28 +106,31 @@ TEST_F(LossGraph, ScalesAndTitles) {
     EXPECT_EQ(x.MajorStep, 50);
 }
 
-// The range ends between 2 and 2.5 km; the second curve is short of that.
+// The range of the first curve ends between 2 and 2.5 km.
 TEST_F(LossGraph, TheChartInWords) {
     Chart& chart = Graph().CTWX1;
     const double x[] = {1, 2, 2.5, 4}, y[] = {10.5, 20, 30, 40};
     chart.SetSeriesData(0, "", x, y, 2);
     chart.SetSeriesData(1, "", x + 2, y + 2, 2);
-    chart.SetSeriesData(2, "", x, y, 2);
+    chart.SetSeriesData(2, "", x, y, 4);
     chart.Series(1).Continued = true;
     chart.Series(1).LineStyle = 3;
     chart.Series(2).LineStyle = chart.Series(3).Visible = false;
     const std::string head = "Distance (Km): ";
     EXPECT_THAT(ChartReadout(chart, 1.5),
                 ElementsAre(head + "1.5", "ITU 529: 15.25 dB", "Cost 231: 15.25 dB"));
-    EXPECT_THAT(ChartReadout(chart, 2.3),
-                ElementsAre(head + "2.3", "Davidson: 26.00 dB (out of range)"));
-    EXPECT_THAT(ChartReadout(chart, 3.1),
-                ElementsAre(head + "3.1", "Davidson: 34.00 dB (out of range)"));
+    EXPECT_THAT(
+        ChartReadout(chart, 2.3),
+        ElementsAre(head + "2.3", "Davidson: 26.00 dB (out of range)", "Cost 231: 26.00 dB"));
+    EXPECT_THAT(
+        ChartReadout(chart, 3.1),
+        ElementsAre(head + "3.1", "Davidson: 34.00 dB (out of range)", "Cost 231: 34.00 dB"));
     EXPECT_THAT(ChartCsv(chart),
                 testing::EndsWith("\n# value: dB\ncurve,distance_km,value,in_range\n"
                                   "ITU 529,1,10.5,yes\nITU 529,2,20,yes\n"
                                   "Davidson,2.5,30,no\nDavidson,4,40,no\n"
-                                  "Cost 231,1,10.5,yes\nCost 231,2,20,yes\n"));
+                                  "Cost 231,1,10.5,yes\nCost 231,2,20,yes\n"
+                                  "Cost 231,2.5,30,yes\nCost 231,4,40,yes\n"));
 }
 
 TEST_F(LossGraph, BoxRules) {
