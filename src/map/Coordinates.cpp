@@ -42,7 +42,8 @@ char PlainCharacter(char32_t c) {
 std::string PlainText(std::string_view text) {
     std::string plain;
     while (!text.empty()) plain += PlainCharacter(TakeUtf8(text));
-    for (std::size_t at; (at = plain.find("''")) != plain.npos;) plain.replace(at, 2, "\"");
+    for (std::size_t at = plain.find("''"); at != plain.npos; at = plain.find("''"))
+        plain.replace(at, 2, "\"");
     return plain;
 }
 
