@@ -52,6 +52,12 @@ TEST_F(Wiring, EachResultHasItsLabelAndItsColumn) {
     range.txtEnd.SetText("60");
     range.cmdLogDistRange.Press();
     EXPECT_EQ(Log().Text(), columns + "\r\n\r\n");
+
+    Main().txtPctTime.SetText("10");
+    Main().txtPctLoc.SetText("90");
+    Main().cmdLossCalc.Press();
+    EXPECT_EQ(Main().lblDavidson.Caption(), "185.69");
+    EXPECT_THAT(LastLine(), testing::HasSubstr(" 10% 90% "));
 }
 
 TEST_F(Wiring, EachCurveIsThatOfItsName) {

@@ -14,8 +14,9 @@ TEST(Utf8, TakenAndAppended) {
         {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", U"\u0800\uD7FF\uE000\uFFFF"},
         {"\xF0\x90\x80\x80\xF0\x9D\x84\x9E\xF4\x8F\xBF\xBF", U"\U00010000\U0001D11E\U0010FFFF"},
         {"\x80\xC1\xBF", U"\uFFFD\uFFFD\uFFFD"},
+        {"\xF1\x80\x80\x80", U"\U00040000"},
         {"\xE0\x9F\xBF\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xF0\x8F\xBF\xBF", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xED\xBF\xBF\xF0\x8F\xBF\xBF", U"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
         {"\xF4\x90\x80\x80\xF8", U"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
         {std::string_view("\xC3\xA9", 1), U"\uFFFD"},  // what lies behind a text is none of it
     };

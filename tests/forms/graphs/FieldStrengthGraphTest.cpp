@@ -26,11 +26,14 @@ protected:
     }
     // From the main form's menu, as a user opens it.
     void WhileOpen(MenuItem& entry, const std::function<void()>& action) {
+        bool shown = false;
         platform.whileShown["FrmOkumFieldStrength"] = [&] {
+            shown = true;
             action();
             Graph().CloseByFrame();
         };
         entry.Pick();
+        EXPECT_TRUE(shown);
         EXPECT_FALSE(program.FrmOkumFieldStrength.Loaded());
     }
     void Plot300() {
@@ -117,7 +120,7 @@ TEST_F(FieldStrengthGraphs, EveryPointIsTheModelsAtTheFamilysHeight) {
             EXPECT_EQ(curve.Y[i], Cost231FieldStrength(in)) << hb << ' ' << i;
         }
     EXPECT_EQ(TheChart().AllSeries()[0].X[9], 0.9999999999999999);
-    EXPECT_EQ(TheChart().AllSeries()[6].Y[0], 107.0) << "free space at 1 km knows no power";
+    EXPECT_NEAR(TheChart().AllSeries()[6].Y[90], 87.0, 1e-9) << "free space at 10 km, no power";
     PowerWatts = 1000.0;
 }
 
@@ -203,6 +206,8 @@ TEST_F(FieldStrengthGraphs, ModelsChangeAtOnceAndDistancesWithTheNextPlot) {
         EXPECT_EQ(Graph().txthm.Text(), "1.0");
     });
     EXPECT_EQ(Main().txthm.Text(), "1.0");
+    WhileOpen(Main().mnuOkumGraphFieldStrength,
+              [&] { EXPECT_TRUE(Graph().mnuModelPalvernFS.Checked()); });
 }
 
 TEST_F(FieldStrengthGraphs, PowerGoesToTheMainFormAtOnce) {

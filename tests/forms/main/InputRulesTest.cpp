@@ -178,12 +178,16 @@ TEST_F(InputRules, TheUnitSwitchChangesWhatIsShownAndNotThePhysics) {
     EXPECT_TRUE(Main().mnuUnitsMetric.Checked());
     EXPECT_EQ(Main().Label12.Caption(), "Km");
 
-    Main().txthb.SetText("tall");
-    Main().mnuUnitsEnglish.Pick();
-    EXPECT_EQ(Boxes(), "10.0 tall 1.5");
-    EXPECT_TRUE(Main().mnuUnitsMetric.Checked());
-    EXPECT_EQ(Main().MousePointer(), Form::Pointer::Normal);
-    EXPECT_EQ(platform.TakeMessages().size(), 1U);
+    for (TextBox* box : {&Main().txthb, &Main().txthm, &Main().txtDist}) {
+        Main().mnuFileNew.Pick();
+        box->SetText("tall");
+        const std::string before = Boxes();
+        Main().mnuUnitsEnglish.Pick();
+        EXPECT_EQ(Boxes(), before);
+        EXPECT_TRUE(Main().mnuUnitsMetric.Checked());
+        EXPECT_EQ(Main().MousePointer(), Form::Pointer::Normal);
+        EXPECT_EQ(platform.TakeMessages().size(), 1U);
+    }
 }
 
 TEST_F(InputRules, TheProgramMayBeClosedAtEachYieldOfASwitch) {

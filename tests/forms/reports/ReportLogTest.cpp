@@ -53,6 +53,7 @@ TEST_F(ReportLog, ASessionSurvivesInItsFile) {
     Main().cmdLossCalc.Press();
     const RichText saved = Log().Content();
     Window().mnuFileClearLog.Pick();
+    EXPECT_THAT(Log().Text(), testing::EndsWith("T%  L% Units    Watts    Date      Time\r\n"));
     EXPECT_EQ(Log().Content().Stretches().at(0).style, (TextStyle{true, false, true}));
     Main().cmdLossCalc.Press();
     EXPECT_NE(*ReadRtf(*ReadWholeFile(program.TempLogFile)), saved);
