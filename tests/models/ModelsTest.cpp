@@ -180,6 +180,20 @@ TEST(ModelRanges, Edges) {
         EXPECT_FALSE(ModelInRange(c.model, c.f, c.hb, c.hm, c.d, "Open")) << &c - outside;
 }
 
+TEST(ModelRanges, TellWhichLimitIsBroken) {
+    const auto text = [](ModelNumber model, const ModelInputs& in) {
+        std::string all;
+        for (const BrokenLimit& limit : BrokenLimits(model, in))
+            all += limit.quantity + (' ' + std::to_string(std::lround(limit.value))) + limit.unit +
+                   " over " + std::to_string(std::lround(limit.high)) + '\n';
+        return all;
+    };
+    EXPECT_EQ(text(ModelNumber::Us, {900, 700, 100, 3.5, "Open", ""}),
+              "Product of the heights 350m² over 300\nDistance 700km over 600\n");
+    EXPECT_EQ(text(ModelNumber::Itu529, {900, 50, 210, 11, "Open", ""}),
+              "Height of base antenna 210m over 200\nHeight of mobile antenna 11m over 10\n");
+}
+
 TEST(FormulaTerms, AddUpToTheResult) {
     for (const Model& model : Models) {
         for (const double d : {5.0, 50.0, 120.0}) {
