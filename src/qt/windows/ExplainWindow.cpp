@@ -37,7 +37,6 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     terms->setMargin(Margin / 2);
     terms->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     terms->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    terms->setAccessibleName("Terms");
     binder.Bind(form.lblTerms, *terms);
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
