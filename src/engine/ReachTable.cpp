@@ -1,6 +1,7 @@
 #include "engine/ReachTable.h"
 
 #include "engine/LinkBudget.h"
+#include "engine/PathText.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -22,12 +23,9 @@ Goal GoalOf(const Wanted& wanted, const PathInputs& path) {
     return Goal::FieldStrength(wanted.value, path.powerWatts);
 }
 
-std::string Number(double x, const char* pattern) { return FormatNumber(x, pattern); }
-
-std::string Distance(double km, Units units) { return Number(km / KmPerDistance(units), "0.000"); }
-
-const char* DistanceUnit(Units units) { return units == Units::English ? "miles" : "km"; }
-const char* HeightUnit(Units units) { return units == Units::English ? "ft" : "m"; }
+std::string Distance(double km, Units units) {
+    return FormatNumber(km / KmPerDistance(units), "0.000");
+}
 
 // Text of the table in cells, its head first.
 using Cells = std::vector<std::vector<std::string>>;
@@ -112,18 +110,18 @@ std::string ReachRemark(const Reach& reach) {
 
 std::string PowerCellText(const ReachTable& table, const ReachTable::Row& row) {
     if (table.wanted.kind == Wanted::Kind::PathLoss || !row.power) return "-";
-    return Number(row.power->watts, row.power->watts < 10.0 ? "0.000" : "0.0");
+    return FormatNumber(row.power->watts, row.power->watts < 10.0 ? "0.000" : "0.0");
 }
 
 std::string HeightCellText(const ReachTable& table, const ReachTable::Row& row) {
     const double factor = MetresPerHeight(table.path.units);
     switch (row.height.outcome) {
         case NeededHeight::Outcome::Never:
-            return "over " + Number(HighestMast / factor, "0.0");
+            return "over " + FormatNumber(HighestMast / factor, "0.0");
         case NeededHeight::Outcome::Lowest:
-            return "under " + Number(LowestMast / factor, "0.0");
+            return "under " + FormatNumber(LowestMast / factor, "0.0");
         case NeededHeight::Outcome::Found:
-            return Number(row.height.metres / factor, "0.0");
+            return FormatNumber(row.height.metres / factor, "0.0");
         case NeededHeight::Outcome::Invalid:
             break;
     }
@@ -142,21 +140,6 @@ std::string WantedText(const Wanted& wanted) {
             break;
     }
     return value + " dB(µV/m)";
-}
-
-std::string DistanceText(const PathInputs& path) {
-    return ShortestText(path.distance) + ' ' + DistanceUnit(path.units);
-}
-
-std::string PercentText(double percentage) { return ShortestText(percentage) + " %"; }
-
-std::string PathText(const PathInputs& path) {
-    const std::string height = std::string(" ") + HeightUnit(path.units);
-    std::string text = ShortestText(path.frequency) + " MHz, hb " + ShortestText(path.hb) + height +
-                       ", hm " + ShortestText(path.hm) + height + ", " + path.area;
-    if (Trimmed(path.area) == "Urban") text += ", " + path.city;
-    return text + ", " + ShortestText(path.powerWatts) + " W e.r.p., " + PercentText(path.pctTime) +
-           " of time";
 }
 
 std::string ReachLines(const ReachTable& table) {

@@ -50,11 +50,8 @@ std::string HeightCellText(const ReachTable& table, const ReachTable::Row& row);
 // nothing.
 std::string ReachRemark(const Reach& reach);
 
-// The inputs in words, for people; the path without its distance and percentage of locations.
+// In words, for people.
 std::string WantedText(const Wanted& wanted);
-std::string PathText(const PathInputs& path);
-std::string DistanceText(const PathInputs& path);
-std::string PercentText(double percentage);
 
 // The whole table: lines for the log, columns apart by tabs, and RFC 4180 with units in its heads.
 std::string ReachLines(const ReachTable& table);

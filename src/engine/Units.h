@@ -14,4 +14,7 @@ constexpr double MetresPerHeight(Units units) {
     return units == Units::English ? MetresPerFoot : 1.0;
 }
 
+constexpr const char* DistanceUnit(Units units) { return units == Units::English ? "miles" : "km"; }
+constexpr const char* HeightUnit(Units units) { return units == Units::English ? "ft" : "m"; }
+
 }  // namespace vardel

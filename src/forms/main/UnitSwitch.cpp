@@ -60,8 +60,8 @@ void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool engl
         form.english.SetChecked(english);
     }
     for (const UnitControls& form : forms) {
-        form.hbUnit.SetCaption(english ? "ft" : "m");
-        form.hmUnit.SetCaption(english ? "ft" : "m");
+        form.hbUnit.SetCaption(HeightUnit(english ? Units::English : Units::Metric));
+        form.hmUnit.SetCaption(HeightUnit(english ? Units::English : Units::Metric));
     }
     main.Label12.SetCaption(english ? "miles" : "Km");
 }

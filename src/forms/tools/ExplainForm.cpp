@@ -1,7 +1,7 @@
 #include "forms/tools/ExplainForm.h"
 
 #include "engine/Explanation.h"
-#include "engine/ReachTable.h"
+#include "engine/PathText.h"
 #include "forms/Doors.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"

@@ -1,5 +1,6 @@
 #include "forms/tools/ReachForm.h"
 
+#include "engine/PathText.h"
 #include "forms/Doors.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
@@ -48,21 +49,27 @@ std::optional<double> Read(TextBox& box, double low, double high, const char* ru
     return std::nullopt;
 }
 
-// In the form that people type: "52 30 12 N". Empty where the host has none.
-std::string HostCoordinate(const Registry& registry, const std::string& degrees,
-                           const std::string& direction) {
-    const auto text = [&registry](const std::string& name) {
-        const GlobalValue value = registry.QuorneGlobalValue(name);
+void ShowCell(Label& cell, const std::string& text, const std::string& remark, bool marked) {
+    cell.SetCaption(text);
+    cell.SetBackColor(marked ? OutOfRangePink : White);
+    cell.SetStateText(remark);
+    cell.SetToolTipText(remark);
+}
+
+// The transmitter's latitude or longitude, in the form that people type: "52 30 12 N". Empty where
+// the host has none.
+std::string HostCoordinate(const Registry& registry, const std::string& name,
+                           const char* degreesFormat, const char* directions) {
+    const auto text = [&](const std::string& part) {
+        const GlobalValue value = registry.QuorneGlobalValue("Tx" + name + part);
         const auto* held = std::get_if<std::string>(&value);
         return held != nullptr ? std::string(Trimmed(*held)) : std::string();
     };
-    if (text("Tx" + degrees).empty()) return {};
-    const std::string end = direction.substr(0, 3);  // Lat or Lon
-    std::string coordinate = text("Tx" + degrees);
+    std::string coordinate = text(std::string("Deg_") + degreesFormat);
+    if (coordinate.empty()) return {};
     for (const char* part : {"Min_MM", "Sec_SS"})
-        if (const std::string more = text("Tx" + end + part); !more.empty())
-            coordinate += ' ' + more;
-    return coordinate + ' ' + text("Tx" + direction);
+        if (const std::string more = text(part); !more.empty()) coordinate += ' ' + more;
+    return coordinate + ' ' + text(std::string("H_") + directions);
 }
 
 }  // namespace
@@ -116,8 +123,8 @@ void ReachForm::Form_Load() {
 
 void ReachForm::FillStation() {
     const Registry registry(GetPlatform().settings);
-    const std::string latitude = HostCoordinate(registry, "LatDeg_DD", "LatH_NS");
-    const std::string longitude = HostCoordinate(registry, "LonDeg_DDD", "LonH_EW");
+    const std::string latitude = HostCoordinate(registry, "Lat", "DD", "NS");
+    const std::string longitude = HostCoordinate(registry, "Lon", "DDD", "EW");
     if (!ParseLatitude(latitude) || !ParseLongitude(longitude)) return;
     txtLatitude.SetText(latitude);
     txtLongitude.SetText(longitude);
@@ -198,44 +205,42 @@ void ReachForm::BringUpToDate() {
 }
 
 void ReachForm::ShowTable() {
-    const bool english = doors_.MainForm->mnuUnitsEnglish.Checked();
+    const Units units = doors_.MainForm->mnuUnitsEnglish.Checked() ? Units::English : Units::Metric;
     const std::string distance =
-        std::string(Trimmed(doors_.MainForm->txtDist.Text())) + (english ? " miles" : " km");
-    lblReachHead.SetCaption(std::string("Reach in ") + (english ? "miles" : "km") +
-                            " at % of locations");
+        std::string(Trimmed(doors_.MainForm->txtDist.Text())) + ' ' + DistanceUnit(units);
+    lblReachHead.SetCaption(std::string("Reach in ") + DistanceUnit(units) + " at % of locations");
     lblPowerHead.SetCaption("W e.r.p. for " + distance);
-    lblHeightHead.SetCaption(std::string("hb in ") + (english ? "ft" : "m") + " for " + distance);
-    const auto show = [](Label& label, const std::string& text, const std::string& remark,
-                         bool marked) {
-        label.SetCaption(text);
-        label.SetBackColor(marked ? OutOfRangePink : White);
-        label.SetStateText(remark);
-        label.SetToolTipText(remark);
-    };
-    const char* const outOfRange = "out of the model's range";
+    lblHeightHead.SetCaption(std::string("hb in ") + HeightUnit(units) + " for " + distance);
     for (std::size_t i = 0; i < ComparedModels.size(); ++i) {
-        const ReachTable::Row* row = table_ ? &table_->rows.at(i) : nullptr;
-        for (std::size_t k = 0; k < ReachPercentages; ++k) {
-            Label& label = *lblReach.at(i * ReachPercentages + k);
-            if (row == nullptr) {
-                show(label, "-", "", false);
-                continue;
-            }
-            const Reach& reach = row->reaches.at(k);
-            show(label, ReachText(reach, table_->path.units) + (reach.Again() ? " +" : ""),
-                 ReachRemark(reach), reach.outcome != Reach::Outcome::Invalid && !reach.inRange);
-        }
-        const bool powerOut = row != nullptr && row->power && !row->power->inRange;
-        show(lblPower.at(i), row != nullptr ? PowerCellText(*table_, *row) : "-",
-             powerOut ? outOfRange : "", powerOut);
-        const bool heightOut = row != nullptr &&
-                               row->height.outcome != NeededHeight::Outcome::Invalid &&
-                               !row->height.inRange;
-        show(lblHeight.at(i), row != nullptr ? HeightCellText(*table_, *row) : "-",
-             heightOut ? outOfRange : "", heightOut);
+        if (table_)
+            ShowRow(i, table_->rows.at(i));
+        else
+            ShowNoRow(i);
     }
     cmdAdd.SetEnabled(table_.has_value());
     cmdCopy.SetEnabled(table_.has_value());
+}
+
+void ReachForm::ShowRow(std::size_t i, const ReachTable::Row& row) {
+    const char* const outOfRange = "out of the model's range";
+    for (std::size_t k = 0; k < ReachPercentages; ++k) {
+        const Reach& reach = row.reaches.at(k);
+        ShowCell(*lblReach.at(i * ReachPercentages + k),
+                 ReachText(reach, table_->path.units) + (reach.Again() ? " +" : ""),
+                 ReachRemark(reach), reach.outcome != Reach::Outcome::Invalid && !reach.inRange);
+    }
+    const bool powerOut = row.power && !row.power->inRange;
+    ShowCell(lblPower.at(i), PowerCellText(*table_, row), powerOut ? outOfRange : "", powerOut);
+    const bool heightOut =
+        row.height.outcome != NeededHeight::Outcome::Invalid && !row.height.inRange;
+    ShowCell(lblHeight.at(i), HeightCellText(*table_, row), heightOut ? outOfRange : "", heightOut);
+}
+
+void ReachForm::ShowNoRow(std::size_t i) {
+    for (std::size_t k = 0; k < ReachPercentages; ++k)
+        ShowCell(*lblReach.at(i * ReachPercentages + k), "-", "", false);
+    ShowCell(lblPower.at(i), "-", "", false);
+    ShowCell(lblHeight.at(i), "-", "", false);
 }
 
 // Empty boxes are no mistake: a map may not be wanted.
@@ -244,14 +249,14 @@ void ReachForm::CheckStation() {
     const auto longitude = ParseLongitude(txtLongitude.Text());
     Mark(txtLatitude, latitude || txtLatitude.Text().empty(), "no latitude from -90 to 90");
     Mark(txtLongitude, longitude || txtLongitude.Text().empty(), "no longitude from -180 to 180");
-    cmdMap.SetEnabled(table_ && latitude && longitude);
+    station_.reset();
+    if (latitude && longitude) station_ = Place{*latitude, *longitude};
+    cmdMap.SetEnabled(table_ && station_);
 }
 
 void ReachForm::cmdMap_Click() {
-    const auto latitude = ParseLatitude(txtLatitude.Text());
-    const auto longitude = ParseLongitude(txtLongitude.Text());
-    if (!table_ || !latitude || !longitude) return;
-    const Coverage coverage = CoverageOf(*table_, {*latitude, *longitude});
+    if (!table_ || !station_) return;
+    const Coverage coverage = CoverageOf(*table_, *station_);
     if (coverage.rings.empty()) {
         GetPlatform().windows.ShowMessage(
             {.text = "By no model is what is wanted met anywhere: there is no ring to save."});

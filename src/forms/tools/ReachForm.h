@@ -7,6 +7,7 @@
 
 #include "controls/Controls.h"
 #include "engine/ReachTable.h"
+#include "map/Coordinates.h"
 
 namespace vardel {
 
@@ -74,10 +75,13 @@ private:
     std::optional<std::array<double, ReachPercentages>> ReadPercentages(std::string& problem);
     void ShowHeads();
     void ShowTable();
+    void ShowRow(std::size_t i, const ReachTable::Row& row);
+    void ShowNoRow(std::size_t i);
     void CheckStation();
 
     Doors& doors_;
     std::optional<ReachTable> table_;  // none while something is wrong
+    std::optional<Place> station_;     // none while the boxes hold no place
 };
 
 }  // namespace vardel

@@ -282,9 +282,10 @@ void Binder::Bind(Label& label, QLabel& widget, Pace pace) {
     BindLabel(label, widget, pace, [] {});
 }
 
-void Binder::BindValue(Label& value, QLabel& widget, const std::string& what, const Label& unit) {
-    BindLabel(value, widget, Pace::AtOnce, [&value, &widget, &unit, what = ToQt(what)] {
-        const QString shown = ToQt(value.Caption() + ' ' + unit.Caption()).simplified();
+void Binder::BindValue(Label& value, QLabel& widget, const std::string& what, const Label* unit) {
+    BindLabel(value, widget, Pace::AtOnce, [&value, &widget, unit, what = ToQt(what)] {
+        const QString shown =
+            ToQt(value.Caption() + (unit != nullptr ? ' ' + unit->Caption() : "")).simplified();
         widget.setAccessibleName(value.Caption().empty() ? what : what + ": " + shown);
     });
 }

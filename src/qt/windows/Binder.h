@@ -39,8 +39,8 @@ public:
     // The list becomes one that can be typed into.
     void Bind(TextComboBox& list, QComboBox& combo);
     void Bind(Label& label, QLabel& widget, Pace pace = Pace::AtOnce);
-    // A screen reader hears what the value is of, the value and its unit.
-    void BindValue(Label& value, QLabel& widget, const std::string& what, const Label& unit);
+    // A screen reader hears what the value is of, the value and its unit, if it has one.
+    void BindValue(Label& value, QLabel& widget, const std::string& what, const Label* unit);
     void Bind(Button& button, QAbstractButton& widget);
     void Bind(Frame& frame, QGroupBox& group);
     void Bind(Line& line, QFrame& widget);

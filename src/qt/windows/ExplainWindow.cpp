@@ -26,9 +26,7 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     auto* models = MakeList(form.cmbModel);
     AddInput(form.lblModel, *models, nullptr, *grid, 0, 0);
     grid->setColumnStretch(2, 1);
-    auto* path = AddLabel(form.lblPath, *grid, 1, 0, {});
-    grid->removeWidget(path);
-    grid->addWidget(path, 1, 0, 1, 3);
+    grid->addWidget(MakeLabel(form.lblPath), 1, 0, 1, 3);
 
     auto* terms = new QLabel;
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);

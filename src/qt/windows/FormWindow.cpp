@@ -82,9 +82,14 @@ void FormWindow::AddMenuBar() {
 
 QLabel* FormWindow::AddLabel(Label& label, QGridLayout& grid, int row, int column,
                              Qt::Alignment alignment) {
+    QLabel* widget = MakeLabel(label);
+    grid.addWidget(widget, row, column, alignment);
+    return widget;
+}
+
+QLabel* FormWindow::MakeLabel(Label& label) {
     auto* widget = new QLabel;
     if (labelFont_ == LabelFont::Bold) MakeBold(*widget);
-    grid.addWidget(widget, row, column, alignment);
     binder.Bind(label, *widget);
     // The ground shows as it is, with what a frame shades it by.
     if (label.BackColor() == form_->BackColor()) widget->setAutoFillBackground(false);

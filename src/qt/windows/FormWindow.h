@@ -40,6 +40,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
     // Makers of the widgets that forms are laid out of, tied to their controls.
+    QLabel* MakeLabel(Label& label);
     QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
                      Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
     // A caption, the widget that it names, and the unit behind it, from the column on.

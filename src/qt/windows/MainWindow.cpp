@@ -113,8 +113,7 @@ QWidget* MainWindow::MakeInputs(MainForm& form) {
     grid->addWidget(calculate, 2, Third, 1, 2);
     PressByEnter(*calculate);
 
-    auto* range = AddLabel(form.lblHelpRange, *grid, 3, 0, {});
-    grid->removeWidget(range);
+    auto* range = MakeLabel(form.lblHelpRange);
     grid->addWidget(range, 3, 0, 1, grid->columnCount());
     range->setMinimumHeight(range->fontMetrics().height() + 4);
 
@@ -127,10 +126,9 @@ QWidget* MainWindow::MakeInputs(MainForm& form) {
 }
 
 void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int row) {
-    auto* head = AddLabel(labels.head, grid, row, 0, {});
+    auto* head = MakeLabel(labels.head);
     head->setAlignment(Qt::AlignCenter);
     head->setMargin(6);
-    grid.removeWidget(head);
     grid.addWidget(head, row, 0, 2, 1);
     for (std::size_t i = 0; i < labels.models.size(); ++i) {
         const int column = 2 + 3 * static_cast<int>(i);
@@ -141,7 +139,7 @@ void MainWindow::AddResultRow(const ResultRow& labels, QGridLayout& grid, int ro
         value->setMinimumWidth(WidthOf(*value, 18));
         binder.BindValue(*labels.values[i], *value,
                          labels.head.Caption() + ", " + labels.models[i]->Caption(),
-                         *labels.units[i]);
+                         labels.units[i]);
         grid.addWidget(value, row + 1, column);
         AddLabel(*labels.units[i], grid, row + 1, column + 1);
         grid.setColumnStretch(column, 1);

@@ -8,7 +8,6 @@
 #include <QPushButton>
 
 #include "forms/tools/ReachForm.h"
-#include "qt/services/Convert.h"
 #include "qt/windows/ResultLabel.h"
 
 namespace vardel {
@@ -26,9 +25,7 @@ ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
     auto* column = new QVBoxLayout(center);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(Margin);
-    auto* path = new QLabel;
-    binder.Bind(form.lblPath, *path);
-    path->setAutoFillBackground(false);
+    auto* path = MakeLabel(form.lblPath);
     path->setWordWrap(true);
     column->addWidget(path);
     column->addWidget(MakeWanted(form));
@@ -55,8 +52,7 @@ QWidget* ReachWindow::MakeWanted(ReachForm& form) {
         ->setMinimumWidth(panel->fontMetrics().horizontalAdvance("dB(µV/m)"));
     AddInput(form.lblGain, *MakeBox(form.txtGain, BoxWidth), &form.lblGainUnit, *grid, 1, 1);
     AddInput(form.lblCable, *MakeBox(form.txtCable, BoxWidth), &form.lblCableUnit, *grid, 1, 4);
-    auto* problem = AddLabel(form.lblProblem, *grid, 2, 0, {});
-    grid->removeWidget(problem);
+    auto* problem = MakeLabel(form.lblProblem);
     grid->addWidget(problem, 2, 0, 1, 8);
     problem->setMinimumHeight(problem->fontMetrics().height() + 4);
     MakeBold(*problem);
@@ -64,11 +60,11 @@ QWidget* ReachWindow::MakeWanted(ReachForm& form) {
     return panel;
 }
 
-void ReachWindow::AddCell(Label& cell, const QString& what, QGridLayout& grid, int row,
+void ReachWindow::AddCell(Label& cell, const std::string& what, QGridLayout& grid, int row,
                           int column) {
     auto* widget = new ResultLabel(CellWidth);
     widget->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-    binder.BindValue(cell, *widget, FromQt(what), cell);
+    binder.BindValue(cell, *widget, what, nullptr);
     grid.addWidget(widget, row, column);
 }
 
@@ -79,14 +75,12 @@ QWidget* ReachWindow::MakeTable(ReachForm& form) {
     grid->setSpacing(Gap);
     const int percentages = static_cast<int>(ReachPercentages);
     const int power = percentages + 1, height = power + 1;
-    auto* head = AddLabel(form.lblReachHead, *grid, 0, 1, {});
-    grid->removeWidget(head);
+    auto* head = MakeLabel(form.lblReachHead);
     grid->addWidget(head, 0, 1, 1, percentages);
     head->setAlignment(Qt::AlignCenter);
     for (const auto& [label, column] :
          {std::pair(&form.lblPowerHead, power), std::pair(&form.lblHeightHead, height)}) {
-        auto* widget = AddLabel(*label, *grid, 0, column, {});
-        grid->removeWidget(widget);
+        auto* widget = MakeLabel(*label);
         grid->addWidget(widget, 0, column, 2, 1);
         widget->setAlignment(Qt::AlignCenter);
         widget->setWordWrap(true);
@@ -99,11 +93,11 @@ QWidget* ReachWindow::MakeTable(ReachForm& form) {
     }
     for (std::size_t row = 0; row < form.lblModel.size(); ++row) {
         const int at = 2 + static_cast<int>(row);
-        const QString model = ToQt(form.lblModel.at(row).Caption());
+        const std::string& model = form.lblModel.at(row).Caption();
         AddLabel(form.lblModel.at(row), *grid, at, 0);
         for (std::size_t i = 0; i < ReachPercentages; ++i)
             AddCell(*form.lblReach.at(row * ReachPercentages + i),
-                    model + ", reach, column " + QString::number(i + 1), *grid, at,
+                    model + ", reach, column " + std::to_string(i + 1), *grid, at,
                     1 + static_cast<int>(i));
         AddCell(form.lblPower.at(row), model + ", power needed", *grid, at, power);
         AddCell(form.lblHeight.at(row), model + ", base height needed", *grid, at, height);

@@ -16,7 +16,7 @@ private:
     QWidget* MakeTable(ReachForm& form);
     QWidget* MakeMap(ReachForm& form);
     QWidget* MakeButtons(ReachForm& form);
-    void AddCell(Label& cell, const QString& what, QGridLayout& grid, int row, int column);
+    void AddCell(Label& cell, const std::string& what, QGridLayout& grid, int row, int column);
 };
 
 }  // namespace vardel

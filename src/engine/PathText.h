@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "engine/PathInputs.h"
+
+// A path in words, for people, in its own units.
+
+namespace vardel {
+
+std::string DistanceText(const PathInputs& path);
+std::string PercentText(double percentage);
+// All but the distance and the percentage of locations.
+std::string PathText(const PathInputs& path);
+
+}  // namespace vardel
