@@ -14,6 +14,7 @@
 
 #include "forms/Program.h"
 #include "forms/main/MainForm.h"
+#include "forms/tools/ReachForm.h"
 #include "qt/services/QtPlatform.h"
 
 namespace vardel {
@@ -312,6 +313,23 @@ TEST_F(MainWindowTest, ClosingTheFrameUnloadsTheForm) {
     QApplication::exec();
     EXPECT_EQ(shownText, "Retain Output Log?");
     EXPECT_FALSE(program.MainForm.Loaded());
+}
+
+TEST_F(MainWindowTest, WhatIsMarkedInPinkIsToldAndTakenBack) {
+    Main().txtFreq.SetText("1800");
+    Main().mnuToolsReach.Pick();
+    QWidget& window = platform.WindowOf(*program.ReachForm);
+    auto* cell = window.findChild<QLabel*>("lblReach(0)");
+    EXPECT_EQ(cell->accessibleName(), "ITU 529, reach, column 1: " + cell->text());
+    EXPECT_EQ(cell->accessibleDescription(), "out of the model's range");
+    Main().txtFreq.SetText("450");
+    EXPECT_EQ(cell->accessibleDescription(), "");
+    auto* wanted = window.findChild<QLineEdit*>("txtWanted");
+    QTest::keyClicks(wanted, "x");
+    EXPECT_EQ(wanted->accessibleDescription(), "The wanted value is a number from -300 to 400.");
+    QTest::keyClick(wanted, Qt::Key_Backspace);
+    QTest::keyClicks(wanted, "40");
+    EXPECT_EQ(wanted->accessibleDescription(), "");
 }
 
 }  // namespace

@@ -184,6 +184,17 @@ void SetColors(QWidget& widget, const Control& control) {
     if (widget.palette() != colors) widget.setPalette(colors);
 }
 
+// What tells a screen reader the state of a control, and what described the widget before once it
+// has none.
+std::function<void()> StateTeller(const Control& control, QWidget& widget) {
+    return [&control, &widget, told = std::string(), before = QString()]() mutable {
+        if (control.StateText() == told) return;
+        if (told.empty()) before = widget.accessibleDescription();
+        told = control.StateText();
+        widget.setAccessibleDescription(told.empty() ? before : ToQt(told));
+    };
+}
+
 }  // namespace
 
 Binder::Binder() = default;
@@ -212,9 +223,10 @@ void Binder::BindCommon(Control& control, QWidget& widget) {
 }
 
 void Binder::Bind(TextBox& box, QLineEdit& edit) {
-    Show(box, [this, &box, &edit] {
+    Show(box, [this, &box, &edit, tellState = StateTeller(box, edit)] {
         BindCommon(box, edit);
         SetColors(edit, box);
+        tellState();
         const QString text = ToQt(box.Text());
         if (edit.text() != text) edit.setText(text);
     });
@@ -298,12 +310,12 @@ void Binder::BindLabel(Label& label, QLabel& widget, Pace pace, std::function<vo
     };
     showCaption();
     Show(label, [this, &label, &widget, captionChanged = AtPace(pace, widget, showCaption),
-                 alsoShow = std::move(alsoShow)] {
+                 alsoShow = std::move(alsoShow), tellState = StateTeller(label, widget)] {
         BindCommon(label, widget);
         SetColors(widget, label);
         captionChanged();
         alsoShow();
-        if (!label.StateText().empty()) widget.setAccessibleDescription(ToQt(label.StateText()));
+        tellState();
     });
     widget.installEventFilter(new MouseFilter(label, alive_, widget));
 }
