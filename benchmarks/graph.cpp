@@ -32,7 +32,7 @@ void CallForEachPoint(int model, ModelFunction function, ModelInputs in, double 
 }
 
 void ComputePlot(benchmark::State& state) {
-    for (auto _ : state) benchmark::DoNotOptimize(LossPlot(Inputs, 300.0));
+    for (auto _ : state) benchmark::DoNotOptimize(PlotOf(LossCurves(Inputs), 300.0));
 }
 BENCHMARK(ComputePlot)->Unit(benchmark::kMicrosecond);
 
@@ -46,7 +46,7 @@ BENCHMARK(ComputePlot_loop)->Unit(benchmark::kMicrosecond);
 void ComputeFamily(benchmark::State& state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(
-            FieldStrengthPlot(FieldStrengthGraph::Itu529, Inputs, 1000.0, 300.0));
+            PlotOf(FieldStrengthCurves(FieldStrengthGraph::Itu529, Inputs, 1000.0), 300.0));
 }
 BENCHMARK(ComputeFamily)->Unit(benchmark::kMicrosecond);
 

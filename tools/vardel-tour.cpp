@@ -132,6 +132,16 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     reach.txtLatitude.SetText("52 30 12 N");
     reach.txtLongitude.SetText("13.4");
     bool good = TakeModalPicture(platform, reach, pictures, "reach");
+    program.FieldStrengthThreshold.shown = program.LossThreshold.shown = true;
+    for (const auto& [graph, name] :
+         {std::pair(vardel::FieldStrengthGraph::Comparison, "reach-graph"),
+          std::pair(vardel::FieldStrengthGraph::Itu529, "reach-graph-family")}) {
+        program.GraphMode = graph;
+        good &= TakeModalPicture(platform, *program.FrmOkumFieldStrength, pictures, name);
+    }
+    program.GraphForm->BringUpToDate();
+    good &= TakeModalPicture(platform, *program.GraphForm, pictures, "reach-graph-loss");
+    program.FieldStrengthThreshold.shown = program.LossThreshold.shown = false;
     vardel::ReachForm& wrong = *program.ReachForm;
     wrong.cmbWanted.SetText("Received power");
     wrong.txtWanted.SetText("-97");

@@ -8,7 +8,7 @@ namespace vardel {
 
 namespace {
 
-constexpr double NearestFieldPoint = 0.1;  // km, of the models' curves
+constexpr const char* FreeSpace = "Free Space";
 constexpr Color LossFreeSpaceColor{40, 40, 40};
 constexpr Color FamilyFreeSpaceColor{200, 200, 200};
 constexpr Color ComparisonFreeSpaceColor{0, 0, 0};
@@ -49,14 +49,14 @@ std::vector<double> Stretch(const std::vector<double>& points, int from, int cou
 }
 
 // A stretch ends one point before the range changes, and the next begins at that point.
-void AddModelCurve(CurvePlot& plot, CurveData curve, const std::string& name, Color color) {
+void AddModelCurve(CurvePlot& plot, CurveData curve, const GraphCurves::Curve& of) {
     bool inRange = curve.InRangeAtStart;
     const auto add = [&](bool continued, std::vector<double> distances,
                          std::vector<double> values) {
-        plot.push_back({.curve = name,
+        plot.push_back({.curve = of.name,
                         .continued = continued,
                         .pattern = inRange ? LinePattern::InRange : LinePattern::OutOfRange,
-                        .color = color,
+                        .color = of.color,
                         .distances = std::move(distances),
                         .values = std::move(values)});
     };
@@ -72,58 +72,69 @@ void AddModelCurve(CurvePlot& plot, CurveData curve, const std::string& name, Co
     }
 }
 
-void AddFreeSpace(CurvePlot& plot, CurveData curve, Color color) {
-    plot.push_back({.curve = "Free Space",
+void AddFreeSpace(CurvePlot& plot, CurveData curve, const GraphCurves::Curve& of) {
+    plot.push_back({.curve = of.name,
                     .pattern = LinePattern::FreeSpace,
-                    .color = color,
+                    .color = of.color,
                     .distances = std::move(curve.Distances),
                     .values = std::move(curve.Values)});
 }
 
-CurvePlot HeightFamily(const Model& model, ModelInputs in, double powerWatts, double maxDist) {
-    CurvePlot plot;
+void AddHeightFamily(GraphCurves& graph, const Model& model, ModelInputs in) {
     for (const auto& [height, color] : HeightCurves) {
         in.hb = height;
-        AddModelCurve(plot,
-                      ModelCurve(model, Quantity::FieldStrength, in, powerWatts,
-                                 {NearestFieldPoint, maxDist}),
-                      "hb=" + FormatNumber(height, "####") + "m", color);
+        graph.curves.push_back(
+            {"hb=" + FormatNumber(height, "####") + "m", &model, in, color, CurveStep});
     }
-    AddFreeSpace(plot, FreeSpaceFieldCurve({1.0, maxDist}), FamilyFreeSpaceColor);
-    return plot;
 }
 
-CurvePlot FieldComparison(const ModelInputs& in, double powerWatts, double maxDist) {
-    CurvePlot plot;
+void AddComparedModels(GraphCurves& graph, const ModelInputs& in, double from) {
     for (const ModelNumber number : ComparedModels) {
         const Model& model = ModelOf(number);
-        AddModelCurve(plot,
-                      ModelCurve(model, Quantity::FieldStrength, in, powerWatts,
-                                 {NearestFieldPoint, maxDist}),
-                      number == ModelNumber::Davidson ? "OkHat Dav" : model.name, ColorOf(model));
+        graph.curves.push_back({model.name, &model, in, ColorOf(model), from});
     }
-    AddFreeSpace(plot, FreeSpaceFieldCurve({1.0, maxDist}), ComparisonFreeSpaceColor);
-    return plot;
 }
 
 }  // namespace
 
-CurvePlot LossPlot(const ModelInputs& in, double maxDist) {
-    CurvePlot plot;
-    for (const ModelNumber number : ComparedModels) {
-        const Model& model = ModelOf(number);
-        AddModelCurve(plot, ModelCurve(model, Quantity::Loss, in, 0.0, {1.0, maxDist}), model.name,
-                      ColorOf(model));
-    }
-    AddFreeSpace(plot, FreeSpaceLossCurve(in.f, {CurveStep, maxDist}), LossFreeSpaceColor);
-    return plot;
+GraphCurves LossCurves(const ModelInputs& in) {
+    GraphCurves graph;
+    AddComparedModels(graph, in, 1.0);
+    graph.curves.push_back({FreeSpace, nullptr, in, LossFreeSpaceColor, CurveStep});
+    return graph;
 }
 
-CurvePlot FieldStrengthPlot(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts,
-                            double maxDist) {
-    if (graph == FieldStrengthGraph::Comparison) return FieldComparison(in, powerWatts, maxDist);
-    const ModelNumber model = PlottedModels.at(static_cast<std::size_t>(graph)).model;
-    return HeightFamily(ModelOf(model), in, powerWatts, maxDist);
+GraphCurves FieldStrengthCurves(FieldStrengthGraph which, const ModelInputs& in,
+                                double powerWatts) {
+    GraphCurves graph{Quantity::FieldStrength, powerWatts, {}};
+    const bool compares = which == FieldStrengthGraph::Comparison;
+    if (compares) {
+        AddComparedModels(graph, in, CurveStep);
+        for (GraphCurves::Curve& curve : graph.curves)
+            if (curve.model->number == ModelNumber::Davidson) curve.name = "OkHat Dav";
+    } else {
+        AddHeightFamily(graph, ModelOf(PlottedModels.at(static_cast<std::size_t>(which)).model),
+                        in);
+    }
+    graph.curves.push_back(
+        {FreeSpace, nullptr, in, compares ? ComparisonFreeSpaceColor : FamilyFreeSpaceColor, 1.0});
+    return graph;
+}
+
+CurvePlot PlotOf(const GraphCurves& graph, double maxDist) {
+    CurvePlot plot;
+    for (const GraphCurves::Curve& curve : graph.curves) {
+        const CurveSpan span{curve.from, maxDist};
+        if (curve.model != nullptr)
+            AddModelCurve(
+                plot, ModelCurve(*curve.model, graph.quantity, curve.in, graph.powerWatts, span),
+                curve);
+        else if (graph.quantity == Quantity::Loss)
+            AddFreeSpace(plot, FreeSpaceLossCurve(curve.in.f, span), curve);
+        else
+            AddFreeSpace(plot, FreeSpaceFieldCurve(span), curve);
+    }
+    return plot;
 }
 
 const char* TitleOf(FieldStrengthGraph graph) {

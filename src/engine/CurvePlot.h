@@ -36,12 +36,28 @@ enum class FieldStrengthGraph : int {
     Comparison = 4
 };
 
+// The curves of a graph, before they are computed.
+struct GraphCurves {
+    struct Curve {
+        std::string name;
+        const Model* model;  // null: free space
+        ModelInputs in;
+        Color color;
+        double from;  // where it begins, km
+    };
+
+    Quantity quantity = Quantity::Loss;
+    double powerWatts = 0.0;  // e.r.p., of field strengths
+    std::vector<Curve> curves;
+};
+
 // The losses of the models that are compared, and of free space.
-CurvePlot LossPlot(const ModelInputs& in, double maxDist);
+GraphCurves LossCurves(const ModelInputs& in);
 // Field strengths, and free space last.
-CurvePlot FieldStrengthPlot(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts,
-                            double maxDist);
+GraphCurves FieldStrengthCurves(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts);
 const char* TitleOf(FieldStrengthGraph graph);
+
+CurvePlot PlotOf(const GraphCurves& curves, double maxDist);
 
 // Measured values over the rest; without any, none.
 void AddMeasured(CurvePlot& plot, const MeasuredSegment& segment, int column);

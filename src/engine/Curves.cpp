@@ -77,14 +77,17 @@ CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& i
     return curve;
 }
 
+double FreeSpaceLossAt1Km(double f) { return 32.5 + 20.0 * Log10(f); }
+
 CurveData FreeSpaceLossCurve(double f, const CurveSpan& span) {
-    return FreeCurve(span, [head = 32.5 + 20.0 * Log10(f)](const DistanceGrid::Point& at) {
+    return FreeCurve(span, [head = FreeSpaceLossAt1Km(f)](const DistanceGrid::Point& at) {
         return head + 20.0 * at.Log();
     });
 }
 
 CurveData FreeSpaceFieldCurve(const CurveSpan& span) {
-    return FreeCurve(span, [](const DistanceGrid::Point& at) { return 107.0 - 20.0 * at.Log(); });
+    return FreeCurve(
+        span, [](const DistanceGrid::Point& at) { return FreeSpaceFieldAt1Km - 20.0 * at.Log(); });
 }
 
 }  // namespace vardel

@@ -35,9 +35,11 @@ struct CurveData {
 CurveData ModelCurve(const Model& model, Quantity quantity, const ModelInputs& in,
                      double powerWatts, const CurveSpan& span);
 
-// Free space, which knows no range: the loss in dB at f in MHz.
+// Free space, which knows no range: the loss in dB at f in MHz, 20 dB more each ten times as far.
+double FreeSpaceLossAt1Km(double f);
 CurveData FreeSpaceLossCurve(double f, const CurveSpan& span);
 // The field strength in dB(µV/m) of 1 kW e.r.p., whatever the power.
+constexpr double FreeSpaceFieldAt1Km = 107.0;
 CurveData FreeSpaceFieldCurve(const CurveSpan& span);
 
 }  // namespace vardel

@@ -98,6 +98,18 @@ Reach ReachOf(const Model& model, const ModelInputs& in, const Goal& goal) {
     return reach;
 }
 
+Reach FreeSpaceReach(double f, const Goal& goal) {
+    if (!IsPositive(f) || !std::isfinite(goal.value)) return {};
+    const double decibels = goal.quantity == Quantity::Loss ? goal.value - FreeSpaceLossAt1Km(f)
+                                                            : FreeSpaceFieldAt1Km - goal.value;
+    const double km = std::min(std::pow(10.0, decibels / 20.0), FarthestReach);
+    std::vector<Stretch> served;
+    if (km >= ShortestReach) served.push_back({ShortestReach, km});
+    Reach reach = ReachOfServed(std::move(served));
+    reach.inRange = true;
+    return reach;
+}
+
 NeededHeight BaseHeightFor(const Model& model, const ModelInputs& in, const Goal& goal) {
     if (!AreValid(in, goal) || !IsPositive(in.d)) return {};
     ModelInputs at = in;

@@ -49,6 +49,9 @@ struct Reach {
 // How far the goal is met, whatever in.d is. Safe on any thread.
 Reach ReachOf(const Model& model, const ModelInputs& in, const Goal& goal);
 
+// The same in free space at f in MHz. Its field strength is that of 1 kW, whatever the power.
+Reach FreeSpaceReach(double f, const Goal& goal);
+
 // Base heights are looked at between the limits of a calculation, see RefusalOf.
 constexpr double LowestMast = 20.0;     // m
 constexpr double HighestMast = 2500.0;  // m

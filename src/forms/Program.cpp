@@ -40,7 +40,7 @@ Program::Program(Platform services)
           .AboutForm{[this] { return Make<vardel::AboutForm>(platform); }},
           .FrmPrintOut{[this] { return Make<vardel::FrmPrintOut>(platform, *this); }},
           .frmPrinterSelect{[this] { return Make<vardel::frmPrinterSelect>(platform); }},
-          .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this); }},
+          .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this, *this); }},
           .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
       } {}

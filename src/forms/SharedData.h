@@ -13,6 +13,12 @@ namespace vardel {
 class Chart;
 class Form;
 
+// A level that graphs show a line for, once the user asks for it.
+struct GraphThreshold {
+    double value;  // dB, or dB(µV/m)
+    bool shown = false;
+};
+
 // The data that several forms share, one of each to a program.
 struct SharedData {
     // How often the session was said to end, which may be called off. Whoever waits for an answer
@@ -22,10 +28,12 @@ struct SharedData {
     std::string ArchiveFile;  // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;
     FieldStrengthGraph GraphMode = FieldStrengthGraph::Davidson;
-    bool ShowMeasuredData = false;           // whether graphs lay measured data over their curves
-    Form* HelpOwnerWindow = nullptr;         // whom the help viewer belongs to
-    Chart* ChartToPrint = nullptr;           // what FrmPrintOut works on
-    Color OutOfRangeColor = OutOfRangePink;  // of what its model does not cover
+    bool ShowMeasuredData = false;  // whether graphs lay measured data over their curves
+    GraphThreshold LossThreshold{140.0};
+    GraphThreshold FieldStrengthThreshold{32.0};
+    Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to
+    Chart* ChartToPrint = nullptr;                               // what FrmPrintOut works on
+    Color OutOfRangeColor = OutOfRangePink;                      // of what its model does not cover
     vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box
 };
 

@@ -186,6 +186,33 @@ TEST_F(GraphWindowTest, MeasuredPointsAreToldApart) {
     form.Unload();
 }
 
+// 143.13 dB is the model's loss at 10 km.
+TEST_F(GraphWindowTest, TheThresholdLineIsDraggedAndGoesIntoEveryFile) {
+    WhileOpen([&] {
+        const auto y = [&](double value) {
+            return QPoint(Plot().axisRect()->center().x(),
+                          qRound(Plot().yAxis->coordToPixel(value)));
+        };
+        Graph().Threshold().mnuToolsThreshold.Pick();
+        QApplication::processEvents();
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+        const QCPRange shown = Plot().yAxis->range();
+        const QPoint to = y(150.0);
+        QTest::mousePress(&Plot(), Qt::LeftButton, {}, y(140.0) + QPoint(0, 3));
+        QTest::mouseMove(&Plot(), to);
+        QTest::mouseRelease(&Plot(), Qt::LeftButton, {}, to);
+        EXPECT_EQ(Plot().yAxis->range(), shown) << "neither moved nor drawn at its own scales";
+        EXPECT_NEAR(Graph().CTWX1.Threshold()->Value, 150.0, 0.5);
+        QTest::keyClick(&Plot(), Qt::Key_Down, Qt::ControlModifier);
+        EXPECT_NEAR(Graph().CTWX1.Threshold()->Value, 149.0, 0.5);
+        Graph().Threshold().txtThreshold.SetText("143.1324");
+        EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains("ITU 529: 10.00"));
+        EXPECT_TRUE(ChartAsMetafile(Graph().CTWX1).contains("ITU 529: 10.00"));
+        Graph().Threshold().mnuToolsThreshold.Pick();
+        EXPECT_FALSE(ChartAsSvg(Graph().CTWX1).contains("ITU 529: 10.00"));
+    });
+}
+
 TEST_F(GraphWindowTest, FilesOfEveryKind) {
     WhileOpen([&] {
         EXPECT_EQ(QImage::fromData(ChartAsPng(Graph().CTWX1)).size(), QSize(2700, 1800));

@@ -8,7 +8,7 @@ namespace vardel {
 
 Chart::Chart(Form& form, std::string name, std::string title, std::string xTitle,
              std::string yTitle)
-    : Control(form, std::move(name)) {
+    : Control(form, std::move(name)), ThresholdMove(form) {
     Title[0].Text = std::move(title);
     Axis[0].Title = std::move(xTitle);
     Axis[1].Title = std::move(yTitle);
@@ -26,6 +26,11 @@ void Chart::SetSeriesData(int index, std::string label, const double* x, const d
     series.Label = std::move(label);
     series.X.assign(x, x + count);
     series.Y.assign(y, y + count);
+}
+
+void Chart::MoveThreshold(double value) {
+    wantedThreshold_ = value;
+    ThresholdMove.Raise();
 }
 
 void Chart::CopyToClipboard() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,23 @@ struct ChartLegend {
     int AttributeB = 0;
 };
 
+// A level across the chart, and where curves cross it.
+struct ChartThreshold {
+    struct Crossing {
+        double X;
+        Color LineColor;
+        std::string Text;
+        bool operator==(const Crossing&) const = default;
+    };
+
+    double Value = 0.0;
+    std::string Text;                    // of the line
+    bool Falling = false;                // whether curves go down across it
+    std::vector<Crossing> Crossings{};   // within the distance axis, ascending
+    std::vector<std::string> Reaches{};  // of every curve, in words
+    bool operator==(const ChartThreshold&) const = default;
+};
+
 // The data of a chart, which whoever shows it draws. Axis 0 is the distance, axis 1 the value.
 class Chart : public Control {
 public:
@@ -68,6 +86,16 @@ public:
     // Shows all that was set.
     void Redraw() { Assign(redraws_, redraws_ + 1); }
     int Redraws() const { return redraws_; }
+
+    // Shows at once, without the rest being drawn again. Nothing: there is none.
+    void SetThreshold(std::optional<ChartThreshold> threshold) {
+        Assign(threshold_, std::move(threshold));
+    }
+    const std::optional<ChartThreshold>& Threshold() const { return threshold_; }
+    // The user wants it at this value, see WantedThreshold.
+    void MoveThreshold(double value);
+    double WantedThreshold() const { return wantedThreshold_; }
+    Event ThresholdMove;
 
     // A picture of the chart to the clipboard.
     void CopyToClipboard();
@@ -86,6 +114,8 @@ public:
 
 private:
     std::vector<ChartSeries> series_;
+    std::optional<ChartThreshold> threshold_;
+    double wantedThreshold_ = 0.0;
     int redraws_ = 0;
 };
 

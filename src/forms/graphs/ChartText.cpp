@@ -62,6 +62,10 @@ std::string ChartSummary(const Chart& chart) {
     std::string summary = chart.Title[0].Text;
     for (const ChartSeries& series : chart.AllSeries())
         if (series.Visible && !series.Continued) summary += ", " + series.Curve;
+    if (const auto& threshold = chart.Threshold()) {
+        summary += ", threshold " + threshold->Text;
+        for (const std::string& reach : threshold->Reaches) summary += ", " + reach;
+    }
     return summary;
 }
 
@@ -92,6 +96,10 @@ std::string ChartCsv(const Chart& chart) {
     std::string csv;
     for (const ChartTitle& title : chart.Title) csv += "# " + title.Text + '\n';
     csv += "# value: " + chart.Axis[1].Title + '\n';
+    if (const auto& threshold = chart.Threshold()) {
+        csv += "# threshold: " + threshold->Text + '\n';
+        for (const std::string& reach : threshold->Reaches) csv += "# reach of " + reach + '\n';
+    }
     csv += "curve,distance_km,value,in_range\n";
     for (const ChartSeries& series : chart.AllSeries()) {
         if (!series.Visible) continue;

@@ -9,7 +9,7 @@
 
 namespace vardel {
 
-// The chart's title and the names of its curves.
+// The chart's title, the names of its curves, and the threshold with their reaches.
 std::string ChartSummary(const Chart& chart);
 
 // The distance, then each curve's value there: between points in a straight line, marked where its

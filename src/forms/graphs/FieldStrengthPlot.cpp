@@ -11,16 +11,17 @@ namespace vardel {
 
 bool FrmOkumFieldStrength::PlotFieldStrength(bool redrawChart) { return Plot(redrawChart, 0, 21); }
 
-CurvePlot FrmOkumFieldStrength::MakePlot(const ModelInputs& inputs) {
-    CurvePlot plot = FieldStrengthPlot(shared_.GraphMode, inputs, GetPowerWatts(), MaxDist);
-    if (shared_.GraphMode != FieldStrengthGraph::Comparison || !shared_.ShowMeasuredData)
-        return plot;
+GraphCurves FrmOkumFieldStrength::CurvesOf(const ModelInputs& inputs) {
+    return FieldStrengthCurves(shared_.GraphMode, inputs, GetPowerWatts());
+}
+
+void FrmOkumFieldStrength::AddToPlot(CurvePlot& plot, const ModelInputs& inputs) {
+    if (shared_.GraphMode != FieldStrengthGraph::Comparison || !shared_.ShowMeasuredData) return;
     const MeasuredMatch match = FindMeasuredSegment(inputs.f, inputs.hb, inputs.hm, inputs.area,
                                                     inputs.pctTime / 100.0, shared_.MeasuredTable);
     if (match.found)
         AddMeasured(plot, shared_.MeasuredTable[static_cast<std::size_t>(match.segment)],
                     match.column);
-    return plot;
 }
 
 void FrmOkumFieldStrength::SetScalesAndTitles() {

@@ -99,6 +99,7 @@ void FrmOkumFieldStrength::BringUpToDate() {
         main.txtPowerUnit.SetText(power);
         txtPowerUnit.SetText(power);
         mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
+        threshold_.BringUpToDate();
         const bool anew = TakeUnitsAfresh();
         SelectPlot(shared_.GraphMode);
         if (anew && !Unloaded()) cmdUpdateGraph.Press();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/SharedData.h"
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/PowerUnitList.h"
 
@@ -44,6 +45,8 @@ public:
     MenuItem mnuModelDist100{mnuModelDist, "mnuModelDist100", "&100 Km"};
     MenuItem mnuModelDist300{mnuModelDist, "mnuModelDist300", "&300 Km"};
 
+    ThresholdLine& Threshold() override { return threshold_; }
+
 private:
     void Form_Load() override;
     void Form_Unload() override;
@@ -57,9 +60,13 @@ private:
 
     // FieldStrengthPlot.cpp
     bool Replot() override { return PlotFieldStrength(true); }
-    CurvePlot MakePlot(const ModelInputs& inputs) override;
+    GraphCurves CurvesOf(const ModelInputs& inputs) override;
+    void AddToPlot(CurvePlot& plot, const ModelInputs& inputs) override;
     void SetScalesAndTitles() override;
     void SetTitles();
+
+    ThresholdLine threshold_{*this, CTWXfs,
+                             shared_.FieldStrengthThreshold};  // its menu is the last
 };
 
 }  // namespace vardel

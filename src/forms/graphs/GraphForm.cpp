@@ -40,6 +40,7 @@ void GraphForm::Form_Load() {
 }
 
 void GraphForm::BringUpToDate() {
+    threshold_.BringUpToDate();
     if (TakeUnitsAfresh()) cmdUpdateGraph.Press();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/SharedData.h"
 #include "forms/graphs/PlotForm.h"
 
 namespace vardel {
@@ -26,14 +27,18 @@ public:
     MenuItem mnuGraph100{mnuGraph, "mnuGraph100", "Max Dist &100 Km"};
     MenuItem mnuGraph300{mnuGraph, "mnuGraph300", "Max Dist &300 Km"};
 
+    ThresholdLine& Threshold() override { return threshold_; }
+
 private:
     void Form_Load() override;
     void Form_Unload() override;
     void cmdArchiveData_Click();
     bool Replot() override { return PlotLossGraph(true); }
-    CurvePlot MakePlot(const ModelInputs& inputs) override;
+    GraphCurves CurvesOf(const ModelInputs& inputs) override { return LossCurves(inputs); }
     void SetScalesAndTitles() override;
     void SetTitles();
+
+    ThresholdLine threshold_{*this, CTWX1, shared_.LossThreshold};  // its menu is the last
 };
 
 }  // namespace vardel

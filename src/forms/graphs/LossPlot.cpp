@@ -11,8 +11,6 @@ bool GraphForm::PlotLossGraph(bool redrawChart) {
     return Plot(redrawChart, 1, 5);
 }
 
-CurvePlot GraphForm::MakePlot(const ModelInputs& inputs) { return LossPlot(inputs, MaxDist); }
-
 void GraphForm::SetScalesAndTitles() {
     SetChartScales(CTWX1, MaxDist, 50.0, 250.0);
     SetTitles();

@@ -200,8 +200,12 @@ bool PlotForm::Plot(bool redrawChart, int first, int last) {
     if (!inputs) return false;
     if (redrawChart)
         for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
-    ShowPlot(chart_, MakePlot(*inputs));
+    GraphCurves curves = CurvesOf(*inputs);
+    CurvePlot plot = PlotOf(curves, MaxDist);
+    AddToPlot(plot, *inputs);
+    ShowPlot(chart_, plot);
     SetScalesAndTitles();
+    Threshold().SetCurves(std::move(curves));
     if (redrawChart) chart_.Redraw();
     return true;
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/graphs/Chart.h"
+#include "forms/graphs/ThresholdLine.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModelInputs.h"
 
@@ -68,6 +69,7 @@ public:
     Chart& GraphChart() { return chart_; }
     Label& BaseAntennaLabel() { return baseAntenna_; }
     Button& ArchiveButton() { return archive_; }
+    virtual ThresholdLine& Threshold() = 0;
 
     // The boxes in metric units, for a distance of 0. Nothing, after a message, where a box holds
     // no number.
@@ -89,7 +91,9 @@ protected:
     // the first plot, of the form's loading, draws none. False, after a message unless it is the
     // first, where a box holds no number: the chart is as it was then.
     bool Plot(bool redrawChart, int first, int last);
-    virtual CurvePlot MakePlot(const ModelInputs& inputs) = 0;
+    virtual GraphCurves CurvesOf(const ModelInputs& inputs) = 0;
+    // What lies over the curves besides.
+    virtual void AddToPlot(CurvePlot&, const ModelInputs&) {}
     virtual void SetScalesAndTitles() = 0;
     // The plot that the button asks for.
     virtual bool Replot() = 0;

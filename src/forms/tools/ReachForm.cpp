@@ -2,8 +2,10 @@
 
 #include "engine/PathText.h"
 #include "forms/Doors.h"
+#include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
+#include "forms/shared/BoxMark.h"
 #include "forms/shared/Palette.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "map/CoverageRings.h"
@@ -33,20 +35,12 @@ constexpr std::array<StoredBox, 5> StoredBoxes = {{
 
 std::string PercentKey(std::size_t i) { return "PctLoc" + std::to_string(i); }
 
-// Marks the box by its number, which may be none.
-bool Mark(TextBox& box, bool good, const char* what) {
-    box.SetBackColor(good ? White : OutOfRangePink);
-    box.SetStateText(good ? "" : what);
-    return good;
-}
-
-// The box's number; nothing, with the box marked, where it is none between the limits.
+// As ReadMarked; the first rule that was broken is the problem.
 std::optional<double> Read(TextBox& box, double low, double high, const char* rule,
                            std::string& problem) {
-    const auto number = WholeTextNumber(box.Text());
-    if (Mark(box, number && low <= *number && *number <= high, rule)) return number;
-    if (problem.empty()) problem = rule;
-    return std::nullopt;
+    const auto number = ReadMarked(box, low, high, rule);
+    if (!number && problem.empty()) problem = rule;
+    return number;
 }
 
 void ShowCell(Label& cell, const std::string& text, const std::string& remark, bool marked) {
@@ -74,8 +68,8 @@ std::string HostCoordinate(const Registry& registry, const std::string& name,
 
 }  // namespace
 
-ReachForm::ReachForm(Platform& platform, Doors& doors)
-    : Form(platform, "ReachForm", "Reach"), doors_(doors) {
+ReachForm::ReachForm(Platform& platform, SharedData& shared, Doors& doors)
+    : Form(platform, "ReachForm", "Reach"), shared_(shared), doors_(doors) {
     SetHelpContextID(HelpTopic::Reach);
     for (std::size_t i = 0; i < ComparedModels.size() * ReachPercentages; ++i)
         lblReach.push_back(std::make_unique<Label>(*this, "lblReach(" + std::to_string(i) + ')'));
@@ -83,6 +77,8 @@ ReachForm::ReachForm(Platform& platform, Doors& doors)
         lblModel.at(i).SetCaption(ModelOf(ComparedModels.at(i)).name);
     txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
     txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
+    cmdGraph.SetToolTipText(
+        "A graph with a line at what is wanted, for the main window's percentages");
     cmdMap.SetToolTipText("Coverage as GeoJSON or KML, a ring for each model and percentage");
     cmdCopy.SetToolTipText("As text and as CSV");
     WireEvents();
@@ -103,6 +99,7 @@ void ReachForm::WireEvents() {
         if (table_) GetPlatform().clipboard.SetText(ReachTabbed(*table_), ReachCsv(*table_));
     };
     cmdMap.Click = [this] { cmdMap_Click(); };
+    cmdGraph.Click = [this] { cmdGraph_Click(); };
     cmdClose.Click = [this] { Unload(); };
 }
 
@@ -160,8 +157,7 @@ void ReachForm::ShowHeads() {
 
 std::optional<Wanted> ReachForm::ReadWanted(std::string& problem) {
     Wanted wanted{static_cast<Wanted::Kind>(cmbWanted.ListIndex())};
-    const auto value =
-        Read(txtWanted, -300, 400, "The wanted value is a number from -300 to 400.", problem);
+    const auto value = Read(txtWanted, LowestWanted, HighestWanted, WantedRule, problem);
     if (wanted.kind == Wanted::Kind::ReceivedPower) {
         const auto gain =
             Read(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
@@ -217,8 +213,7 @@ void ReachForm::ShowTable() {
         else
             ShowNoRow(i);
     }
-    cmdAdd.SetEnabled(table_.has_value());
-    cmdCopy.SetEnabled(table_.has_value());
+    for (Button* button : {&cmdAdd, &cmdCopy, &cmdGraph}) button->SetEnabled(table_.has_value());
 }
 
 void ReachForm::ShowRow(std::size_t i, const ReachTable::Row& row) {
@@ -247,11 +242,20 @@ void ReachForm::ShowNoRow(std::size_t i) {
 void ReachForm::CheckStation() {
     const auto latitude = ParseLatitude(txtLatitude.Text());
     const auto longitude = ParseLongitude(txtLongitude.Text());
-    Mark(txtLatitude, latitude || txtLatitude.Text().empty(), "no latitude from -90 to 90");
-    Mark(txtLongitude, longitude || txtLongitude.Text().empty(), "no longitude from -180 to 180");
+    MarkBox(txtLatitude, latitude || txtLatitude.Text().empty(), "no latitude from -90 to 90");
+    MarkBox(txtLongitude, longitude || txtLongitude.Text().empty(),
+            "no longitude from -180 to 180");
     station_.reset();
     if (latitude && longitude) station_ = Place{*latitude, *longitude};
     cmdMap.SetEnabled(table_ && station_);
+}
+
+void ReachForm::cmdGraph_Click() {
+    if (!table_) return;
+    MainForm& main = *doors_.MainForm;
+    const bool loss = table_->goal.quantity == Quantity::Loss;
+    (loss ? shared_.LossThreshold : shared_.FieldStrengthThreshold) = {table_->goal.value, true};
+    (loss ? main.mnuGraphdBloss : main.mnuGraphCompare).Pick();
 }
 
 void ReachForm::cmdMap_Click() {
@@ -270,7 +274,8 @@ void ReachForm::cmdMap_Click() {
             ReplaceFile(choice.path,
                         (kml ? CoverageKml(coverage) : CoverageGeoJson(coverage)).value());
         },
-        "coverage.geojson");
+        "coverage " + FormatNumber(station_->latitude, "0.0####") + ' ' +
+            FormatNumber(station_->longitude, "0.0####") + ".geojson");
 }
 
 }  // namespace vardel

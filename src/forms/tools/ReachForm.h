@@ -13,13 +13,14 @@ namespace vardel {
 
 struct Doors;
 struct Platform;
+struct SharedData;
 
 // How far the models let the main form's station reach for what a service asks, and what power or
 // height it would need at the main form's distance. All is computed anew with every change, here
 // and there. What is wrong is told beside the boxes, by no message.
 class ReachForm : public Form {
 public:
-    ReachForm(Platform& platform, Doors& doors);
+    ReachForm(Platform& platform, SharedData& shared, Doors& doors);
 
     // Takes the main form's inputs as they stand.
     void BringUpToDate();
@@ -59,6 +60,7 @@ public:
     Label lblLongitude{*this, "lblLongitude", "longitude"};
     TextBox txtLongitude{*this, "txtLongitude"};
     Button cmdMap{*this, "cmdMap", "Save &Rings ..."};
+    Button cmdGraph{*this, "cmdGraph", "Show on &Graph"};
     Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
     Button cmdCopy{*this, "cmdCopy", "&Copy Table"};
     Button cmdClose{*this, "cmdClose", "Close"};
@@ -69,6 +71,7 @@ private:
     void WireEvents();
     void FillStation();
     void cmbWanted_Click();
+    void cmdGraph_Click();
     void cmdMap_Click();
 
     std::optional<Wanted> ReadWanted(std::string& problem);
@@ -79,6 +82,7 @@ private:
     void ShowNoRow(std::size_t i);
     void CheckStation();
 
+    SharedData& shared_;
     Doors& doors_;
     std::optional<ReachTable> table_;  // none while something is wrong
     std::optional<Place> station_;     // none while the boxes hold no place

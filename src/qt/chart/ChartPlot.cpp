@@ -14,6 +14,7 @@
 
 #include "qt/chart/ClippedCurve.h"
 #include "qt/chart/StepTicker.h"
+#include "qt/chart/ThresholdItem.h"
 #include "qt/metafile/MetafileDevice.h"
 #include "qt/services/Convert.h"
 
@@ -190,6 +191,7 @@ void FillPlot(QCustomPlot& plot, const Chart& chart) {
     plot.legend->setBorderPen(QPen(QColor(150, 150, 150)));
     plot.legend->setIconSize(36, 10);
     plot.axisRect()->insetLayout()->setInsetAlignment(0, LegendCorner(chart));
+    ThresholdItem::Show(plot, chart);
 }
 
 namespace {

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "forms/graphs/ChartText.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "qt/chart/ChartPlot.h"
+#include "qt/chart/ThresholdItem.h"
 #include "qt/services/Convert.h"
 #include "services/Files.h"
 
@@ -93,7 +95,15 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     binder.Show(chart, [this] { ShowChart(); });
 }
 
+// What is not drawn anew keeps its zoom.
 void ChartWidget::ShowChart() {
+    if (redraws_ == chart_.Redraws()) {
+        ThresholdItem::Show(*this, chart_);
+        layer("overlay")->replot();
+        if (!readout_->visible()) setAccessibleDescription(ToQt(ChartSummary(chart_)));
+        return;
+    }
+    redraws_ = chart_.Redraws();
     whole_ = {WholeAxis(chart_.Axis[0], chart_.AllSeries(), &ChartSeries::X),
               WholeAxis(chart_.Axis[1], chart_.AllSeries(), &ChartSeries::Y)};
     FillPlot(*this, chart_);
@@ -195,16 +205,17 @@ void ChartWidget::keyPressEvent(QKeyEvent* event) {
     constexpr double Zoom = 0.8;
     constexpr double Share = 0.1;  // of the view, for a step of panning
     const bool pans = event->modifiers() & Qt::ShiftModifier;
-    const double step = event->modifiers() & Qt::ControlModifier ? 10.0 : 1.0;
+    const bool moves = event->modifiers() & Qt::ControlModifier;
+    const double step = moves ? 10.0 : 1.0;
     switch (event->key()) {
         case Qt::Key_Left:
             return pans ? Pan(*xAxis, -Share) : ShowReadoutByKey(distance_ - step);
         case Qt::Key_Right:
             return pans ? Pan(*xAxis, Share) : ShowReadoutByKey(distance_ + step);
         case Qt::Key_Up:
-            return Pan(*yAxis, Share);
+            return moves && chart_.Threshold() ? MoveThreshold(1.0) : Pan(*yAxis, Share);
         case Qt::Key_Down:
-            return Pan(*yAxis, -Share);
+            return moves && chart_.Threshold() ? MoveThreshold(-1.0) : Pan(*yAxis, -Share);
         case Qt::Key_Home:
             return ResetScales();
         case Qt::Key_Plus:
@@ -214,6 +225,40 @@ void ChartWidget::keyPressEvent(QKeyEvent* event) {
         default:
             QCustomPlot::keyPressEvent(event);
     }
+}
+
+bool ChartWidget::IsOnThreshold(const QPointF& at) const {
+    constexpr double Reachable = 5.0;
+    const QCPAbstractItem* item = ThresholdItem::Of(*this);
+    const double distance = item != nullptr ? item->selectTest(at, false, nullptr) : -1.0;
+    return distance >= 0.0 && distance <= Reachable;
+}
+
+void ChartWidget::MoveThreshold(double step) {
+    chart_.MoveThreshold(chart_.Threshold()->Value + step);
+}
+
+void ChartWidget::mousePressEvent(QMouseEvent* event) {
+    dragsThreshold_ = event->button() == Qt::LeftButton && IsOnThreshold(event->position());
+    if (dragsThreshold_)
+        HideReadout();
+    else
+        QCustomPlot::mousePressEvent(event);
+}
+
+// No farther than the axis shows, where it can be fetched back.
+void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!dragsThreshold_) {
+        setCursor(IsOnThreshold(event->position()) ? Qt::SizeVerCursor : Qt::ArrowCursor);
+        return QCustomPlot::mouseMoveEvent(event);
+    }
+    const QCPRange shown = yAxis->range();
+    chart_.MoveThreshold(
+        std::clamp(yAxis->pixelToCoord(event->position().y()), shown.lower, shown.upper));
+}
+
+void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (!std::exchange(dragsThreshold_, false)) QCustomPlot::mouseReleaseEvent(event);
 }
 
 void ChartWidget::paintEvent(QPaintEvent* event) {

@@ -13,7 +13,7 @@ namespace vardel {
 // A chart on the screen: the wheel and + and - zoom, dragging, Shift with left and right, up and
 // down move, a double click or Home goes back to the chart's own scales, all within some margin
 // around these. Under the pointer, and moved by the arrow keys, stands a readout of the distance
-// and of each curve's value there.
+// and of each curve's value there. A threshold line is dragged, or moved by Ctrl with up and down.
 class ChartWidget : public QCustomPlot {
 public:
     ChartWidget(Chart& chart, Binder& binder);
@@ -27,12 +27,17 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;  // the frame of the keyboard's focus
 
 private:
     void ShowChart();
+    bool IsOnThreshold(const QPointF& at) const;
+    void MoveThreshold(double step);
     void ShowReadoutByKey(double distance);
     void ZoomAboutReadout(double factor);
     void Pan(QCPAxis& axis, double share);
@@ -43,6 +48,8 @@ private:
     Chart& chart_;
     QCPItemStraightLine* cursor_;
     QCPItemText* readout_;
+    int redraws_ = -1;  // of the chart, as it is shown
+    bool dragsThreshold_ = false;
     bool readoutPlaced_ = false;  // for the curves as they are drawn now
     double distance_ = 0.0;
     std::array<QCPRange, 2> whole_;  // the axes with all that the chart shows

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -69,12 +70,30 @@ void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
     inputs.setRowStretch(inputs.rowCount(), 1);
 }
 
+// All of it comes and goes with the line.
+QWidget* GraphWindow::MakeThreshold(ThresholdLine& threshold) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    AddInput(threshold.lblThreshold, *MakeBox(threshold.txtThreshold, BoxWidth),
+             &threshold.lblThresholdUnit, *grid, 0, 0);
+    QLabel* reaches = MakeLabel(threshold.lblThresholdReach);
+    reaches->setWordWrap(true);
+    grid->addWidget(reaches, 1, 0, 1, 4);
+    grid->setColumnStretch(3, 1);
+    return panel;
+}
+
 void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     AddButtons(form, inputs);
     auto* center = new QWidget;
     auto* row = new QHBoxLayout(center);
     row->addLayout(&inputs);
-    row->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
+    auto* chart = new QVBoxLayout;
+    chart->setSpacing(0);
+    chart->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
+    chart->addWidget(MakeThreshold(form.Threshold()));
+    row->addLayout(chart, 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});
     FocusFirst(form.txtFreq);

@@ -7,6 +7,7 @@ namespace vardel {
 class FrmOkumFieldStrength;
 class GraphForm;
 class PlotForm;
+class ThresholdLine;
 
 // The graph forms on the screen: the inputs at the left, the chart beside them.
 class GraphWindow : public FormWindow {
@@ -18,6 +19,7 @@ private:
     void LayOut(PlotForm& form, QGridLayout& inputs);
     QGridLayout* AddInputs(PlotForm& form);
     void AddButtons(PlotForm& form, QGridLayout& inputs);
+    QWidget* MakeThreshold(ThresholdLine& threshold);
     void UncoverByKeys(Label& label);
 };
 

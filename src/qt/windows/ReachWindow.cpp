@@ -123,7 +123,7 @@ QWidget* ReachWindow::MakeButtons(ReachForm& form) {
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch(1);
-    for (Button* button : {&form.cmdAdd, &form.cmdCopy, &form.cmdClose})
+    for (Button* button : {&form.cmdGraph, &form.cmdAdd, &form.cmdCopy, &form.cmdClose})
         row->addWidget(MakeButton(*button));
     return panel;
 }

@@ -3,6 +3,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "forms/graphs/ChartText.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/ReachForm.h"
 #include "support/RunningProgram.h"
@@ -65,6 +68,42 @@ TEST_F(Tools, ReachFollowsWhatIsTypedHereAndInTheMainWindow) {
     Main().txthm.SetText("");
     EXPECT_EQ(Reach(0, 2), "-");
     EXPECT_THAT(Form().lblProblem.Caption(), HasSubstr("main window"));
+}
+
+// The median reaches, and of 140 dB those of Davidson's and of free space, are hand calculations.
+TEST_F(Tools, TheGraphsShowALineAtWhatIsWanted) {
+    const Chart& fields = program.FrmOkumFieldStrength->CTWXfs;
+    EXPECT_FALSE(fields.Threshold());
+    Form().cmdGraph.Press();
+    FrmOkumFieldStrength& graph = *program.FrmOkumFieldStrength;
+    const auto crossings = [&](const Chart& chart) {
+        std::vector<std::string> texts;
+        for (const auto& crossing : chart.Threshold()->Crossings) texts.push_back(crossing.Text);
+        return texts;
+    };
+    EXPECT_THAT(crossings(fields), ElementsAre("OkHat Dav: 5.192 km", "ITU 529: 5.196 km",
+                                               "Cost 231: 6.444 km (out of range)"));
+    EXPECT_THAT(ChartCsv(fields), HasSubstr("# threshold: 32.0 dB (uv/m)\n"
+                                            "# reach of ITU 529: 5.196 km\n"));
+    EXPECT_THAT(ChartSummary(fields), HasSubstr("Free Space: over 300.000 km"));
+    EXPECT_EQ(graph.Threshold().txtThreshold.Text(), "32.0");
+
+    graph.CTWXfs.MoveThreshold(41.687);
+    EXPECT_EQ(graph.Threshold().txtThreshold.Text(), "41.7") << "in tenths";
+    graph.Threshold().txtThreshold.SetText("4l");
+    EXPECT_EQ(fields.Threshold()->Value, 41.7);
+    EXPECT_NE(graph.Threshold().txtThreshold.BackColor(), White);
+    graph.Threshold().txtThreshold.SetText("94.5");
+    EXPECT_THAT(crossings(fields), ElementsAre("Free Space: 4.217 km"))
+        << "of the models only what the graph shows";
+    graph.Threshold().mnuToolsThreshold.Pick();
+    EXPECT_FALSE(fields.Threshold());
+    EXPECT_FALSE(graph.Threshold().txtThreshold.Visible());
+
+    Form().cmbWanted.SetText("Path loss");
+    Form().txtWanted.SetText("100");
+    Form().cmdGraph.Press();
+    EXPECT_THAT(crossings(program.GraphForm->CTWX1), ElementsAre("Free Space: 6.080 km"));
 }
 
 TEST_F(Tools, WhatIsWantedAsAReceivedPowerOrALoss) {

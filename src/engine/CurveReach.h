@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/CurvePlot.h"
+#include "engine/Reach.h"
+
+// Where the curves of a graph cross a threshold.
+
+namespace vardel {
+
+struct CurveReach {
+    std::string curve;
+    Color color;
+    Reach reach;
+};
+
+// For a loss of at most, or a field strength of at least, the threshold in dB or dB(µV/m): by the
+// formulas themselves, not by the points that are drawn.
+std::vector<CurveReach> ReachesOf(const GraphCurves& graph, double threshold);
+
+// For people, such as "ITU 529: 5.196 km".
+std::string CurveReachText(const CurveReach& curve);
+
+}  // namespace vardel
