@@ -140,6 +140,7 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
         good &= TakeModalPicture(platform, *program.FrmOkumFieldStrength, pictures, name);
     }
     program.GraphForm->BringUpToDate();
+    program.GraphForm->CTWX1.SaveMetafile(2, pictures.filePath("reach-graph.wmf").toStdString());
     good &= TakeModalPicture(platform, *program.GraphForm, pictures, "reach-graph-loss");
     program.FieldStrengthThreshold.shown = program.LossThreshold.shown = false;
     vardel::ReachForm& wrong = *program.ReachForm;
