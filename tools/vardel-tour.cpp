@@ -22,6 +22,7 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "qt/services/QtPlatform.h"
 #include "services/Files.h"
@@ -150,7 +151,15 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     good &= TakeModalPicture(platform, wrong, pictures, "reach-wrong");
     good &= TakeModalPicture(platform, *program.ExplainForm, pictures, "explain");
     main.txtPctLoc.SetText("50");
-    return good;
+    good &= TakeModalPicture(platform, *program.MeasuredForm, pictures, "measured-none");
+    for (const auto& [box, text] :
+         {std::pair(&main.txtFreq, "450.0"), std::pair(&main.txthb, "100.0")})
+        box->SetText(text);
+    main.cmbareatype.SetText("Urban");
+    main.txtPowerUnit.SetText("1000");
+    main.txtPowerUnit.LostFocus.Raise();
+    program.MeasuredForm->txtPercents.SetText("50, 90");
+    return good & TakeModalPicture(platform, *program.MeasuredForm, pictures, "measured");
 }
 
 // The windows of printing, and what they print to PDF files.
@@ -181,7 +190,9 @@ bool TakePrinting(vardel::QtPlatform& platform, vardel::Program& program, const 
 
 // scratch stands for the folder of the program, with measured data for the graphs.
 int Tour(const QDir& pictures, const std::string& scratch) {
-    vardel::ReplaceFile(scratch + "/measured.csv", "0,450,0.5,Urban,1.5,1,100\n10,49.9\n20,38.2\n");
+    vardel::ReplaceFile(scratch + "/measured.csv",
+                        "0,450,0.5,Urban,1.5,1,100\n"
+                        "5,61.5\n10,49.9\n20,38.2\n40,29.5\n70,17.1\n110,4.2\n");
     vardel::QtPlatform platform;
     vardel::Platform services = platform.Services();
     services.programDirectory = scratch;

@@ -17,6 +17,7 @@ enum class HelpTopic : int {
     PercentLocation = 340,
     Reach = 350,
     Explanation = 360,
+    MeasuredData = 370,
     ReportLog = 400,
     Printing = 410,
 };

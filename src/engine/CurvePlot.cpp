@@ -41,8 +41,6 @@ constexpr std::array<PlottedModel, 4> PlottedModels = {{
     {"Cost 231 Field Strength", ModelNumber::Cost231},
 }};
 
-Color ColorOf(const Model& model) { return {model.color.red, model.color.green, model.color.blue}; }
-
 std::vector<double> Stretch(const std::vector<double>& points, int from, int count) {
     const auto begin = points.begin() + from;
     return {begin, begin + count};
@@ -96,6 +94,8 @@ void AddComparedModels(GraphCurves& graph, const ModelInputs& in, double from) {
 }
 
 }  // namespace
+
+Color ColorOf(const Model& model) { return {model.color.red, model.color.green, model.color.blue}; }
 
 GraphCurves LossCurves(const ModelInputs& in) {
     GraphCurves graph;

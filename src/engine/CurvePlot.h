@@ -57,6 +57,9 @@ GraphCurves LossCurves(const ModelInputs& in);
 GraphCurves FieldStrengthCurves(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts);
 const char* TitleOf(FieldStrengthGraph graph);
 
+// Of a model's curve beside those of the others.
+Color ColorOf(const Model& model);
+
 CurvePlot PlotOf(const GraphCurves& curves, double maxDist);
 
 // Measured values over the rest; without any, none.

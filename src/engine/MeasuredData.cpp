@@ -239,12 +239,16 @@ bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& wi
     return true;
 }
 
+bool IsAreaOf(const MeasuredSegment& segment, std::string_view areaText) {
+    return EqualButForCase(segment.City, areaText);
+}
+
 MeasuredMatch FindMeasuredSegment(double frequency, double hb, double hm, std::string_view areaText,
                                   double percentTime, const MeasuredTable& table) {
     for (std::size_t i = 0; i < table.size(); ++i) {
         const MeasuredSegment& segment = table[i];
         if (segment.Frequency != frequency || segment.PercentTime != percentTime ||
-            segment.MobileHeight != hm || !EqualButForCase(segment.City, areaText))
+            segment.MobileHeight != hm || !IsAreaOf(segment, areaText))
             continue;
         // A later table with the same head may have the height that this one lacks.
         for (int c = 0; c < segment.HeightCount; ++c)

@@ -59,6 +59,9 @@ struct MeasuredMatch {
     int column = 0;   // of the base antenna height
 };
 
+// But for the case, as a table's area is compared.
+bool IsAreaOf(const MeasuredSegment& segment, std::string_view areaText);
+
 // The first in the order of the file that equals all five values exactly, but for the case of the
 // area. Heights in m, percentTime as a fraction.
 MeasuredMatch FindMeasuredSegment(double frequency, double hb, double hm, std::string_view areaText,

@@ -15,6 +15,7 @@ class FrmPrintOut;
 class FrmReport;
 class GraphForm;
 class MainForm;
+class MeasuredForm;
 class RLogClass;
 class ReachForm;
 class frmInfoScreen;
@@ -35,6 +36,7 @@ struct Doors {
     FormSlot<vardel::frmPrinterSelect> frmPrinterSelect;
     FormSlot<vardel::ReachForm> ReachForm;
     FormSlot<vardel::ExplainForm> ExplainForm;
+    FormSlot<vardel::MeasuredForm> MeasuredForm;
     std::function<RLogClass&()> ReportLog;
 };
 

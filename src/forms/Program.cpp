@@ -11,6 +11,7 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 
 namespace vardel {
@@ -42,6 +43,7 @@ Program::Program(Platform services)
           .frmPrinterSelect{[this] { return Make<vardel::frmPrinterSelect>(platform); }},
           .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this, *this); }},
           .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
+          .MeasuredForm{[this] { return Make<vardel::MeasuredForm>(platform, *this, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
       } {}
 

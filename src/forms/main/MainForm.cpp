@@ -13,6 +13,7 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/shared/Palette.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "models/ModelRanges.h"
 #include "services/Platform.h"
@@ -118,6 +119,8 @@ void MainForm::WireEvents() {
     mnuToolsReach.SetShortcut("Ctrl+R");
     mnuToolsExplain.Click = [this] { doors_.ExplainForm->Show(); };
     mnuToolsExplain.SetShortcut("Ctrl+E");
+    mnuToolsMeasured.Click = [this] { doors_.MeasuredForm->Show(); };
+    mnuToolsMeasured.SetShortcut("Ctrl+M");
     mnuHelpInfo.Click = [this] { doors_.frmInfoScreen->ShowModal(this); };
     mnuHelpAbout.Click = [this] { doors_.AboutForm->ShowModal(); };
     mnuHelpVardel.Click = [this] { OpenManual(GetPlatform()); };

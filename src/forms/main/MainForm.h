@@ -119,6 +119,7 @@ public:
     MenuItem mnuTools{*this, "mnuTools", "&Tools"};
     MenuItem mnuToolsReach{mnuTools, "mnuToolsReach", "&Reach ..."};
     MenuItem mnuToolsExplain{mnuTools, "mnuToolsExplain", "&Explain This Number ..."};
+    MenuItem mnuToolsMeasured{mnuTools, "mnuToolsMeasured", "&Measured Data ..."};
     MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
     MenuItem mnuHelpInfo{mnuHelp, "mnuHelpInfo", "&Introduction Screen"};
     MenuItem mnuHelpVardel{mnuHelp, "mnuHelpVardel", "&Vardel"};

@@ -7,6 +7,7 @@
 #include "forms/shared/BoxRule.h"
 #include "forms/shared/Palette.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "models/Primitives.h"
 
@@ -58,6 +59,7 @@ void MainForm::MarkValuesStale() {
 void MainForm::BringToolsUpToDate() {
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->BringUpToDate();
     if (doors_.ExplainForm.Loaded()) doors_.ExplainForm->BringUpToDate();
+    if (doors_.MeasuredForm.Loaded()) doors_.MeasuredForm->BringUpToDate();
 }
 
 void MainForm::cmbareatype_Click() {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -94,6 +95,21 @@ QLabel* FormWindow::MakeLabel(Label& label) {
     // The ground shows as it is, with what a frame shades it by.
     if (label.BackColor() == form_->BackColor()) widget->setAutoFillBackground(false);
     return widget;
+}
+
+QScrollArea* FormWindow::MakeFixedText(Label& label) {
+    auto* text = new QLabel;
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setFamilies({"Liberation Mono", font.family()});
+    text->setFont(font);
+    text->setMargin(WindowMargin / 2);
+    text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    binder.Bind(label, *text);
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setWidget(text);
+    return area;
 }
 
 QLineEdit* FormWindow::MakeBox(TextBox& box, int characters) {

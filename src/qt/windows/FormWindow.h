@@ -11,8 +11,11 @@
 
 class QGridLayout;
 class QPushButton;
+class QScrollArea;
 
 namespace vardel {
+
+constexpr int WindowMargin = 16;  // around the content of a tool's window, in points
 
 void MakeBold(QWidget& widget);
 void MakeTitle(QWidget& widget);  // large and bold
@@ -46,6 +49,8 @@ protected:
     // A caption, the widget that it names, and the unit behind it, from the column on.
     void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
                   int column);
+    // In a font of one width, scrolled where there is no room, to be selected and copied.
+    QScrollArea* MakeFixedText(Label& label);
     QLineEdit* MakeBox(TextBox& box, int characters);
     QComboBox* MakeList(ComboBox& list);
     QPushButton* MakeButton(Button& button);

@@ -14,7 +14,6 @@ namespace vardel {
 
 namespace {
 
-constexpr int Margin = 16;
 constexpr int Gap = 8;
 constexpr int CellWidth = 10;
 
@@ -23,8 +22,8 @@ constexpr int CellWidth = 10;
 ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
     auto* center = new QWidget;
     auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->setSpacing(Margin);
+    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
+    column->setSpacing(WindowMargin);
     auto* path = MakeLabel(form.lblPath);
     path->setWordWrap(true);
     column->addWidget(path);

@@ -12,12 +12,14 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "forms/reports/frmPrinterSelect.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "qt/windows/AboutWindow.h"
 #include "qt/windows/ExplainWindow.h"
 #include "qt/windows/GraphWindow.h"
 #include "qt/windows/InfoWindow.h"
 #include "qt/windows/MainWindow.h"
+#include "qt/windows/MeasuredWindow.h"
 #include "qt/windows/PrintWindows.h"
 #include "qt/windows/RangeWindow.h"
 #include "qt/windows/ReachWindow.h"
@@ -45,6 +47,8 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
     if (auto* reach = dynamic_cast<ReachForm*>(&form)) return std::make_unique<ReachWindow>(*reach);
     if (auto* explain = dynamic_cast<ExplainForm*>(&form))
         return std::make_unique<ExplainWindow>(*explain);
+    if (auto* measured = dynamic_cast<MeasuredForm*>(&form))
+        return std::make_unique<MeasuredWindow>(*measured);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

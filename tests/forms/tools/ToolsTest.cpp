@@ -6,7 +6,9 @@
 #include "forms/graphs/ChartText.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/reports/FrmReport.h"
 #include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "support/RunningProgram.h"
 
@@ -150,6 +152,30 @@ TEST_F(Tools, TheTableGoesToTheLogTheClipboardAndTheMap) {
     saved << std::ifstream(platform.folder.Path("r.kml")).rdbuf();
     EXPECT_THAT(saved.str(), HasSubstr("<name>ITU 529, 95 % of locations</name>"));
     EXPECT_THAT(saved.str(), HasSubstr("<Data name=\"distance_km\"><value>5.196</value>"));
+}
+
+TEST_F(Tools, MeasuredDataAreComparedForTheMainWindowsInputs) {
+    ASSERT_FALSE(
+        ParseMeasuredData("0,390,0.5,Suburban,1.5,1,45\n10,22.312\n", program.MeasuredTable));
+    Main().mnuToolsMeasured.Pick();
+    MeasuredForm& form = *program.MeasuredForm;
+    const auto errors = [&](std::size_t series) {
+        return form.CTWXErrors.AllSeries().at(series).Y;
+    };
+    form.txtPercents.SetText("95; 50");
+    // 9.69 dB below 32 dB(µV/m), see above.
+    ASSERT_EQ(errors(0).size(), 1U);
+    EXPECT_NEAR(errors(0)[0], 0.0, 0.005);
+    EXPECT_THAT(form.lblFit.Caption(), HasSubstr("\nDavidson, 50 % of locations\n"));
+    form.cmdAdd.Press();
+    EXPECT_THAT(program.FrmReport->rtbLog.Text(), HasSubstr("\r\nTable 0 of measured.csv"));
+    form.txtPercents.SetText("95 x");
+    EXPECT_FALSE(form.cmdSave.Enabled());
+    EXPECT_NE(form.txtPercents.BackColor(), White);
+    form.txtPercents.SetText("95");
+    Main().txtFreq.SetText("391");
+    EXPECT_THAT(form.lblMatch.Caption(), HasSubstr("390 MHz instead of 391 MHz"));
+    EXPECT_FALSE(form.CTWXErrors.AllSeries()[0].Visible);
 }
 
 TEST_F(Tools, SettingsComeBack) {
