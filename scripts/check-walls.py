@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Whether every include of src/ goes where the house lets it: check-walls.py SRC. The build runs it."""
+"""Whether every include goes where the house lets it: check-walls.py SRC PYTHON/SRC. The build runs it."""
 
 import re
 import sys
@@ -15,6 +15,7 @@ ROOMS = {
     "engine": ["models", "services", "text"],
     "map": ["models", "services", "text", "engine"],
     "archive": ["engine", "models", "services", "text"],
+    "python": ["engine", "archive", "models", "services", "text"],
     "forms": ["models", "text", "services", "controls", "richtext", "engine", "map", "archive"],
     "qt": ["models", "text", "services", "controls", "richtext", "engine", "map", "archive", "forms"],
 }
@@ -23,6 +24,7 @@ OUTSIDE = [
     (r"Q\w+|qcustomplot\.h|private/.*|cups/.*", r"qt/.*|main\.cpp"),
     (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database\.(h|cpp)"),
     (r"GeographicLib/.*", r"map/.*\.cpp"),
+    (r"pybind11/.*", r"python/.*"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*"),
 ]
 STANDARD = re.compile(r"c?[a-z_0-9]+$")  # no ending, no folder
@@ -43,19 +45,23 @@ def fault(path, quoted, name):
     return None if STANDARD.match(name) else "is of no library that the house uses"
 
 
+def includes():
+    for source in map(Path, sys.argv[1:]):
+        room = "python/" if source.parent.name == "python" else ""
+        for file in sorted(source.rglob("*")):
+            if file.suffix not in (".h", ".cpp", ".in"):
+                continue
+            for number, line in enumerate(file.read_text().splitlines(), 1):
+                if include := re.match(r'\s*#\s*include\s*([<"])([^>"]+)', line):
+                    yield file, number, room + file.relative_to(source).as_posix(), include
+
+
 def main():
-    source = Path(sys.argv[1])
     faults = 0
-    for file in sorted(source.rglob("*")):
-        if file.suffix not in (".h", ".cpp", ".in"):
-            continue
-        path = file.relative_to(source).as_posix()
-        for number, line in enumerate(file.read_text().splitlines(), 1):
-            include = re.match(r'\s*#\s*include\s*([<"])([^>"]+)', line)
-            if include and (why := fault(path, include[1] == '"', include[2])):
-                print(f"{source.name}/{path}:{number}: the include of {include[2]} {why}",
-                      file=sys.stderr)
-                faults += 1
+    for file, number, path, include in includes():
+        if why := fault(path, include[1] == '"', include[2]):
+            print(f"{file}:{number}: the include of {include[2]} {why}", file=sys.stderr)
+            faults += 1
     return 1 if faults else 0
 
 

@@ -27,6 +27,11 @@ struct Model {
     void (*fieldStrengthCurve)(const ModelInputs& in, double powerWatts,
                                const DistanceGrid::Point* points, std::size_t count,
                                double* values) noexcept;
+    // The same at count distances in km that no other curve has.
+    void (*lossOverKm)(const ModelInputs& in, const double* km, std::size_t count,
+                       double* values) noexcept;
+    void (*fieldStrengthOverKm)(const ModelInputs& in, double powerWatts, const double* km,
+                                std::size_t count, double* values) noexcept;
     // What the two consist of, for a reader.
     FormulaTerms (*lossTerms)(const ModelInputs& in);
     FormulaTerms (*fieldStrengthTerms)(const ModelInputs& in, double powerWatts);

@@ -42,20 +42,14 @@ int CurveFaults(unsigned seed, int curves) {
         double distances[Points] = {20.0, 40.238, 64.38, 100.0};
         for (std::size_t k = 4; k < Points; ++k) distances[k] = paths.Uniform(0.05, 320);
         const DistanceGrid grid(distances, Points);
-        double direct[Points], gridded[Points];
-        DavidsonFieldStrengthCurve(in, power, distances, Points, direct);
-        DavidsonFieldStrengthCurve(in, power, grid.begin(), Points, gridded);
-        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
-        Itu529LossCurve(in, distances, Points, direct);
-        Itu529LossCurve(in, grid.begin(), Points, gridded);
-        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
-        Cost231FieldStrengthCurve(in, power, distances, Points, direct);
-        Cost231FieldStrengthCurve(in, power, grid.begin(), Points, gridded);
-        faults += std::memcmp(direct, gridded, sizeof direct) != 0;
         for (const Model& model : Models) {
-            double losses[Points], fields[Points];
+            double losses[Points], fields[Points], direct[Points];
             model.lossCurve(in, grid.begin(), Points, losses);
             model.fieldStrengthCurve(in, power, grid.begin(), Points, fields);
+            model.lossOverKm(in, distances, Points, direct);
+            faults += std::memcmp(direct, losses, sizeof direct) != 0;
+            model.fieldStrengthOverKm(in, power, distances, Points, direct);
+            faults += std::memcmp(direct, fields, sizeof direct) != 0;
             for (std::size_t k = 0; k < Points; ++k) {
                 in.d = distances[k];
                 ModelTermsRecord terms;

@@ -1,0 +1,10 @@
+#include <pybind11/pybind11.h>
+
+#include "Parts.h"
+
+PYBIND11_MODULE(_vardel, module) {
+    pybind11::options options;
+    options.disable_function_signatures();  // the texts have them, with the arguments' own names
+    module.attr("__version__") = VARDEL_VERSION;
+    vardel::python::AddModels(module);
+}

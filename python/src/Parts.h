@@ -1,0 +1,13 @@
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+// The parts of the module, each in a file of its own.
+
+namespace vardel::python {
+
+void AddModels(pybind11::module_& module);
+void AddPlanning(pybind11::module_& module);
+void AddFiles(pybind11::module_& module);
+
+}  // namespace vardel::python
