@@ -7,4 +7,5 @@ PYBIND11_MODULE(_vardel, module) {
     options.disable_function_signatures();  // the texts have them, with the arguments' own names
     module.attr("__version__") = VARDEL_VERSION;
     vardel::python::AddModels(module);
+    vardel::python::AddPlanning(module);
 }

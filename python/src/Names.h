@@ -21,9 +21,13 @@ inline std::size_t FindArea(std::string_view text) noexcept {
 
 inline constexpr std::array<const char*, 2> CityNames = {"Small/Medium", "Large"};
 
+// In the order of PowerUnit.
+inline constexpr std::array<const char*, 4> UnitNames = {"W", "kW", "dBm", "dBW"};
+
 inline constexpr NameList ModelList{"model", ModelNames};
 inline constexpr NameList AreaList{"area", AreaNames, FindArea};
 inline constexpr NameList CityList{"city", CityNames};
+inline constexpr NameList UnitList{"unit", UnitNames};
 
 inline const Model& ModelNamed(py::handle name) { return Models.at(PlaceOf(name, ModelList)); }
 

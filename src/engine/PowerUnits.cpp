@@ -7,8 +7,7 @@
 
 namespace vardel {
 
-double PowerTextToWatts(std::string_view text, PowerUnit unit) {
-    const double x = LeadingNumber(text);
+double WattsOf(double x, PowerUnit unit) noexcept {
     switch (unit) {
         case PowerUnit::Watts:
             return x;
@@ -23,22 +22,37 @@ double PowerTextToWatts(std::string_view text, PowerUnit unit) {
     }
 }
 
+double FromWatts(double watts, PowerUnit unit) noexcept {
+    switch (unit) {
+        case PowerUnit::Watts:
+            return watts;
+        case PowerUnit::Kilowatts:
+            return watts / 1000.0;
+        case PowerUnit::Dbm:
+            return 10.0 * Log10(watts / 0.001);
+        case PowerUnit::Dbw:
+            return 10.0 * Log10(watts);
+        default:
+            return 0.0;
+    }
+}
+
+double PowerTextToWatts(std::string_view text, PowerUnit unit) {
+    return WattsOf(LeadingNumber(text), unit);
+}
+
 std::string PowerText(double watts, PowerUnit unit) {
     constexpr const char* PowerPattern = "0000000.000000000000";
     constexpr const char* LevelPattern = "0000000.0000";
     std::string text;
     switch (unit) {
         case PowerUnit::Watts:
-            text = FormatNumber(watts, PowerPattern);
-            break;
         case PowerUnit::Kilowatts:
-            text = FormatNumber(watts / 1000.0, PowerPattern);
+            text = FormatNumber(FromWatts(watts, unit), PowerPattern);
             break;
         case PowerUnit::Dbm:
-            text = FormatNumber(10.0 * Log10(watts / 0.001), LevelPattern);
-            break;
         case PowerUnit::Dbw:
-            text = FormatNumber(10.0 * Log10(watts), LevelPattern);
+            text = FormatNumber(FromWatts(watts, unit), LevelPattern);
             break;
         default:
             break;

@@ -23,6 +23,11 @@ inline constexpr std::array<NamedPowerUnit, 4> PowerUnits = {{
     {PowerUnit::Dbw, "dBw"},
 }};
 
+// The power in watts that a number means in the unit, and the other way about; 0 for an unknown
+// unit.
+double WattsOf(double x, PowerUnit unit) noexcept;
+double FromWatts(double watts, PowerUnit unit) noexcept;
+
 // The power in watts that the leading number of a text means in the unit; 0 for an unknown unit.
 double PowerTextToWatts(std::string_view text, PowerUnit unit);
 
