@@ -177,6 +177,33 @@ void Recordset::Close() {
     current_ = 0;
 }
 
+Rows::Rows(std::shared_ptr<SQLite::Database> file, const std::string& query)
+    : file_(std::move(file)), query_(std::make_unique<SQLite::Statement>(*file_, query)) {}
+
+Rows::Rows(Rows&&) noexcept = default;
+Rows::~Rows() = default;
+
+bool Rows::Next() { return query_->executeStep(); }
+
+std::optional<std::int64_t> Rows::Number(int field) const {
+    const SQLite::Column column = query_->getColumn(field);
+    if (!column.isInteger()) return std::nullopt;
+    return column.getInt64();
+}
+
+std::optional<std::string> Rows::Text(int field) const {
+    const SQLite::Column column = query_->getColumn(field);
+    if (!column.isText()) return std::nullopt;
+    return column.getString();
+}
+
+std::optional<Bytes> Rows::Blob(int field) const {
+    const SQLite::Column column = query_->getColumn(field);
+    if (!column.isBlob()) return std::nullopt;
+    const auto* first = static_cast<const unsigned char*>(column.getBlob());
+    return Bytes(first, first + column.getBytes());
+}
+
 std::string Database::NewFile(const std::string& sql) {
     SQLite::Database made(":memory:", SQLite::OPEN_READWRITE);
     made.exec(sql);
@@ -197,6 +224,30 @@ Database Database::OpenDatabase(const std::string& path) {
     else
         file->execAndGet("SELECT count(*) FROM sqlite_master");
     return Database(std::move(file));
+}
+
+Database Database::OpenForReading(const std::string& path) {
+    const auto open = [&](int mode) {
+        auto file = std::make_shared<SQLite::Database>(path, mode, LongestWait);
+        file->execAndGet("SELECT count(*) FROM sqlite_master");
+        return file;
+    };
+    try {
+        return Database(open(SQLite::OPEN_READONLY));
+    } catch (const SQLite::Exception& error) {
+        const bool leftHalfWritten = error.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK;
+        if (!leftHalfWritten || !MayWriteFile(path)) throw;
+    }
+    auto file = open(SQLite::OPEN_READWRITE);
+    file->exec("PRAGMA query_only = ON");
+    return Database(std::move(file));
+}
+
+Rows Database::Select(const std::string& query, const std::vector<FieldValue>& values) const {
+    Rows rows(file_, query);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        BindTo(*rows.query_, static_cast<int>(i) + 1, values[i]);
+    return rows;
 }
 
 Recordset Database::OpenRecordset(const std::string& name) const {

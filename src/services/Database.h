@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -10,11 +11,12 @@
 
 namespace SQLite {
 class Database;
+class Statement;
 class Transaction;
 }  // namespace SQLite
 
-// Rows that are added to the tables of a database file. Whatever fails throws std::exception with
-// the database's own text.
+// Rows that are added to the tables of a database file, or read from it. Whatever fails throws
+// std::exception with the database's own text.
 
 namespace vardel {
 
@@ -71,7 +73,28 @@ private:
     std::int64_t current_ = 0;
 };
 
-// An open file. It holds no lock but while a row is written.
+// The rows that a query gives, one after the other. While there are more, nobody can write.
+class Rows {
+public:
+    Rows(Rows&& other) noexcept;
+    ~Rows();
+
+    // Goes to the first row, then to the next; false when there are no more.
+    bool Next();
+    // A field of the row, by its place; nothing where it holds a value of another type.
+    std::optional<std::int64_t> Number(int field) const;
+    std::optional<std::string> Text(int field) const;
+    std::optional<Bytes> Blob(int field) const;
+
+private:
+    friend class Database;
+    Rows(std::shared_ptr<SQLite::Database> file, const std::string& query);
+
+    std::shared_ptr<SQLite::Database> file_;
+    std::unique_ptr<SQLite::Statement> query_;
+};
+
+// An open file. It holds no lock but while a row is written or rows are read.
 class Database {
 public:
     // The content of a new file, made by these statements.
@@ -82,7 +105,13 @@ public:
     // is opened for reading.
     static Database OpenDatabase(const std::string& path);
 
+    // Likewise, and nothing can be written by it. Only what a killed program left half written is
+    // taken back first, where the user may write the file.
+    static Database OpenForReading(const std::string& path);
+
     Recordset OpenRecordset(const std::string& name) const;
+    // The values are for the query's ?1, ?2 and so on.
+    Rows Select(const std::string& query, const std::vector<FieldValue>& values = {}) const;
 
 private:
     explicit Database(std::shared_ptr<SQLite::Database> file) : file_(std::move(file)) {}
