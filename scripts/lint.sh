@@ -7,4 +7,4 @@ mode=(--dry-run --Werror)
 [[ ${1:-} == --fix ]] && mode=(-i)
 git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format "${mode[@]}"
 
-scripts/check-walls.py src python/src
+scripts/check-walls.py src cli python/src

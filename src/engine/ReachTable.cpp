@@ -2,26 +2,12 @@
 
 #include "engine/LinkBudget.h"
 #include "engine/PathText.h"
+#include "text/CsvText.h"
 #include "text/NumberText.h"
 
 namespace vardel {
 
 namespace {
-
-Goal GoalOf(const Wanted& wanted, const PathInputs& path) {
-    switch (wanted.kind) {
-        case Wanted::Kind::PathLoss:
-            return Goal::AllowedLoss(wanted.value);
-        case Wanted::Kind::ReceivedPower: {
-            const Receiver receiver{path.frequency, wanted.antennaGainDbi, wanted.cableLossDb};
-            return Goal::FieldStrength(FieldStrengthForReceivedPower(receiver, wanted.value),
-                                       path.powerWatts);
-        }
-        case Wanted::Kind::FieldStrength:
-            break;
-    }
-    return Goal::FieldStrength(wanted.value, path.powerWatts);
-}
 
 std::string Distance(double km, Units units) {
     return FormatNumber(km / KmPerDistance(units), "0.000");
@@ -54,14 +40,22 @@ Cells CellsOf(const ReachTable& table) {
     return cells;
 }
 
-std::string QuotedForCsv(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string quoted = "\"";
-    for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + '"';
-}
-
 }  // namespace
+
+Goal GoalOf(const Wanted& wanted, const PathInputs& path) {
+    switch (wanted.kind) {
+        case Wanted::Kind::PathLoss:
+            return Goal::AllowedLoss(wanted.value);
+        case Wanted::Kind::ReceivedPower: {
+            const Receiver receiver{path.frequency, wanted.antennaGainDbi, wanted.cableLossDb};
+            return Goal::FieldStrength(FieldStrengthForReceivedPower(receiver, wanted.value),
+                                       path.powerWatts);
+        }
+        case Wanted::Kind::FieldStrength:
+            break;
+    }
+    return Goal::FieldStrength(wanted.value, path.powerWatts);
+}
 
 ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
                           const std::array<double, ReachPercentages>& percentages) {
@@ -173,8 +167,10 @@ std::string ReachTabbed(const ReachTable& table) {
 std::string ReachCsv(const ReachTable& table) {
     std::string text;
     for (const auto& line : CellsOf(table)) {
-        for (std::size_t i = 0; i < line.size(); ++i)
-            text += (i == 0 ? "" : ",") + QuotedForCsv(line[i]);
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            if (i > 0) text += ',';
+            AppendCsvField(text, line[i]);
+        }
         text += "\r\n";
     }
     return text;

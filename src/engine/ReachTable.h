@@ -21,6 +21,9 @@ struct Wanted {
     double cableLossDb = 0.0;
 };
 
+// The same as a goal for the models, on a path of that frequency and power.
+Goal GoalOf(const Wanted& wanted, const PathInputs& path);
+
 constexpr std::size_t ReachPercentages = 3;
 
 struct ReachTable {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/Csv.h"
+#include "cli/PathFields.h"
+
+namespace vardel::cli {
+
+// The path that a row means, and the same for the models.
+struct RowPath {
+    PathInputs path;
+    ModelInputs inputs;
+};
+
+// Which column of a file is which input of a path.
+class Columns {
+public:
+    // The fields of a head. Inputs without a column are those of the default path. Throws
+    // InputError where no column is an input, where two give the same one, or where a name is one
+    // of reserved.
+    Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
+            const std::vector<std::string>& reserved);
+
+    const std::vector<std::string>& Names() const { return names_; }
+    // Whether a column is an input that is a number.
+    bool IsNumber(std::size_t column) const;
+
+    // Puts the path of a row in. Gives what is wrong with the row, with its column; nothing: it can
+    // be calculated.
+    std::optional<std::string> Read(const std::vector<CsvField>& fields, RowPath& row) const;
+
+private:
+    struct Input {
+        std::size_t column;
+        PathField field;
+        double factor;
+        PowerUnit power;
+    };
+    void SettleUnits(const std::array<Units, PathFieldCount>& units);
+
+    std::vector<std::string> names_;
+    std::vector<Input> inputs_;
+    PathInputs defaults_;
+};
+
+// The names of all columns that are inputs, parted by commas.
+std::string KnownColumns();
+
+}  // namespace vardel::cli

@@ -1,0 +1,209 @@
+#include "cli/Commands.h"
+
+#include <cmath>
+#include <variant>
+
+#include "cli/Json.h"
+#include "cli/Results.h"
+#include "cli/RowFormats.h"
+#include "text/CsvText.h"
+#include "text/NumberText.h"
+
+namespace vardel::cli {
+
+namespace {
+
+constexpr std::size_t WriteSize = std::size_t{1} << 16U;
+constexpr const char* LineEnd = "\r\n";  // of RFC 4180
+
+std::string DistanceColumn(const char* quantity, Units units) {
+    return quantity + std::string(units == Units::English ? "_mi" : "_km");
+}
+
+// A value of a record, or none.
+using Cell = std::variant<std::monostate, std::string, double, bool>;
+using Record = std::vector<std::pair<std::string, Cell>>;
+
+std::string CellText(const Cell& cell) {
+    if (const auto* const text = std::get_if<std::string>(&cell)) return *text;
+    if (const auto* const number = std::get_if<double>(&cell)) return ShortestText(*number);
+    if (const auto* const yes = std::get_if<bool>(&cell)) return YesOrNo(*yes);
+    return {};
+}
+
+std::string JsonOf(const Record& record) {
+    std::string out;
+    JsonLine line(out);
+    for (const auto& [name, cell] : record) {
+        if (const auto* const number = std::get_if<double>(&cell))
+            line.Number(name, *number);
+        else if (const auto* const yes = std::get_if<bool>(&cell))
+            line.YesNo(name, *yes);
+        else if (std::holds_alternative<std::string>(cell))
+            line.Text(name, std::get<std::string>(cell));
+        else
+            line.Null(name);
+    }
+    line.End();
+    return out;
+}
+
+std::string CsvOf(const std::vector<std::string>& fields) {
+    std::string out;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0) out += ',';
+        AppendCsvField(out, fields[i]);
+    }
+    return out + LineEnd;
+}
+
+std::string CsvOf(const std::vector<Record>& records) {
+    std::vector<std::string> names;
+    for (const auto& [name, cell] : records.front()) names.push_back(name);
+    std::string out = CsvOf(names);
+    for (const Record& record : records) {
+        std::vector<std::string> fields;
+        for (const auto& [name, cell] : record) fields.push_back(CellText(cell));
+        out += CsvOf(fields);
+    }
+    return out;
+}
+
+Cell ReachOutcome(const Reach& reach) {
+    switch (reach.outcome) {
+        case Reach::Outcome::Never:
+            return "never";
+        case Reach::Outcome::Ends:
+            return "ends";
+        case Reach::Outcome::Everywhere:
+            return "everywhere";
+        case Reach::Outcome::Late:
+            return "late";
+        case Reach::Outcome::Invalid:
+            break;
+    }
+    return {};
+}
+
+Cell HeightOutcome(const NeededHeight& height) {
+    switch (height.outcome) {
+        case NeededHeight::Outcome::Never:
+            return "never";
+        case NeededHeight::Outcome::Lowest:
+            return "lowest";
+        case NeededHeight::Outcome::Found:
+            return "found";
+        case NeededHeight::Outcome::Invalid:
+            break;
+    }
+    return {};
+}
+
+Record ReachRecord(const Model& model, const Options& options) {
+    const ModelInputs inputs = MetricInputs(options.path);
+    const Goal goal = GoalOf(options.wanted, options.path);
+    const Units units = options.path.units;
+    const Reach reach = ReachOf(model, inputs, goal);
+    const NeededHeight height = BaseHeightFor(model, inputs, goal);
+    const bool heightMet = height.outcome == NeededHeight::Outcome::Lowest ||
+                           height.outcome == NeededHeight::Outcome::Found;
+    Cell power;
+    if (goal.quantity == Quantity::FieldStrength)
+        if (const auto needed = PowerForFieldStrength(model, inputs, goal.value))
+            power = needed->watts;
+    return {
+        {"model", ColumnName(model)},
+        {"reach", ReachOutcome(reach)},
+        {DistanceColumn("reach", units),
+         reach.served.empty() ? Cell() : Cell(reach.km / KmPerDistance(units))},
+        {"in_range", reach.inRange},
+        {"met_again", reach.Again()},
+        {"power_w", power},
+        {"base_height", HeightOutcome(height)},
+        {std::string("base_height_") + HeightUnit(units),
+         heightMet ? Cell(height.metres / MetresPerHeight(units)) : Cell()},
+    };
+}
+
+std::string Padded(std::string text, std::size_t width) {
+    if (text.size() < width) text.resize(width, ' ');
+    return text;
+}
+
+Calculation CalculationOf(const PathInputs& path) {
+    return Calculation(MetricInputs(path), path.powerWatts);
+}
+
+}  // namespace
+
+void WritePath(const Options& options, const Sink& output) {
+    const Calculation calculation = CalculationOf(options.path);
+    std::string out;
+    if (options.json) {
+        JsonLine line(out);
+        AddResults(line, &calculation);
+        line.End();
+        return output(out);
+    }
+    constexpr std::size_t ModelWidth = 10;
+    constexpr std::size_t NumberWidth = 20;
+    out = "Model     Loss in dB          Field in dB(µV/m)   In range\n";
+    for (const ModelNumber number : ComparedModels) {
+        const ModelResult& result = calculation.Of(number);
+        out += Padded(ModelOf(number).name, ModelWidth) +
+               Padded(ShortestText(result.loss), NumberWidth) +
+               Padded(ShortestText(result.fieldStrength), NumberWidth) + YesOrNo(result.inRange) +
+               '\n';
+    }
+    output(out);
+}
+
+void WriteCurve(const Options& options, const Sink& output) {
+    const std::string distanceName = DistanceColumn("distance", options.path.units);
+    std::string out;
+    if (!options.json) {
+        std::vector<std::string> head = ResultColumns();
+        head.insert(head.begin(), distanceName);
+        out = CsvOf(head);
+    }
+    PathInputs path = options.path;
+    // A step may meet the end but for its rounding.
+    const double last = std::floor((options.end - options.start) / options.step + 1e-9);
+    for (double i = 0.0; i <= last; i = i + 1.0) {
+        const std::string distance = ShortestText(options.start + i * options.step);
+        path.distance = LeadingNumber(distance);
+        const Calculation calculation = CalculationOf(path);
+        if (options.json) {
+            JsonLine line(out);
+            line.Number(distanceName, path.distance);
+            AddResults(line, &calculation);
+            line.End();
+        } else {
+            out += distance;
+            AppendResults(out, &calculation, ',');
+            out += LineEnd;
+        }
+        if (out.size() < WriteSize) continue;
+        output(out);
+        out.clear();
+    }
+    output(out);
+}
+
+void WriteReach(const Options& options, const Sink& output) {
+    std::vector<Record> records;
+    for (const ModelNumber model : ComparedModels)
+        records.push_back(ReachRecord(ModelOf(model), options));
+    std::string out;
+    if (options.json)
+        for (const Record& record : records) out += JsonOf(record);
+    else
+        out = CsvOf(records);
+    output(out);
+}
+
+void WriteLogLine(const Options& options, const CalendarTime& time, const Sink& output) {
+    output((options.header ? LogHeads() : std::string()) + LogText(options.path, time));
+}
+
+}  // namespace vardel::cli

@@ -1,0 +1,58 @@
+#include "cli/Help.h"
+
+namespace vardel::cli {
+
+std::string HelpText() {
+    return R"(Usage: vardel-calc [OPTION]...             one path
+       vardel-calc batch FILE [OPTION]...  a path for each row of a CSV file
+       vardel-calc curve [OPTION]...       a path at many distances
+       vardel-calc reach [OPTION]...       how far a station reaches
+       vardel-calc log [FILE] [OPTION]...  lines of the report log
+Radio path loss and field strength by ITU-R P.529, Davidson and COST 231.
+
+The path; in batch and log FILE, what a column is missing for:
+  --frequency MHZ       30 to 2000 (450)
+  --distance D          in km or miles, up to 300 km (10 km)
+  --base-height H       in m or ft, 20 to 2500 m (100 m)
+  --mobile-height H     in m or ft, 1 to 30 m (1.5 m)
+  --area NAME           Urban, Suburban or Open (Urban)
+  --city NAME           Small/Medium or Large (Small/Medium)
+  --time PERCENT        of time, 1 to 99 (50)
+  --locations PERCENT   of locations, 1 to 99 (50)
+  --power P             e.r.p. (1000 W)
+  --power-unit UNIT     of --power: w, kw, dbm or dbw (w)
+  --units SYSTEM        metric, or english for miles and feet (metric)
+
+The output:
+  --json                an object of JSON on each line (not for log)
+  --header              the heads of the columns before the lines (log)
+  --threads N           1 to 256, the output is the same (all processors)
+
+curve:
+  --start D, --end D, --step D   distances, in km or miles (1, 100, 1)
+
+reach, one of:
+  --field-strength DBUV          wanted at the antenna, dB(µV/m)
+  --received-power DBM           wanted at the receiver; with
+    --antenna-gain DBI, --cable-loss DB   of the receiver (0, 0)
+  --path-loss DB                 allowed between isotropic antennas
+
+batch: the first line names the columns, in any order and case: frequency_mhz,
+distance_km or distance_mi, base_height_m or _ft, mobile_height_m or _ft, area,
+city, percent_time, percent_locations, power_w, _kw, _dbm or _dbw. Others pass
+through. FILE may be - for standard input. Commas or semicolons part fields;
+numbers have a decimal point. Results are added to each row, for each model
+loss, field strength and whether the model covers the path, and an error that
+says why a row could not be calculated. Empty lines are left out.
+
+  -h, --help            show this text and end
+  --version             show the version and end
+
+Exit status: 0 all is calculated, 1 reading or writing failed, 2 wrong usage,
+3 all is written, but some rows have an error.
+)";
+}
+
+std::string VersionText() { return "vardel-calc " VARDEL_VERSION "\n"; }
+
+}  // namespace vardel::cli

@@ -1,0 +1,334 @@
+#include "cli/Options.h"
+
+#include <getopt.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "cli/PathFields.h"
+#include "engine/Calculation.h"
+#include "text/NumberText.h"
+
+namespace vardel::cli {
+
+namespace {
+
+constexpr std::array<std::pair<const char*, Command>, 4> Commands = {{
+    {"batch", Command::Batch},
+    {"curve", Command::Curve},
+    {"reach", Command::Reach},
+    {"log", Command::Log},
+}};
+
+constexpr unsigned Bit(Command command) { return 1U << static_cast<unsigned>(command); }
+constexpr unsigned All = 31;
+constexpr unsigned Files = Bit(Command::Batch) | Bit(Command::Log);
+
+enum class Name {
+    Units,
+    PowerUnit,
+    Json,
+    Header,
+    Threads,
+    Start,
+    End,
+    Step,
+    FieldStrength,
+    ReceivedPower,
+    PathLoss,
+    AntennaGain,
+    CableLoss,
+    Help,
+    Version,
+    Field
+};
+
+struct KnownOption {
+    const char* text;
+    Name name;
+    unsigned commands;
+    bool value = true;
+    PathField field = PathField::Frequency;  // of Name::Field
+};
+
+constexpr std::array<KnownOption, 24> Known = {{
+    {"frequency", Name::Field, All, true, PathField::Frequency},
+    {"distance", Name::Field, All & ~Bit(Command::Curve), true, PathField::Distance},
+    {"base-height", Name::Field, All, true, PathField::BaseHeight},
+    {"mobile-height", Name::Field, All, true, PathField::MobileHeight},
+    {"area", Name::Field, All, true, PathField::Area},
+    {"city", Name::Field, All, true, PathField::City},
+    {"time", Name::Field, All, true, PathField::PercentTime},
+    {"locations", Name::Field, All, true, PathField::PercentLocations},
+    {"power", Name::Field, All, true, PathField::Power},
+    {"power-unit", Name::PowerUnit, All},
+    {"units", Name::Units, All},
+    {"json", Name::Json, All & ~Bit(Command::Log), false},
+    {"header", Name::Header, Bit(Command::Log), false},
+    {"threads", Name::Threads, Files},
+    {"start", Name::Start, Bit(Command::Curve)},
+    {"end", Name::End, Bit(Command::Curve)},
+    {"step", Name::Step, Bit(Command::Curve)},
+    {"field-strength", Name::FieldStrength, Bit(Command::Reach)},
+    {"received-power", Name::ReceivedPower, Bit(Command::Reach)},
+    {"path-loss", Name::PathLoss, Bit(Command::Reach)},
+    {"antenna-gain", Name::AntennaGain, Bit(Command::Reach)},
+    {"cable-loss", Name::CableLoss, Bit(Command::Reach)},
+    {"help", Name::Help, All, false},
+    {"version", Name::Version, All, false},
+}};
+
+struct Given {
+    const KnownOption* option;
+    std::string value;
+};
+
+struct CommandLine {
+    std::vector<Given> options;
+    std::vector<std::string> operands;
+};
+
+std::string Dashed(const KnownOption& option) { return std::string("--") + option.text; }
+
+// The ids of the options begin beyond the characters, which are those of short options.
+constexpr int FirstId = 256;
+
+CommandLine Split(int argc, char* const* argv) {
+    std::vector<option> longOptions;
+    for (std::size_t i = 0; i < Known.size(); ++i)
+        longOptions.push_back({Known.at(i).text,
+                               Known.at(i).value ? required_argument : no_argument, nullptr,
+                               FirstId + static_cast<int>(i)});
+    longOptions.push_back({});
+    const auto optionOf = [](int id) { return &Known.at(static_cast<std::size_t>(id - FirstId)); };
+
+    CommandLine line;
+    optind = 0;
+    opterr = 0;
+    for (;;) {
+        const int id = getopt_long(argc, argv, ":h", longOptions.data(), nullptr);
+        if (id == -1) break;
+        if (id == 'h') {
+            line.options.push_back({&Known.at(Known.size() - 2), {}});
+        } else if (id == ':') {
+            throw UsageError(Dashed(*optionOf(optopt)) + " wants a value");
+        } else if (id == '?') {
+            if (optopt >= FirstId) throw UsageError(Dashed(*optionOf(optopt)) + " takes no value");
+            throw UsageError("unknown option " +
+                             (optopt == 0 ? std::string(argv[optind - 1])
+                                          : std::string("-") + static_cast<char>(optopt)));
+        } else {
+            line.options.push_back({optionOf(id), optarg == nullptr ? "" : optarg});
+        }
+    }
+    line.operands.assign(argv + optind, argv + argc);
+    return line;
+}
+
+double NumberOf(const Given& given) {
+    std::optional<std::string> wrong;
+    const auto number = NumberOrFault(given.value, wrong);
+    if (!number) throw UsageError(Dashed(*given.option) + ": " + *wrong);
+    return *number;
+}
+
+template <class Value, std::size_t Count>
+Value OneOf(const Given& given, const std::array<std::pair<const char*, Value>, Count>& values) {
+    std::string names;
+    for (const auto& [name, value] : values) {
+        if (given.value == name) return value;
+        names += (names.empty() ? "" : ", ") + std::string(name);
+    }
+    throw UsageError(Dashed(*given.option) + ": " + Shown(given.value) + " is none of " + names);
+}
+
+class Reader {
+public:
+    explicit Reader(CommandLine line) : line_(std::move(line)) {}
+
+    Options Read() {
+        TakeCommand();
+        for (const Given& given : line_.options) TakeEarly(given);
+        if (options_.help || options_.version) return options_;
+        options_.path = DefaultPath(units_);
+        for (const Given& given : line_.options) Take(given);
+        TakeFile();
+        Check();
+        return options_;
+    }
+
+private:
+    void TakeCommand() {
+        if (line_.operands.empty()) return;
+        for (const auto& [name, command] : Commands) {
+            if (line_.operands.front() != name) continue;
+            options_.command = command;
+            command_ = name;
+            line_.operands.erase(line_.operands.begin());
+            return;
+        }
+        throw UsageError("unknown command " + Shown(line_.operands.front()));
+    }
+
+    // What the meaning of others depends on.
+    void TakeEarly(const Given& given) {
+        using Unit = std::pair<const char*, Units>;
+        using Power = std::pair<const char*, PowerUnit>;
+        switch (given.option->name) {
+            case Name::Help:
+                options_.help = true;
+                break;
+            case Name::Version:
+                options_.version = true;
+                break;
+            case Name::Units:
+                units_ = OneOf(given, std::array{Unit{"metric", Units::Metric},
+                                                 Unit{"english", Units::English}});
+                break;
+            case Name::PowerUnit:
+                powerUnit_ = OneOf(
+                    given,
+                    std::array{Power{"w", PowerUnit::Watts}, Power{"kw", PowerUnit::Kilowatts},
+                               Power{"dbm", PowerUnit::Dbm}, Power{"dbw", PowerUnit::Dbw}});
+                powerUnitGiven_ = true;
+                break;
+            default:
+                break;
+        }
+    }
+
+    void Take(const Given& given) {
+        const KnownOption& option = *given.option;
+        if ((option.commands & Bit(options_.command)) == 0)
+            throw UsageError(Dashed(option) + " does not go with " +
+                             (command_.empty() ? "a single path" : command_));
+        switch (option.name) {
+            case Name::Field:
+                if (const auto wrong =
+                        SetPathField(options_.path, option.field, given.value, 1.0, powerUnit_))
+                    throw UsageError(Dashed(option) + ": " + *wrong);
+                powerGiven_ = powerGiven_ || option.field == PathField::Power;
+                break;
+            case Name::Json:
+                options_.json = true;
+                break;
+            case Name::Header:
+                options_.header = true;
+                break;
+            case Name::Threads:
+                TakeThreads(given);
+                break;
+            case Name::Start:
+                options_.start = NumberOf(given);
+                break;
+            case Name::End:
+                options_.end = NumberOf(given);
+                break;
+            case Name::Step:
+                options_.step = NumberOf(given);
+                break;
+            default:
+                TakeWanted(given);
+                break;
+        }
+    }
+
+    void TakeThreads(const Given& given) {
+        const double threads = NumberOf(given);
+        if (!(1.0 <= threads && threads <= 256.0) || threads != std::floor(threads))
+            throw UsageError(Dashed(*given.option) + ": a whole number from 1 to 256 is wanted");
+        threads_ = static_cast<unsigned>(threads);
+    }
+
+    void TakeWanted(const Given& given) {
+        using Kind = Wanted::Kind;
+        switch (given.option->name) {
+            case Name::FieldStrength:
+                return TakeKind(given, Kind::FieldStrength);
+            case Name::ReceivedPower:
+                return TakeKind(given, Kind::ReceivedPower);
+            case Name::PathLoss:
+                return TakeKind(given, Kind::PathLoss);
+            case Name::AntennaGain:
+                options_.wanted.antennaGainDbi = NumberOf(given);
+                receiverGiven_ = true;
+                break;
+            case Name::CableLoss:
+                options_.wanted.cableLossDb = NumberOf(given);
+                receiverGiven_ = true;
+                break;
+            default:
+                break;
+        }
+    }
+
+    void TakeKind(const Given& given, Wanted::Kind kind) {
+        if (wantedGiven_ && options_.wanted.kind != kind) throw UsageError(OneWanted);
+        wantedGiven_ = true;
+        options_.wanted.kind = kind;
+        options_.wanted.value = NumberOf(given);
+    }
+
+    void TakeFile() {
+        const bool takesFile = (Files & Bit(options_.command)) != 0;
+        if (line_.operands.size() > (takesFile ? 1U : 0U))
+            throw UsageError("too much: " + Shown(line_.operands.back()));
+        if (!line_.operands.empty()) {
+            options_.file = line_.operands.front();
+            if (options_.file.empty()) throw UsageError("the file's name is empty");
+        }
+        if (options_.command == Command::Batch && options_.file.empty())
+            throw UsageError("batch wants a file, or - for standard input");
+        options_.threads = threads_.value_or(std::max(1U, std::thread::hardware_concurrency()));
+    }
+
+    void Check() const {
+        if (powerUnitGiven_ && !powerGiven_) throw UsageError("--power-unit wants --power, too");
+        if (!options_.file.empty()) return;  // each row is looked at by itself
+        if (options_.command == Command::Reach) {
+            if (!wantedGiven_) throw UsageError(OneWanted);
+            if (receiverGiven_ && options_.wanted.kind != Wanted::Kind::ReceivedPower)
+                throw UsageError("--antenna-gain and --cable-loss go with --received-power");
+        }
+        if (options_.command == Command::Curve) return CheckCurve();
+        if (const auto refusal = RefusalOf(MetricInputs(options_.path))) throw UsageError(*refusal);
+    }
+
+    void CheckCurve() const {
+        constexpr double MostPoints = 1e9;
+        for (const double distance : {options_.start, options_.end}) {
+            PathInputs path = options_.path;
+            path.distance = distance;
+            if (const auto refusal = RefusalOf(MetricInputs(path))) throw UsageError(*refusal);
+        }
+        if (options_.end < options_.start) throw UsageError("--end is before --start");
+        if (!(options_.step > 0.0)) throw UsageError("--step is not above zero");
+        if ((options_.end - options_.start) / options_.step > MostPoints)
+            throw UsageError("--step is too small: a curve has at most 1000000000 points");
+    }
+
+    static constexpr const char* OneWanted =
+        "reach wants one of --field-strength, --received-power and --path-loss";
+
+    CommandLine line_;
+    Options options_;
+    std::string command_;
+    Units units_ = Units::Metric;
+    PowerUnit powerUnit_ = PowerUnit::Watts;
+    std::optional<unsigned> threads_;
+    bool powerUnitGiven_ = false;
+    bool powerGiven_ = false;
+    bool receiverGiven_ = false;
+    bool wantedGiven_ = false;
+};
+
+}  // namespace
+
+Options ParseOptions(int argc, char* const* argv) { return Reader(Split(argc, argv)).Read(); }
+
+}  // namespace vardel::cli

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "engine/ReachTable.h"
+
+namespace vardel::cli {
+
+enum class Command { Path, Batch, Curve, Reach, Log };
+
+// What is wrong with a command line, in words for the user.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct Options {
+    Command command = Command::Path;
+    bool help = false;  // then, as with version, nothing else counts
+    bool version = false;
+    bool json = false;
+    bool header = false;    // of the log
+    PathInputs path;        // of batch and log, for the columns that a file lacks
+    unsigned threads = 1;   // of batch and log
+    std::string file = {};  // of batch and log; empty: one path for the log
+    double start = 1.0;     // of the curve, in the units of the path
+    double end = 100.0;
+    double step = 1.0;
+    Wanted wanted = {};  // of the reach
+};
+
+// Options stand anywhere, and may be shortened as far as they are clear. Throws UsageError. Uses
+// the one state of getopt_long, so one call at a time.
+Options ParseOptions(int argc, char* const* argv);
+
+}  // namespace vardel::cli

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "cli/Batch.h"
+#include "text/CalendarTime.h"
+
+namespace vardel::cli {
+
+// What the program meets outside.
+struct World {
+    std::function<Source(const std::string& path)> open;  // throws std::system_error
+    Sink output;
+    Sink errors;
+    CalendarTime now;
+    bool progress = false;  // whether a long batch tells how far it is
+};
+
+enum class ExitStatus : int { Done = 0, Failed = 1, WrongUsage = 2, RowsWithErrors = 3 };
+
+// The whole of vardel-calc. Tells its errors and throws none.
+ExitStatus RunProgram(int argc, char* const* argv, const World& world);
+
+}  // namespace vardel::cli

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "cli/Batch.h"
+
+// Files and the standard streams. What fails throws std::system_error with the name in it.
+
+namespace vardel::cli {
+
+// Opens a file; "-" is standard input.
+Source SourceOf(const std::string& path);
+
+Sink StandardOutput();
+Sink StandardError();
+
+// Whether somebody watches standard error while the output goes elsewhere.
+bool ProgressIsSeen();
+
+}  // namespace vardel::cli
