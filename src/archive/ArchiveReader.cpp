@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <exception>
+#include <sstream>
 #include <utility>
 
 #include "models/Model.h"
@@ -29,6 +30,21 @@ const char* FieldOf(RunOrder::By by) {
         default:
             return "ID";
     }
+}
+
+// The condition for the words of a search, whose values go behind those that there are.
+std::string Search(const std::string& search, std::vector<FieldValue>& values) {
+    constexpr const char* Text =
+        "instr(lower(ID || ' ' || ifnull(Date_Time, '') || ' ' || ifnull(Parameters, '') || ' ' || "
+        "ifnull(Comment, '')), lower(?";
+    std::string condition;
+    std::istringstream words(search);
+    for (std::string word; words >> word;) {
+        values.emplace_back(word);
+        condition += (condition.empty() ? " WHERE " : " AND ") + std::string(Text) +
+                     std::to_string(values.size()) + ")) > 0";
+    }
+    return condition;
 }
 
 double DoubleAt(const Bytes& bytes, std::size_t at) {
@@ -91,8 +107,8 @@ auto ArchiveReader::Reading(Read read) const {
     }
 }
 
-ArchiveReader::ArchiveReader(std::string path) : path_(std::move(path)) {
-    database_ = Reading([&] { return Database::OpenForReading(path_); });
+ArchiveReader::ArchiveReader(std::string path, int longestWait) : path_(std::move(path)) {
+    database_ = Reading([&] { return Database::OpenForReading(path_, longestWait); });
     try {
         database_
             ->Select(
@@ -105,9 +121,11 @@ ArchiveReader::ArchiveReader(std::string path) : path_(std::move(path)) {
     }
 }
 
-std::int64_t ArchiveReader::RunCount() const {
+std::int64_t ArchiveReader::RunCount(const RunOrder& order) const {
     return Reading([&] {
-        Rows count = database_->Select("SELECT count(*) FROM ModelRun");
+        std::vector<FieldValue> values;
+        const std::string found = Search(order.search, values);
+        Rows count = database_->Select("SELECT count(*) FROM ModelRun" + found, values);
         count.Next();
         return count.Number(0).value_or(0);
     });
@@ -131,14 +149,16 @@ std::vector<RunRow> ArchiveReader::RunsOf(const std::string& rows,
     });
 }
 
-std::vector<RunRow> ArchiveReader::Runs(RunOrder order, std::int64_t offset,
+std::vector<RunRow> ArchiveReader::Runs(const RunOrder& order, std::int64_t offset,
                                         std::int64_t limit) const {
+    std::vector<FieldValue> values{limit, offset};
+    const std::string found = Search(order.search, values);
     const std::string direction = order.descending ? " DESC" : " ASC";
     const std::string ordered =
         std::string(" ORDER BY ") + FieldOf(order.by) + direction + ", ID" + direction;
     // Curves are counted for the rows that are wanted, not for all that are sorted.
-    return RunsOf("(SELECT * FROM ModelRun" + ordered + " LIMIT ?1 OFFSET ?2) r" + ordered,
-                  {limit, offset});
+    return RunsOf("(SELECT * FROM ModelRun" + found + ordered + " LIMIT ?1 OFFSET ?2) r" + ordered,
+                  values);
 }
 
 std::optional<RunRow> ArchiveReader::Run(std::int64_t number) const {

@@ -34,10 +34,14 @@ struct CurveRow {
     std::vector<double> z;     // of points of three numbers, else empty
 };
 
+// Which runs are listed, and how.
 struct RunOrder {
     enum class By { Number, Time, Comment, Parameters };
     By by = By::Number;
     bool descending = false;
+    // Words that number, time, parameters and comment together must hold, in small letters or
+    // capitals; empty: all runs.
+    std::string search = {};
 };
 
 // Reads an archive and never writes to it; other programs may do so meanwhile. Rows are read when
@@ -45,12 +49,14 @@ struct RunOrder {
 class ArchiveReader {
 public:
     // The file must be there and have the tables of an archive.
-    explicit ArchiveReader(std::string path);
+    // Another program that is writing is waited for so long, in ms.
+    explicit ArchiveReader(std::string path, int longestWait = Database::LongestWait);
 
-    std::int64_t RunCount() const;
+    const std::string& Path() const { return path_; }
+    std::int64_t RunCount(const RunOrder& order = {}) const;
     // Those from the offset on in the order, not more than limit. Runs that are alike in it come by
     // their numbers.
-    std::vector<RunRow> Runs(RunOrder order, std::int64_t offset, std::int64_t limit) const;
+    std::vector<RunRow> Runs(const RunOrder& order, std::int64_t offset, std::int64_t limit) const;
     std::optional<RunRow> Run(std::int64_t number) const;
 
     // The curves of a run, in the order in which they were stored. They may be there without the

@@ -58,6 +58,7 @@ void dbOperations::TellFailure(const std::function<void()>& steps) {
     try {
         steps();
     } catch (const std::exception& error) {
+        hasFailed_ = true;
         windows_.ShowMessage({.text = error.what()});
     }
 }

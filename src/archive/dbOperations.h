@@ -35,6 +35,9 @@ public:
                     std::int32_t PointCount, std::int32_t DataSetType, std::span<const double> X,
                     std::span<const double> Y, std::span<const double> Z);
 
+    // Whether any step has failed so far.
+    bool HasFailed() const { return hasFailed_; }
+
     // Count points as little-endian doubles, then one byte 0. Throw std::out_of_range where there
     // are not so many.
     static Bytes PackPointsXY(std::int32_t Count, std::span<const double> X,
@@ -52,6 +55,7 @@ private:
     void TellFailure(const std::function<void()>& steps);
 
     Windows& windows_;
+    bool hasFailed_ = false;
 };
 
 }  // namespace vardel

@@ -18,6 +18,7 @@ enum class HelpTopic : int {
     Reach = 350,
     Explanation = 360,
     MeasuredData = 370,
+    Archive = 380,
     ReportLog = 400,
     Printing = 410,
 };

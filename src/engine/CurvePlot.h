@@ -11,7 +11,7 @@
 
 namespace vardel {
 
-enum class LinePattern : int { InRange = 0, FreeSpace = 2, OutOfRange = 3 };
+enum class LinePattern : int { InRange = 0, FreeSpace = 2, OutOfRange = 3, Archived = 4 };
 
 // A stretch of a curve, in one pattern.
 struct PlotSeries {

@@ -9,6 +9,7 @@
 namespace vardel {
 
 class AboutForm;
+class ArchiveForm;
 class ExplainForm;
 class FrmOkumFieldStrength;
 class FrmPrintOut;
@@ -37,6 +38,7 @@ struct Doors {
     FormSlot<vardel::ReachForm> ReachForm;
     FormSlot<vardel::ExplainForm> ExplainForm;
     FormSlot<vardel::MeasuredForm> MeasuredForm;
+    FormSlot<vardel::ArchiveForm> ArchiveForm;
     std::function<RLogClass&()> ReportLog;
 };
 

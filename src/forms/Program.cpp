@@ -1,5 +1,6 @@
 #include "forms/Program.h"
 
+#include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/help/AboutForm.h"
@@ -44,6 +45,7 @@ Program::Program(Platform services)
           .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this, *this); }},
           .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
           .MeasuredForm{[this] { return Make<vardel::MeasuredForm>(platform, *this, *this); }},
+          .ArchiveForm{[this] { return Make<vardel::ArchiveForm>(platform, *this, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
       } {}
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "engine/CurvePlot.h"
 #include "engine/MeasuredData.h"
@@ -19,6 +21,13 @@ struct GraphThreshold {
     bool shown = false;
 };
 
+// A run of an archive that graphs of its quantity show over their curves.
+struct LaidRun {
+    std::int64_t number;
+    Quantity quantity;
+    CurvePlot curves;
+};
+
 // The data that several forms share, one of each to a program.
 struct SharedData {
     // How often the session was said to end, which may be called off. Whoever waits for an answer
@@ -31,6 +40,8 @@ struct SharedData {
     bool ShowMeasuredData = false;  // whether graphs lay measured data over their curves
     GraphThreshold LossThreshold{140.0};
     GraphThreshold FieldStrengthThreshold{32.0};
+    std::vector<LaidRun> LaidRuns;
+    int LaidChanges = 0;                                         // grows with every change of them
     Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to
     Chart* ChartToPrint = nullptr;                               // what FrmPrintOut works on
     Color OutOfRangeColor = OutOfRangePink;                      // of what its model does not cover

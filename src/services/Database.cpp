@@ -20,8 +20,6 @@ struct OpenTable {
 
 namespace {
 
-constexpr int LongestWait = 2000;  // ms, for another program
-
 std::string Quoted(std::string_view name) {
     std::string quoted = "\"";
     for (const char c : name) {
@@ -226,9 +224,9 @@ Database Database::OpenDatabase(const std::string& path) {
     return Database(std::move(file));
 }
 
-Database Database::OpenForReading(const std::string& path) {
+Database Database::OpenForReading(const std::string& path, int longestWait) {
     const auto open = [&](int mode) {
-        auto file = std::make_shared<SQLite::Database>(path, mode, LongestWait);
+        auto file = std::make_shared<SQLite::Database>(path, mode, longestWait);
         file->execAndGet("SELECT count(*) FROM sqlite_master");
         return file;
     };
@@ -241,6 +239,17 @@ Database Database::OpenForReading(const std::string& path) {
     auto file = open(SQLite::OPEN_READWRITE);
     file->exec("PRAGMA query_only = ON");
     return Database(std::move(file));
+}
+
+void Database::Change(const std::vector<RowChange>& changes) const {
+    SQLite::Transaction all(*file_, SQLite::TransactionBehavior::IMMEDIATE);
+    for (const auto& [text, values] : changes) {
+        SQLite::Statement statement(*file_, text);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            BindTo(statement, static_cast<int>(i) + 1, values[i]);
+        statement.exec();
+    }
+    all.commit();
 }
 
 Rows Database::Select(const std::string& query, const std::vector<FieldValue>& values) const {

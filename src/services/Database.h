@@ -94,9 +94,17 @@ private:
     std::unique_ptr<SQLite::Statement> query_;
 };
 
+// A statement that changes rows, with the values for its ?1, ?2 and so on.
+struct RowChange {
+    std::string statement;
+    std::vector<FieldValue> values;
+};
+
 // An open file. It holds no lock but while a row is written or rows are read.
 class Database {
 public:
+    static constexpr int LongestWait = 2000;  // ms, for another program
+
     // The content of a new file, made by these statements.
     static std::string NewFile(const std::string& sql);
 
@@ -106,12 +114,15 @@ public:
     static Database OpenDatabase(const std::string& path);
 
     // Likewise, and nothing can be written by it. Only what a killed program left half written is
-    // taken back first, where the user may write the file.
-    static Database OpenForReading(const std::string& path);
+    // taken back first, where the user may write the file. Another program is waited for so long,
+    // in ms.
+    static Database OpenForReading(const std::string& path, int longestWait = LongestWait);
 
     Recordset OpenRecordset(const std::string& name) const;
     // The values are for the query's ?1, ?2 and so on.
     Rows Select(const std::string& query, const std::vector<FieldValue>& values = {}) const;
+    // Makes all of the changes, or none.
+    void Change(const std::vector<RowChange>& changes) const;
 
 private:
     explicit Database(std::shared_ptr<SQLite::Database> file) : file_(std::move(file)) {}

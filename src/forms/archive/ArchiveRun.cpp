@@ -77,7 +77,7 @@ std::optional<std::string> AskComment(const SharedData& shared, Windows& windows
     return comment;
 }
 
-void StoreRun(const SharedData& shared, const PlotForm& form, const ModelInputs& inputs,
+void StoreRun(const SharedData& shared, PlotForm& form, const ModelInputs& inputs,
               Quantity quantity, int sessionEnds) {
     Platform& platform = form.GetPlatform();
     dbOperations archive(platform.windows);
@@ -87,6 +87,9 @@ void StoreRun(const SharedData& shared, const PlotForm& form, const ModelInputs&
     if (!comment) return;
     WriteRun(archive, {parameters, *comment, platform.clock.Now(), quantity, inputs,
                        GetPowerWatts(), form.MaxDist});
+    if (!archive.HasFailed())
+        form.ShowStatus("Run " + std::to_string(archive.CurrentRunId) + " is stored in " +
+                        archive.ArchivePath + '.');
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "controls/Hourglass.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
-#include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/main/MainForm.h"
@@ -112,9 +111,7 @@ void FrmOkumFieldStrength::SelectMaxDist(double maxDist) {
     if (MaxDist != maxDist) SetMaxDist(maxDist, mnuModelDist100, mnuModelDist300);
 }
 
-void FrmOkumFieldStrength::cmdAddToArchive_Click() {
-    ArchiveRun(shared_, *this, Quantity::FieldStrength);
-}
+void FrmOkumFieldStrength::cmdAddToArchive_Click() { StoreInArchive(Quantity::FieldStrength); }
 
 // The power goes to the main form at once, not only when the form closes.
 void FrmOkumFieldStrength::txtPowerUnit_LostFocus() {

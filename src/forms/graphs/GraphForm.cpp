@@ -2,7 +2,6 @@
 
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
-#include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/main/MainForm.h"
@@ -41,7 +40,8 @@ void GraphForm::Form_Load() {
 
 void GraphForm::BringUpToDate() {
     threshold_.BringUpToDate();
-    if (TakeUnitsAfresh()) cmdUpdateGraph.Press();
+    const bool laid = LaidRunsChanged();
+    if (TakeUnitsAfresh() || laid) cmdUpdateGraph.Press();
 }
 
 void GraphForm::Form_Unload() {
@@ -52,6 +52,6 @@ void GraphForm::Form_Unload() {
     main.mnuUnitsEnglish.SetChecked(mnuUnitsEnglish.Checked());
 }
 
-void GraphForm::cmdArchiveData_Click() { ArchiveRun(shared_, *this, Quantity::Loss); }
+void GraphForm::cmdArchiveData_Click() { StoreInArchive(Quantity::Loss); }
 
 }  // namespace vardel

@@ -1,5 +1,6 @@
 #include "forms/graphs/PlotForm.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -7,6 +8,8 @@
 #include "engine/Units.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/archive/ArchiveForm.h"
+#include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/help/ContextIDs.h"
@@ -45,6 +48,7 @@ PlotForm::PlotForm(Platform& platform, SharedData& shared, Doors& doors, const N
       chart_(*this, names.chart, names.chartTitle, names.distanceTitle, names.valueTitle),
       baseAntenna_(*this, names.baseAntennaLabel, "Base Antenna"),
       archive_(*this, names.archiveButton, "Add to Archive") {
+    lblStatus.SetVisible(false);
     SetAppearance();
     WireEvents();
 }
@@ -147,7 +151,17 @@ void PlotForm::CountHeightsAsUnchanged() {
     unchanged_.hm = txthm.Text();
 }
 
+void PlotForm::StoreInArchive(Quantity quantity) {
+    ArchiveRun(shared_, *this, quantity);
+    if (doors_.ArchiveForm.Loaded()) doors_.ArchiveForm->BringUpToDate();
+}
+
 void PlotForm::cmdPrintGraph_Click() { PrintGraph(shared_, doors_, *this, chart_); }
+
+void PlotForm::ShowStatus(std::string text) {
+    lblStatus.SetVisible(!text.empty());
+    lblStatus.SetCaption(std::move(text));
+}
 
 void PlotForm::MarkGood() {
     cmdUpdateGraph.SetPictureFile(GoodPicture);
@@ -165,6 +179,7 @@ void PlotForm::cmbareatype_Click() {
 }
 
 void PlotForm::cmdUpdateGraph_Click() {
+    ShowStatus({});
     MarkGood();
     if (!Replot()) MarkStale();
 }
@@ -192,17 +207,25 @@ std::optional<ModelInputs> PlotForm::ReadInputs(BoxReader read) {
                        .pctLoc = LeadingNumber(txtPctLoc.Text())};
 }
 
+void PlotForm::AddLaidRuns(CurvePlot& plot, Quantity quantity) {
+    laidChanges_ = shared_.LaidChanges;
+    for (const LaidRun& run : shared_.LaidRuns)
+        if (run.quantity == quantity) plot.insert(plot.end(), run.curves.begin(), run.curves.end());
+}
+
 bool PlotForm::Plot(bool redrawChart, int first, int last) {
     const Hourglass hourglass(*this);
     GetPlatform().windows.Yield();
     const auto inputs = ReadInputs(redrawChart ? ReadPositiveBox : ReadPositiveBoxQuietly);
     refusalUntold_ = !inputs && !redrawChart;
     if (!inputs) return false;
+    const int shown = static_cast<int>(chart_.AllSeries().size());
     if (redrawChart)
-        for (int i = first; i <= last; ++i) chart_.Series(i).Visible = false;
+        for (int i = first; i <= std::max(last, shown - 1); ++i) chart_.Series(i).Visible = false;
     GraphCurves curves = CurvesOf(*inputs);
     CurvePlot plot = PlotOf(curves, MaxDist);
     AddToPlot(plot, *inputs);
+    AddLaidRuns(plot, curves.quantity);
     ShowPlot(chart_, plot);
     SetScalesAndTitles();
     Threshold().SetCurves(std::move(curves));

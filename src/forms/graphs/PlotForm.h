@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "forms/SharedData.h"
 #include "forms/graphs/Chart.h"
 #include "forms/graphs/ThresholdLine.h"
 #include "forms/shared/BoxRule.h"
@@ -13,7 +14,6 @@ namespace vardel {
 class MainForm;
 struct Doors;
 struct Platform;
-struct SharedData;
 
 // What the graph forms have in common: a copy of the main form's inputs, the rules of their boxes,
 // the steps of a plot, and a button that shows whether the chart is of the present inputs. The
@@ -59,6 +59,8 @@ public:
     Label Label11{*this, "Label11", "m"};
     Label Label9{*this, "Label9", "Mobile Antenna"};
 
+    Label lblStatus{*this, "lblStatus"};  // what was done last, where no message tells it
+
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileSave{mnuFile, "mnuFileSave", "&Save Meta File"};
     MenuItem mnuUnits{*this, "mnuUnits", "&Units"};
@@ -81,6 +83,8 @@ public:
     // Gives the main form what was changed here: each of these writes is an edit there. What was
     // not changed is left alone, since the main form may have moved on while this form was hidden.
     void HandBackInputs(MainForm& main);
+    // Empty: there is nothing to tell.
+    void ShowStatus(std::string text);
     // A unit switch has given both the same heights.
     void CountHeightsAsUnchanged();
 
@@ -92,7 +96,7 @@ protected:
     // first, where a box holds no number: the chart is as it was then.
     bool Plot(bool redrawChart, int first, int last);
     virtual GraphCurves CurvesOf(const ModelInputs& inputs) = 0;
-    // What lies over the curves besides.
+    // What lies over the curves besides, but for runs of an archive.
     virtual void AddToPlot(CurvePlot&, const ModelInputs&) {}
     virtual void SetScalesAndTitles() = 0;
     // The plot that the button asks for.
@@ -103,6 +107,9 @@ protected:
     // but where the main form has gone back to metric units by itself since, these inputs would be
     // handed back in the wrong units, and the main form's are taken. True when they were.
     bool TakeUnitsAfresh();
+    // Whether other runs of an archive are to lie over the graph than when it was plotted.
+    bool LaidRunsChanged() const { return laidChanges_ != shared_.LaidChanges; }
+    void StoreInArchive(Quantity quantity);
     void cmdPrintGraph_Click();
     void MarkGood();
     void MarkStale();
@@ -121,13 +128,15 @@ private:
     };
     Inputs Entered() const;
 
+    void AddLaidRuns(CurvePlot& plot, Quantity quantity);
     void SetAppearance();
     void WireEvents();
     void cmbareatype_Click();
     void cmdUpdateGraph_Click();
 
     bool refusalUntold_ = false;
-    Inputs unchanged_;  // as the main form and this one had them alike
+    int laidChanges_ = 0;  // of the shared data, as they were plotted
+    Inputs unchanged_;     // as the main form and this one had them alike
 };
 
 }  // namespace vardel

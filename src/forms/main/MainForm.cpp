@@ -2,6 +2,7 @@
 
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphActions.h"
 #include "forms/graphs/GraphForm.h"
@@ -121,6 +122,8 @@ void MainForm::WireEvents() {
     mnuToolsExplain.SetShortcut("Ctrl+E");
     mnuToolsMeasured.Click = [this] { doors_.MeasuredForm->Show(); };
     mnuToolsMeasured.SetShortcut("Ctrl+M");
+    mnuToolsArchive.Click = [this] { doors_.ArchiveForm->Show(); };
+    mnuToolsArchive.SetShortcut("Ctrl+D");
     mnuHelpInfo.Click = [this] { doors_.frmInfoScreen->ShowModal(this); };
     mnuHelpAbout.Click = [this] { doors_.AboutForm->ShowModal(); };
     mnuHelpVardel.Click = [this] { OpenManual(GetPlatform()); };

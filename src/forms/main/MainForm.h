@@ -34,6 +34,9 @@ public:
     // All of a path, as a run takes it. Nothing, and no message, where a box holds no number above
     // zero.
     std::optional<PathInputs> ReadPathQuietly();
+    // Puts a path's inputs but for the distance into the boxes, in the window's own units.
+    enum class Take { Power, AllButPower };
+    void TakeInputs(const PathInputs& path, Take take);
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
@@ -120,6 +123,7 @@ public:
     MenuItem mnuToolsReach{mnuTools, "mnuToolsReach", "&Reach ..."};
     MenuItem mnuToolsExplain{mnuTools, "mnuToolsExplain", "&Explain This Number ..."};
     MenuItem mnuToolsMeasured{mnuTools, "mnuToolsMeasured", "&Measured Data ..."};
+    MenuItem mnuToolsArchive{mnuTools, "mnuToolsArchive", "&Archive ..."};
     MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
     MenuItem mnuHelpInfo{mnuHelp, "mnuHelpInfo", "&Introduction Screen"};
     MenuItem mnuHelpVardel{mnuHelp, "mnuHelpVardel", "&Vardel"};

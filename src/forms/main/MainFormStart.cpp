@@ -5,6 +5,7 @@
 #include "engine/Units.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/archive/ArchiveForm.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
@@ -195,6 +196,7 @@ void MainForm::mnuFileExit_Click() {
 
 void MainForm::Form_Unload() {
     CloseHelp(shared_, GetPlatform().help);
+    if (doors_.ArchiveForm.Loaded()) doors_.ArchiveForm->Unload();
     SaveUnitsAndHostBoxes();
     const int ends = shared_.SessionEnds;
     const auto sessionEnded = [&] { return shared_.SessionEnds != ends; };

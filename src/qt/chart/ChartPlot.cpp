@@ -37,6 +37,8 @@ QPen PenOf(const ChartSeries& series) {
     pen.setCapStyle(Qt::FlatCap);
     if (series.IsOutOfRange()) pen.setDashPattern({6, 4});
     if (series.LineStyle == static_cast<int>(LinePattern::FreeSpace)) pen.setDashPattern({1, 3});
+    if (series.LineStyle == static_cast<int>(LinePattern::Archived))
+        pen.setDashPattern({9, 3, 2, 3});
     return pen;
 }
 

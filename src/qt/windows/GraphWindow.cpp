@@ -93,6 +93,7 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     chart->setSpacing(0);
     chart->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
     chart->addWidget(MakeThreshold(form.Threshold()));
+    chart->addWidget(MakeLabel(form.lblStatus));
     row->addLayout(chart, 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});

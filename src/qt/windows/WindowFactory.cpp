@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/help/AboutForm.h"
@@ -15,6 +16,7 @@
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "qt/windows/AboutWindow.h"
+#include "qt/windows/ArchiveWindow.h"
 #include "qt/windows/ExplainWindow.h"
 #include "qt/windows/GraphWindow.h"
 #include "qt/windows/InfoWindow.h"
@@ -49,6 +51,8 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
         return std::make_unique<ExplainWindow>(*explain);
     if (auto* measured = dynamic_cast<MeasuredForm*>(&form))
         return std::make_unique<MeasuredWindow>(*measured);
+    if (auto* archive = dynamic_cast<ArchiveForm*>(&form))
+        return std::make_unique<ArchiveWindow>(*archive);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

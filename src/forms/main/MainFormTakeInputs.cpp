@@ -1,0 +1,32 @@
+// Inputs that come back from elsewhere, such as a run of an archive.
+
+#include "engine/PathInputs.h"
+#include "engine/PowerUnits.h"
+#include "forms/SharedData.h"
+#include "forms/main/MainForm.h"
+#include "forms/shared/BoxRule.h"
+#include "text/NumberText.h"
+
+namespace vardel {
+
+// In the units that the window shows. A height of other units may need more digits than boxes give.
+void MainForm::TakeInputs(const PathInputs& path, Take take) {
+    const Units units = mnuUnitsEnglish.Checked() ? Units::English : Units::Metric;
+    const auto height = [&](double x) {
+        if (path.units == units) return x;
+        return x * MetresPerHeight(path.units) / MetresPerHeight(units);
+    };
+    txtFreq.SetText(FormatNumber(path.frequency, InputPattern));
+    txthb.SetText(FormatNumber(height(path.hb), InputPattern));
+    txthm.SetText(FormatNumber(height(path.hm), InputPattern));
+    cmbareatype.SetText(path.area);
+    ApplyAreaRule(cmbareatype, cmbcitysize);
+    cmbcitysize.SetText(path.city);
+    txtPctTime.SetText(ShortestText(path.pctTime));
+    txtPctLoc.SetText(ShortestText(path.pctLoc));
+    if (take == Take::AllButPower) return;
+    txtPowerUnit.SetText(PowerText(path.powerWatts, shared_.PowerUnit));
+    txtPowerUnit_LostFocus();
+}
+
+}  // namespace vardel
