@@ -1,0 +1,130 @@
+// How long a user waits for a window: the archive of ten thousand runs, opened, searched and scrolled
+// to its end; the log of 10,000 and of 100,000 lines. Each until it is painted.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTableView>
+#include <filesystem>
+
+#include "SamplePath.h"
+#include "archive/dbOperations.h"
+#include "forms/Program.h"
+#include "forms/archive/ArchiveForm.h"
+#include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/RLogClass.h"
+#include "qt/services/QtPlatform.h"
+#include "services/Database.h"
+#include "services/Files.h"
+#include "support/FakePlatform.h"
+
+namespace vardel {
+namespace {
+
+// The program on widgets, with a folder of its own.
+struct WindowedProgram {
+    WindowedProgram() {
+        // A start without measured data waits for an answer.
+        ReplaceFile(folder.Path("measured.csv"), "0,450,0.5,Urban,1.5,1,100\n10,49.9\n");
+        program.Start();
+    }
+    Platform Services() {
+        Platform services = platform.Services();
+        services.programDirectory = folder.Path();
+        return services;
+    }
+    void Paint(Form& form) {
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(platform.WindowOf(form).grab());
+    }
+
+    const ScratchFolder folder;
+    QtPlatform platform;
+    Program program{Services()};
+};
+
+// Three curves of 991 points to each run: 480 MB.
+const std::string& LargeArchive() {
+    static const ScratchFolder folder;
+    static const std::string path = [] {
+        std::string file = folder.Path("runs.mdb");
+        std::filesystem::copy_file(EMPTY_ARCHIVE, file);
+        const std::vector<double> points(991, 1.5);
+        const Bytes packed = dbOperations::PackPointsXY(991, points, points);
+        std::vector<RowChange> changes{
+            {"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 10000) "
+             "INSERT INTO ModelRun SELECT i, 'Okumura-Hata', "
+             "'hb:100.0,hm:1.5,frq:' || (150 + i % 1850) || ',Urban,,Small/Medium,"
+             "Power:1.kW e.r.p.,50%T,50%L', 'site ' || (i * 7919 % 10007), "
+             "datetime('2026-01-01', i || ' minutes'), 2 FROM n",
+             {}}};
+        for (const char* const model : {"ITU 529 Urban", "Davidson Urban", "Cost 231 Urban"})
+            changes.push_back({"INSERT INTO DataSets SELECT ID, ?1, Comment, 991, ?2 FROM ModelRun",
+                               {std::string(model), packed}});
+        Database::OpenDatabase(file).Change(changes);
+        return file;
+    }();
+    return path;
+}
+
+void OpenArchiveWindow(benchmark::State& state) {
+    WindowedProgram running;
+    running.program.ArchiveFile = LargeArchive();
+    for (auto _ : state) {
+        running.program.ArchiveForm->Show();
+        running.Paint(*running.program.ArchiveForm);
+        state.PauseTiming();
+        running.program.ArchiveForm->Unload();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenArchiveWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A key of a search; the runs sorted by their comments, and their end seen.
+void SearchAndScrollArchive(benchmark::State& state) {
+    WindowedProgram running;
+    running.program.ArchiveFile = LargeArchive();
+    ArchiveForm& form = *running.program.ArchiveForm;
+    form.Show();
+    auto& table = *running.platform.WindowOf(form).findChild<QTableView*>("lstRuns");
+    for (auto _ : state) {
+        form.txtSearch.SetText("12");
+        running.Paint(form);
+        form.txtSearch.SetText("");
+        form.lstRuns.SetSort(2, !form.lstRuns.SortsDescending());
+        table.verticalScrollBar()->setValue(table.verticalScrollBar()->maximum());
+        running.Paint(form);
+    }
+}
+BENCHMARK(SearchAndScrollArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void OpenLogWindow(benchmark::State& state) {
+    WindowedProgram running;
+    const Platform services = running.Services();
+    FakePlatform samples;
+    for (long i = 0; i < state.range(0); ++i)
+        AddSampleLine(running.program.ReportLog(), samples);
+    for (auto _ : state) {
+        running.program.ReportLog().Show();
+        running.Paint(*running.program.FrmReport);
+        state.PauseTiming();
+        running.program.FrmReport->Hide();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+}  // namespace vardel
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
