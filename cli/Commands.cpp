@@ -6,6 +6,7 @@
 #include "cli/Json.h"
 #include "cli/Results.h"
 #include "cli/RowFormats.h"
+#include "engine/PathText.h"
 #include "text/CsvText.h"
 #include "text/NumberText.h"
 
@@ -147,7 +148,9 @@ void WritePath(const Options& options, const Sink& output) {
     }
     constexpr std::size_t ModelWidth = 10;
     constexpr std::size_t NumberWidth = 20;
-    out = "Model     Loss in dB          Field in dB(µV/m)   In range\n";
+    out = DistanceText(options.path) + ", " + PathText(options.path) + ", " +
+          PercentText(options.path.pctLoc) + " of locations\n" +
+          "Model     Loss in dB          Field in dB(µV/m)   In range\n";
     for (const ModelNumber number : ComparedModels) {
         const ModelResult& result = calculation.Of(number);
         out += Padded(ModelOf(number).name, ModelWidth) +
