@@ -22,6 +22,8 @@ check() {
 check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc 'include/vardel/models/*.h' \
   lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
   share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,examples/{CMakeLists.txt,path_loss.cpp}}
+check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
+  share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
   lib/vardel/{vardel,vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,user-guide.md,'pictures/*.png'} \
@@ -34,3 +36,6 @@ depends=$(dpkg-deb --field "$work"/vardel_*.deb Depends)
 for package in fonts-liberation libqt6widgets6 libqcustomplot; do
   [[ $depends == *$package* ]] || { echo "vardel does not depend on $package: $depends" >&2; exit 1; }
 done
+# It is there for servers, too.
+depends=$(dpkg-deb --field "$work"/vardel-calc_*.deb Depends)
+[[ $depends != *qt* ]] || { echo "vardel-calc depends on more than it needs: $depends" >&2; exit 1; }
