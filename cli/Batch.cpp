@@ -5,6 +5,7 @@
 #include <exception>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 
 namespace vardel::cli {
@@ -61,7 +62,12 @@ public:
 
     BatchCount Run() {
         std::vector<std::thread> threads;
-        for (unsigned i = 1; i < run_.threads; ++i) threads.emplace_back([this] { Work(); });
+        threads.reserve(run_.threads);
+        try {
+            for (unsigned i = 1; i < run_.threads; ++i) threads.emplace_back([this] { Work(); });
+        } catch (const std::system_error&) {
+            // The system gives no more; those there are do the same.
+        }
         Work();
         for (std::thread& thread : threads) thread.join();
         for (const auto& fault : {fault_, readFault_})
@@ -181,6 +187,8 @@ BatchCount RunBatch(const BatchRun& run, RowFormat& format) {
         throw InputError("line 1, column " + std::to_string(fault->field + 1) + ": " +
                          fault->fault);
     const Columns columns(names, run.defaults, format.AddedColumns());
+    if (run.notes)
+        for (const std::string& note : columns.Notes()) run.notes(note);
     std::string out;
     format.Begin(out, head, reader, columns);
     run.output(out);

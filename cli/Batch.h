@@ -51,6 +51,7 @@ struct BatchRun {
     Source source;
     Sink output;
     Sink messages;
+    std::function<void(const std::string&)> notes = {};  // of Columns, before any row
     PathInputs defaults;
     unsigned threads = 1;
     std::function<void(const BatchCount&)> progress = {};  // after each written block

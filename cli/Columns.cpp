@@ -91,7 +91,27 @@ Columns::Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
     }
     if (inputs_.empty())
         throw InputError("line 1: no column is an input; these are: " + KnownColumns());
+    NoteLikenesses();
     SettleUnits(units);
+}
+
+// A mistyped name would have all rows calculated by a default unseen.
+void Columns::NoteLikenesses() {
+    constexpr std::size_t AlikeLetters = 4;
+    const auto isInput = [this](auto same) {
+        return std::any_of(inputs_.begin(), inputs_.end(), same);
+    };
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+        if (isInput([i](const Input& input) { return input.column == i; })) continue;
+        const std::string start = LowerCase(names_[i].substr(0, AlikeLetters));
+        const auto like = std::find_if(Known.begin(), Known.end(), [&](const KnownColumn& known) {
+            return start == std::string_view(known.name).substr(0, AlikeLetters) &&
+                   !isInput([&](const Input& input) { return input.field == known.field; });
+        });
+        if (like != Known.end())
+            notes_.push_back("column " + Shown(names_[i]) + " passes through; the input is " +
+                             like->name);
+    }
 }
 
 // A path has one system of units: where columns and defaults do not all have the English one, all

@@ -26,6 +26,8 @@ public:
             const std::vector<std::string>& reserved);
 
     const std::vector<std::string>& Names() const { return names_; }
+    // On columns that are no input by their names, but much like one that is missing.
+    const std::vector<std::string>& Notes() const { return notes_; }
     // Whether a column is an input that is a number.
     bool IsNumber(std::size_t column) const;
 
@@ -40,9 +42,11 @@ private:
         double factor;
         PowerUnit power;
     };
+    void NoteLikenesses();
     void SettleUnits(const std::array<Units, PathFieldCount>& units);
 
     std::vector<std::string> names_;
+    std::vector<std::string> notes_;
     std::vector<Input> inputs_;
     PathInputs defaults_;
 };

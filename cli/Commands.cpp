@@ -195,6 +195,7 @@ void WriteCurve(const Options& options, const Sink& output) {
 
 void WriteReach(const Options& options, const Sink& output) {
     std::vector<Record> records;
+    records.reserve(ComparedModels.size());
     for (const ModelNumber model : ComparedModels)
         records.push_back(ReachRecord(ModelOf(model), options));
     std::string out;

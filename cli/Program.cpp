@@ -1,6 +1,7 @@
 #include "cli/Program.h"
 
 #include <chrono>
+#include <new>
 #include <system_error>
 
 #include "cli/Commands.h"
@@ -59,6 +60,7 @@ ExitStatus RunFile(const Options& options, const World& world) {
             RunBatch({.source = world.open(options.file),
                       .output = world.output,
                       .messages = world.errors,
+                      .notes = [&](const std::string& note) { Tell(world, name + ": " + note); },
                       .defaults = options.path,
                       .threads = options.threads,
                       .progress = [&](const BatchCount& sofar) { progress.Tell(sofar); }},
@@ -72,6 +74,9 @@ ExitStatus RunFile(const Options& options, const World& world) {
         progress.Clear();
         Tell(world, name + ": " + error.what());
         return ExitStatus::Failed;
+    } catch (const std::system_error&) {
+        progress.Clear();
+        throw;
     }
 }
 
@@ -108,6 +113,9 @@ ExitStatus RunProgram(int argc, char* const* argv, const World& world) {
     } catch (const std::system_error& error) {
         // Who reads the output has enough of it.
         if (error.code() != std::errc::broken_pipe) Tell(world, error.what());
+        return ExitStatus::Failed;
+    } catch (const std::bad_alloc&) {
+        Tell(world, "not enough memory");
         return ExitStatus::Failed;
     } catch (const std::exception& error) {
         Tell(world, error.what());

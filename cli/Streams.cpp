@@ -61,7 +61,16 @@ Source SourceOf(const std::string& path) {
 }
 
 Sink StandardOutput() { return SinkOfDescriptor(STDOUT_FILENO, "standard output"); }
-Sink StandardError() { return SinkOfDescriptor(STDERR_FILENO, "standard error"); }
+
+Sink StandardError() {
+    return [write = SinkOfDescriptor(STDERR_FILENO, "standard error")](std::string_view text) {
+        try {
+            write(text);
+        } catch (const std::system_error&) {
+            // There is no other place to tell of it.
+        }
+    };
+}
 
 bool ProgressIsSeen() { return ::isatty(STDERR_FILENO) != 0 && ::isatty(STDOUT_FILENO) == 0; }
 

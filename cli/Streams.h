@@ -12,7 +12,7 @@ namespace vardel::cli {
 Source SourceOf(const std::string& path);
 
 Sink StandardOutput();
-Sink StandardError();
+Sink StandardError();  // what cannot be written there is lost, and nothing fails
 
 // Whether somebody watches standard error while the output goes elsewhere.
 bool ProgressIsSeen();

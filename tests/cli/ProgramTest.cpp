@@ -161,6 +161,15 @@ TEST(Program, BatchRefusesAHead) {
     EXPECT_THAT(Calc({"batch", "-", "--json"}, "area,x,x\n").errors, HasSubstr("a second 'x'"));
 }
 
+// A mistyped name is no silent default; one that only resembles an input that is there is none.
+TEST(Program, BatchTellsOfColumnsLikeInputs) {
+    const Outcome outcome =
+        Calc({"batch", "-"}, "distance_km,Frequenz,distance_text\n1,900,near\n");
+    EXPECT_EQ(outcome.errors,
+              "vardel-calc: standard input: column 'Frequenz' passes through; the input is "
+              "frequency_mhz\n");
+}
+
 TEST(Program, BatchAsJson) {
     const Outcome outcome =
         Calc({"batch", "-", "--json"},
