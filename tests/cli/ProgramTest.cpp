@@ -46,8 +46,12 @@ constexpr const char* Added =
 // Hata's formula by itself: 143.129250234123 dB.
 TEST(Program, OnePath) {
     EXPECT_THAT(Calc({"--frequency", "450"}).output,
-                AllOf(HasSubstr("ITU 529   143.129250234123 "), HasSubstr("yes\nCost 231  140.415"),
-                      EndsWith("no\n")));
+                AllOf(HasSubstr("ITU 529   143.129250234123    49.3050000413837 "),
+                      HasSubstr("yes\nCost 231  140.415"), EndsWith("no\n")));
+    EXPECT_THAT(Calc({"--json", "--power=2", "--power-unit=kw"}).output,
+                HasSubstr("\"itu529_field_dbuvm\":52.315299"));
+    EXPECT_THAT(Calc({"curve", "--start=10"}).output,
+                HasSubstr("\n10,143.129250234123,49.3050000413837,yes,"));
     EXPECT_THAT(Calc({"--dist=6.21388", "--units=english", "--power-unit", "dbm", "--power", "60",
                       "--json"})
                     .output,
@@ -90,13 +94,14 @@ TEST(Program, WrongUsage) {
 
 // Losses by Hata's formula, computed by hand; columns in both systems, other names, defaults.
 TEST(Program, BatchAddsColumns) {
-    const Outcome outcome = Calc({"batch", "-", "--base-height", "60", "--area=suburban"},
-                                 "site;Distance_MI;FREQUENCY_mhz\r\n\"a;\n\";5;900\r\nb; 5;900");
+    const Outcome outcome =
+        Calc({"batch", "-", "--base-height", "60", "--area=suburban"},
+             "\xEF\xBB\xBFsite;Distance_MI;FREQUENCY_mhz\r\n\"a;\n\";5;900\r\nb; 5;900");
     EXPECT_EQ(outcome.status, ExitStatus::Done) << outcome.errors;
     std::string names = std::string(";") + Added;
     std::replace(names.begin(), names.end(), ',', ';');
     EXPECT_THAT(outcome.output,
-                AllOf(StartsWith("site;Distance_MI;FREQUENCY_mhz" + names +
+                AllOf(StartsWith("\xEF\xBB\xBFsite;Distance_MI;FREQUENCY_mhz" + names +
                                  "\r\n\"a;\n\";5;900;142.414693774827;"),
                       HasSubstr("\r\nb; 5;900;142.414693774827;"), EndsWith(";no;\r\n")));
 }
@@ -205,28 +210,52 @@ TEST(Program, CurveMeetsItsEnd) {
         AllOf(StartsWith("distance_km,itu529_loss_db,"), HasSubstr("\r\n1,111.329250234123,"),
               HasSubstr("\r\n2.5,123.983742509894,"), HasSubstr("\r\n4,130.474757958352,")));
     const std::string tenths =
-        Calc({"curve", "--end=1.3", "--step=.1", "--json", "--units=english"}).output;
+        Calc({"curve", "--start=.1", "--end=.7", "--step=.1", "--json", "--units=english"}).output;
     EXPECT_THAT(tenths,
-                AllOf(HasSubstr("\n{\"distance_mi\":1.1,"), HasSubstr("\n{\"distance_mi\":1.3,")));
-    EXPECT_EQ(std::count(tenths.begin(), tenths.end(), '\n'), 4);
+                AllOf(HasSubstr("\n{\"distance_mi\":0.3,"), HasSubstr("\n{\"distance_mi\":0.7,")));
+    EXPECT_EQ(std::count(tenths.begin(), tenths.end(), '\n'), 7);
 }
 
-// The log of a file has English units where all columns have them.
-TEST(Program, LogLines) {
-    const Outcome outcome = Calc({"log", "-", "--header"},
-                                 "distance_mi,base_height_ft,mobile_height_ft\n5,100,5\nx,100,5\n");
+// A line tells the inputs as they were taken: in English units where all of them are, else in
+// metric ones.
+TEST(Program, LogLinesTellTheInputs) {
+    const std::tuple<std::vector<std::string>, const char*, const char*, const char*> cases[] = {
+        {{},
+         "distance_mi,base_height_ft,mobile_height_ft,percent_time,percent_locations\n5,100,6,10,"
+         "90",
+         "       5     450     100       6 Urban     Small/Medium ",
+         " 10% 90% Enlish     1000"},
+        {{},
+         "distance_mi,base_height_m,mobile_height_ft,AREA,power_kw\n10,50,10,open,2",
+         "   16.09     450      50    3.05 Open ",
+         " 50% 50% Metric     2000"},
+        {{"--units=english", "--distance=10", "--power=50", "--power-unit=dbm"},
+         "base_height_m\n50",
+         "   16.09     450      50     1.5 Urban ",
+         " 50% 50% Metric      100"},
+        {{"--time", "20", "--locations", "80"},
+         "city,power_dbw,frequency_mhz\nLARGE,10,900",
+         "      10     900     100     1.5 Urban     Large ",
+         " 20% 80% Metric       10"},
+        {{}, "power_dbm\n40", "      10 ", " Metric       10"},
+    };
+    for (const auto& [options, input, start, end] : cases) {
+        std::vector<std::string> words{"log", "-"};
+        words.insert(words.end(), options.begin(), options.end());
+        const Outcome outcome = Calc(words, input);
+        EXPECT_EQ(outcome.errors, "") << input;
+        EXPECT_THAT(outcome.output, AllOf(StartsWith(start),
+                                          EndsWith(end + std::string(" 02/29/2024 01:05 pm\r\n"))));
+    }
+    const Outcome outcome = Calc({"log", "-", "--header"}, "distance_km\nx\n");
     EXPECT_EQ(outcome.errors,
-              "line 3, column distance_mi: 'x' is no number\n"
-              "vardel-calc: standard input: 1 of 2 rows could not be calculated\n");
-    EXPECT_THAT(outcome.output,
-                AllOf(StartsWith("  Dist     Frq "),
-                      HasSubstr("\r\n       5     450     100       5 Urban "),
-                      EndsWith(" 50% 50% Enlish     1000 02/29/2024 01:05 pm\r\n")));
-    EXPECT_THAT(Calc({"log"}).output,
-                StartsWith("      10     450     100     1.5 Urban     Small/Medium 143.13"));
+              "line 2, column distance_km: 'x' is no number\n"
+              "vardel-calc: standard input: 1 of 1 rows could not be calculated\n");
+    EXPECT_THAT(outcome.output, AllOf(StartsWith("  Dist     Frq "), EndsWith("Time\r\n")));
 }
 
-// The loss of 143.129250234123 dB is that of 10 km.
+// The loss of 143.129250234123 dB, and the field strength of 49.3050000413837 dB(µV/m), are those
+// of 10 km, or 6.21388 miles, and a mast of 100 m, or 328.084 ft.
 TEST(Program, Reach) {
     EXPECT_THAT(
         Calc({"reach", "--path-loss", "143.129250234"}).output,
@@ -234,6 +263,16 @@ TEST(Program, Reach) {
                   "model,reach,reach_km,in_range,met_again,power_w,base_height,base_height_m\r\n"
                   "itu529,ends,9.99999"),
               HasSubstr(",yes,no,,found,100.00")));
+    EXPECT_THAT(Calc({"reach", "--field-strength", "39.3050000413837", "--units", "english",
+                      "--distance", "6.2138818119679"})
+                    .output,
+                HasSubstr(",yes,no,99.99999999999"));
+    EXPECT_THAT(Calc({"reach", "--path-loss", "143.129250234", "--units", "english"}).output,
+                AllOf(HasSubstr("\r\nitu529,ends,6.21388"), HasSubstr(",found,328.08")));
+    // 28.264 dB(µV/m) at the antenna, by 77.2
+    EXPECT_THAT(
+        Calc({"reach", "--received-power=-100", "--antenna-gain=3", "--cable-loss=1"}).output,
+        HasSubstr(",yes,no,7.869"));
     EXPECT_THAT(Calc({"reach", "--received-power", "-300", "--json"}).output,
                 HasSubstr("\"davidson\",\"reach\":\"everywhere\",\"reach_km\":300,"));
     EXPECT_THAT(Calc({"reach", "--field-strength", "300"}).output,
