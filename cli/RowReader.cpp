@@ -6,17 +6,9 @@
 
 namespace vardel::cli {
 
-namespace {
-
-constexpr std::size_t ReadSize = std::size_t{1} << 18U;
-
-}  // namespace
-
 bool RowReader::Fill() {
-    const std::size_t held = buffer_.size();
-    buffer_.resize(held + ReadSize);
-    const std::size_t come = source_(buffer_.data() + held, ReadSize);
-    buffer_.resize(held + come);
+    const std::size_t come = source_(read_.data(), read_.size());
+    buffer_.append(read_.data(), come);
     return come > 0;
 }
 

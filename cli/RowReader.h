@@ -52,6 +52,7 @@ private:
     void FindRows(RowBlock& block, std::size_t mostRows);
 
     Source source_;
+    std::vector<char> read_ = std::vector<char>(std::size_t{1} << 18U);  // what one read brings
     std::string buffer_;
     std::size_t scanned_ = 0;  // how much of the buffer the finder has seen
     std::size_t line_ = 1;
