@@ -8,4 +8,5 @@ PYBIND11_MODULE(_vardel, module) {
     module.attr("__version__") = VARDEL_VERSION;
     vardel::python::AddModels(module);
     vardel::python::AddPlanning(module);
+    vardel::python::AddFiles(module);
 }

@@ -9,7 +9,12 @@ All functions may be called from any thread, and compute without the interpreter
 
 from vardel._vardel import (
     MODELS,
+    Archive,
+    ArchiveError,
+    Curve,
+    MeasuredTable,
     Reach,
+    Run,
     __version__,
     cost231_field_strength,
     cost231_loss,
@@ -21,6 +26,7 @@ from vardel._vardel import (
     itu529_field_strength,
     itu529_loss,
     reach,
+    read_measured,
     received_power,
     to_watts,
     us_field_strength,
@@ -29,7 +35,12 @@ from vardel._vardel import (
 
 __all__ = [
     "MODELS",
+    "Archive",
+    "ArchiveError",
+    "Curve",
+    "MeasuredTable",
     "Reach",
+    "Run",
     "cost231_field_strength",
     "cost231_loss",
     "davidson_field_strength",
@@ -40,6 +51,7 @@ __all__ = [
     "itu529_field_strength",
     "itu529_loss",
     "reach",
+    "read_measured",
     "received_power",
     "to_watts",
     "us_field_strength",
