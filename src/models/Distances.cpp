@@ -15,10 +15,11 @@ DistanceGrid::DistanceGrid(const double* km, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) points_.emplace_back(km[i]);
 }
 
-void FreshPoint::Compute(const double* km, std::size_t count, FreshPoint* points) noexcept {
+void FreshPoint::Compute(const double* km, std::size_t count, bool time,
+                         FreshPoint* points) noexcept {
     for (std::size_t i = 0; i < count; ++i) points[i].km_ = km[i];
     for (std::size_t i = 0; i < count; ++i) points[i].log_ = Log10(km[i]);
-    for (std::size_t i = 0; i < count; ++i) points[i].time_ = TimeGrowth(km[i]);
+    for (std::size_t i = 0; i < count; ++i) points[i].time_ = time ? TimeGrowth(km[i]) : 0.0;
     for (std::size_t i = 0; i < count; ++i)
         points[i].exponent_ = km[i] <= 20.0 ? 0.0 : Log10(km[i] / 20.0);
     for (std::size_t i = 0; i < count; ++i)

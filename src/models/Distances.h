@@ -73,8 +73,9 @@ class FreshPoint {
 public:
     static constexpr std::size_t Block = 64;
 
-    // Not more than a block.
-    static void Compute(const double* km, std::size_t count, FreshPoint* points) noexcept;
+    // Not more than a block. Without time, which the median does not need, Time() is 0.
+    static void Compute(const double* km, std::size_t count, bool time,
+                        FreshPoint* points) noexcept;
 
     double Km() const noexcept { return km_; }
     double Log() const noexcept { return log_; }

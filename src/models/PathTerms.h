@@ -137,19 +137,20 @@ void FillFieldStrengths(const Path& path, double powerWatts, const Point* points
 
 // Curves over distances in km that no other curve has, by blocks of points: fill(points, count,
 // values) for each.
-template <class Fill>
-void FillByBlocks(const double* km, std::size_t count, double* values, Fill fill) noexcept {
+template <class Path, class Fill>
+void FillByBlocks(const Path& path, const double* km, std::size_t count, double* values,
+                  Fill fill) noexcept {
     std::array<FreshPoint, FreshPoint::Block> points;
     for (std::size_t done = 0; done < count; done += points.size()) {
         const std::size_t size = std::min(points.size(), count - done);
-        FreshPoint::Compute(km + done, size, points.data());
+        FreshPoint::Compute(km + done, size, path.statistics.timeLevel != 0.0, points.data());
         fill(points.data(), size, values + done);
     }
 }
 
 template <class Path>
 void FillNewLosses(const Path& path, const double* km, std::size_t count, double* values) noexcept {
-    FillByBlocks(km, count, values,
+    FillByBlocks(path, km, count, values,
                  [&path](const FreshPoint* points, std::size_t n, double* block) {
                      FillLosses(path, points, n, block);
                  });
@@ -158,7 +159,7 @@ void FillNewLosses(const Path& path, const double* km, std::size_t count, double
 template <class Path>
 void FillNewFieldStrengths(const Path& path, double powerWatts, const double* km, std::size_t count,
                            double* values) noexcept {
-    FillByBlocks(km, count, values,
+    FillByBlocks(path, km, count, values,
                  [&path, powerWatts](const FreshPoint* points, std::size_t n, double* block) {
                      FillFieldStrengths(path, powerWatts, points, n, block);
                  });

@@ -18,8 +18,9 @@ public:
     ModelInputs Next() {
         constexpr const char* Areas[] = {"Urban", "Suburban", "Open", " urban ", "Desert"};
         constexpr const char* Cities[] = {"Small/Medium", "Large", " Large "};
+        const double pctTime = random_() % 4 == 0 ? 50.0 : Uniform(0, 101);
         return {Uniform(20, 3200),    Uniform(0.1, 300),     Uniform(15, 700), Uniform(0.5, 35),
-                Areas[random_() % 5], Cities[random_() % 3], Uniform(0, 101),  Uniform(0, 101)};
+                Areas[random_() % 5], Cities[random_() % 3], pctTime,          Uniform(0, 101)};
     }
     double Uniform(double low, double high) {
         return std::uniform_real_distribution<double>(low, high)(random_);
