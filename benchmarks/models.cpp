@@ -89,15 +89,25 @@ void CurveOnGrid(benchmark::State& state, ModelNumber model) {
 
 using NewCurve = void (*)(const ModelInputs&, const double*, std::size_t, double*) noexcept;
 
-void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
-    const auto distances = GraphDistances();
+void CurveOver(benchmark::State& state, NewCurve curve, const ModelInputs& in,
+               const std::vector<double>& distances) {
     std::vector<double> values(distances.size());
-    const ModelInputs in = PathsAt(1.0)[0];
     for (auto _ : state) {
         curve(in, distances.data(), distances.size(), values.data());
         benchmark::DoNotOptimize(values.data());
         benchmark::ClobberMemory();
     }
+}
+
+void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
+    CurveOver(state, curve, PathsAt(1.0)[0], GraphDistances());
+}
+
+// What benchmarks/module.py compares the Python module with: the same path and distances.
+void CurveOfAMillion(benchmark::State& state, NewCurve curve) {
+    std::vector<double> distances;
+    for (int i = 0; i < 1'000'000; ++i) distances.push_back(0.1 + i * 299.9 / 999'999);
+    CurveOver(state, curve, {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, distances);
 }
 
 #define CURVES(name, model)                                                          \
@@ -108,6 +118,10 @@ void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
 CURVES(Itu529, ModelNumber::Itu529);
 CURVES(Cost231, ModelNumber::Cost231);
 CURVES(Davidson, ModelNumber::Davidson);
+BENCHMARK_CAPTURE(CurveOfAMillion, itu529_loss, Itu529LossCurve);
+BENCHMARK_CAPTURE(CurveOfAMillion, davidson_loss, DavidsonLossCurve);
+BENCHMARK_CAPTURE(CurveOfAMillion, cost231_loss, Cost231LossCurve);
+BENCHMARK_CAPTURE(CurveOfAMillion, us_loss, UsLossCurve);
 
 }  // namespace
 }  // namespace vardel
