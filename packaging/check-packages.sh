@@ -15,7 +15,7 @@ check() {
   expected=$(printf '%s\n' "$@" | sort)
   dpkg-deb --extract "$work/${package}"_*.deb "$work/$package"
   diff <(echo "$expected") <(cd "$work/$package/usr" && find . ! -type d -printf '%P\n' |
-    sed -E 's|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|' | sort --unique) ||
+    sed -E 's|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\..*|\1.so|' | sort --unique) ||
     { echo "$package holds (>) other files than it should (<)." >&2; exit 1; }
 }
 
@@ -29,13 +29,24 @@ check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.var
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,user-guide.md,'pictures/*.png'} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
+check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,__init__.pyi,py.typed,_vardel.so} \
+  share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,examples/field_strength.py}
 
 [[ $(readlink -f "$work/vardel/usr/bin/vardel") == "$work/vardel/usr/lib/vardel/vardel" ]] ||
   { echo "usr/bin/vardel leads elsewhere." >&2; exit 1; }
-depends=$(dpkg-deb --field "$work"/vardel_*.deb Depends)
-for package in fonts-liberation libqt6widgets6 libqcustomplot; do
-  [[ $depends == *$package* ]] || { echo "vardel does not depend on $package: $depends" >&2; exit 1; }
-done
+needs() {
+  local package=$1 depends needed
+  depends=$(dpkg-deb --field "$work/${package}"_*.deb Depends)
+  for needed in "${@:2}"; do
+    [[ $depends == *$needed* ]] || { echo "$package does not depend on $needed: $depends" >&2; exit 1; }
+  done
+}
+needs vardel fonts-liberation libqt6widgets6 libqcustomplot
+needs python3-vardel python3-numpy 'python3 (<<' libsqlite3-0
 # It is there for servers, too.
 depends=$(dpkg-deb --field "$work"/vardel-calc_*.deb Depends)
 [[ $depends != *qt* ]] || { echo "vardel-calc depends on more than it needs: $depends" >&2; exit 1; }
+cd /  # where no other module of the name is
+PYTHONPATH=$work/python3-vardel/usr/lib/python3/dist-packages /usr/bin/python3 -B -c '
+import vardel
+assert f"{vardel.itu529_loss(450, 10):.2f}" == "143.13"'

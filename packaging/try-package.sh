@@ -21,8 +21,7 @@ cp build/packages/*.deb "$root/tmp/"
 in_root() { env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 \
   ${http_proxy:+http_proxy="$http_proxy"} chroot "$root" "$@"; }
 in_root apt-get update -q
-in_root sh -c 'apt-get install -q -y --no-install-recommends /tmp/vardel_*.deb /tmp/vardel-calc_*.deb \
-  /tmp/libvardel-models-dev_*.deb'
+in_root sh -c 'apt-get install -q -y --no-install-recommends /tmp/*.deb'
 in_root dpkg --audit
 # What only this trial needs comes after what the package itself must bring.
 in_root apt-get install -q -y --no-install-recommends xvfb xauth xdotool imagemagick > /dev/null
@@ -42,7 +41,8 @@ in_root su engineer -c '
 cp "$root/home/engineer/picture.png" build/packages/installed.png
 test -s "$root/home/engineer/.config/vardel/Vardel.ini"
 in_root vardel-calc | grep -F 143.129
-in_root dpkg --verify vardel vardel-calc libvardel-models-dev
-in_root apt-get remove -q -y vardel vardel-calc libvardel-models-dev > /dev/null
+in_root su engineer -c 'python3 -c "import vardel; print(vardel.itu529_loss(450, 10))"' | grep -q ^143.129
+in_root dpkg --verify vardel vardel-calc libvardel-models-dev python3-vardel
+in_root apt-get remove -q -y vardel vardel-calc libvardel-models-dev python3-vardel > /dev/null
 test ! -e "$root/usr/lib/vardel" && test ! -e "$root/usr/bin/vardel"
 echo "The packages install, start, and go again. The picture is build/packages/installed.png."

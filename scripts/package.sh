@@ -4,6 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh package
+cmake --preset release  # anew: what was installed just now may be for one of the packages
 scripts/build.sh release
 rm -rf build/packages
 cpack --config build/release/CPackConfig.cmake -B build/packages

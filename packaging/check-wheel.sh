@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Installs the Python module by pip, without the network, into a fresh environment and tests it there.
+# Needs what scripts/setup.sh test installs.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+/usr/bin/python3 -m venv --system-site-packages "$work/python"
+"$work/python/bin/pip" install --quiet --no-index .
+"$work/python/bin/python" -B -m pytest -q -p no:cacheprovider python/tests
