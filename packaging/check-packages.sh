@@ -21,7 +21,7 @@ check() {
 
 check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc 'include/vardel/models/*.h' \
   lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
-  share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,examples/{CMakeLists.txt,path_loss.cpp}}
+  share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,examples/{CMakeLists.txt,curves.cpp,path_loss.cpp}}
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
   share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
