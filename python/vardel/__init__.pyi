@@ -4,6 +4,7 @@ from typing import Literal, Protocol, Self, overload
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
+# A number is an ArrayLike, too, so that mypy finds overloads to overlap: the first that fits counts.
 _Floats = NDArray[np.float64]
 _Texts = str | list[str] | NDArray[np.str_]
 _Model = Literal["itu529", "davidson", "cost231", "us"]
@@ -13,7 +14,7 @@ MODELS: tuple[str, str, str, str]
 
 class _Loss(Protocol):
     @overload
-    def __call__(
+    def __call__(  # type: ignore[misc]
         self,
         frequency: float,
         distance: float,
@@ -41,7 +42,7 @@ class _Loss(Protocol):
 
 class _FieldStrength(Protocol):
     @overload
-    def __call__(
+    def __call__(  # type: ignore[misc]
         self,
         frequency: float,
         distance: float,
@@ -79,7 +80,7 @@ itu529_field_strength: _FieldStrength
 us_field_strength: _FieldStrength
 
 @overload
-def in_range(
+def in_range(  # type: ignore[misc]
     model: _Model,
     frequency: float,
     distance: float,
@@ -123,15 +124,15 @@ def reach(
 _Unit = Literal["W", "kW", "dBm", "dBW"]
 
 @overload
-def to_watts(power: float, unit: _Unit) -> float: ...
+def to_watts(power: float, unit: _Unit) -> float: ...  # type: ignore[misc]
 @overload
 def to_watts(power: ArrayLike, unit: _Unit) -> _Floats: ...
 @overload
-def from_watts(watts: float, unit: _Unit) -> float: ...
+def from_watts(watts: float, unit: _Unit) -> float: ...  # type: ignore[misc]
 @overload
 def from_watts(watts: ArrayLike, unit: _Unit) -> _Floats: ...
 @overload
-def field_strength_for_received_power(
+def field_strength_for_received_power(  # type: ignore[misc]
     received_power: float, frequency: float, antenna_gain: float = 0.0, cable_loss: float = 0.0
 ) -> float: ...
 @overload
@@ -139,7 +140,7 @@ def field_strength_for_received_power(
     received_power: ArrayLike, frequency: ArrayLike, antenna_gain: float = 0.0, cable_loss: float = 0.0
 ) -> _Floats: ...
 @overload
-def received_power(
+def received_power(  # type: ignore[misc]
     field_strength: float, frequency: float, antenna_gain: float = 0.0, cable_loss: float = 0.0
 ) -> float: ...
 @overload
