@@ -1,5 +1,5 @@
-// How long a user waits for a window: the archive of ten thousand runs, opened, searched and scrolled
-// to its end; the log of 10,000 and of 100,000 lines. Each until it is painted.
+// How long a user waits for a window: the archive of ten thousand runs, opened, searched and
+// scrolled to its end; the log of 10,000 and of 100,000 lines. Each until it is painted.
 
 #include <benchmark/benchmark.h>
 
@@ -105,8 +105,7 @@ void OpenLogWindow(benchmark::State& state) {
     WindowedProgram running;
     const Platform services = running.Services();
     FakePlatform samples;
-    for (long i = 0; i < state.range(0); ++i)
-        AddSampleLine(running.program.ReportLog(), samples);
+    for (long i = 0; i < state.range(0); ++i) AddSampleLine(running.program.ReportLog(), samples);
     for (auto _ : state) {
         running.program.ReportLog().Show();
         running.Paint(*running.program.FrmReport);

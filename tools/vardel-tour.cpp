@@ -6,10 +6,14 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 
+#include "archive/RunWriter.h"
+#include "archive/dbOperations.h"
 #include "forms/Program.h"
+#include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/help/AboutForm.h"
@@ -162,6 +166,37 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     return good & TakeModalPicture(platform, *program.MeasuredForm, pictures, "measured");
 }
 
+// An archive of three runs, one of which lies over the graphs.
+bool TakeArchive(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures,
+                 const std::string& path) {
+    vardel::dbOperations archive(platform);
+    constexpr std::array<std::tuple<double, const char*, const char*>, 3> runs = {
+        {{450.0, "Urban", "Control room, first plan"},
+         {450.0, "Suburban", "Hill, with the new mast"},
+         {900.0, "Open", ""}}};
+    for (const auto& [f, area, comment] : runs) {
+        archive.OpenArchive(path);
+        vardel::WriteRun(archive, {"hb:100.0,hm:1.5,frq:" + std::to_string(int(f)) + ".0," + area +
+                                       ",,Power:1.kW e.r.p.,50%T,50%L",
+                                   comment,
+                                   vardel::CalendarTime{2026, 3, 9, 14, 5},
+                                   vardel::Quantity::Loss,
+                                   {f, 0, 100, 1.5, area, "Small/Medium", 50, 50},
+                                   1000.0,
+                                   100.0});
+    }
+    program.ArchiveFile = path;
+    vardel::ArchiveForm& form = *program.ArchiveForm;
+    form.lstRuns.Select(1);
+    form.cmdLay.Press();
+    program.GraphForm->BringUpToDate();
+    bool good = TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-with-run");
+    form.lstRuns.Select(2);
+    form.cmdDelete.Press();
+    form.lstRuns.Select(1);
+    return good & TakeModalPicture(platform, form, pictures, "archive");
+}
+
 // The windows of printing, and what they print to PDF files.
 bool TakePrinting(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
     bool good = TakeModalPicture(platform, *program.FrmPrintOut, pictures, "print-graph");
@@ -221,6 +256,10 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     good &= TakePrinting(platform, program, pictures);
     good &= TakeTools(platform, program, pictures);
+    const std::string archive = scratch + "/runs.mdb";
+    QFile::copy(QApplication::applicationDirPath() + "/New Model Data.mdb",
+                QString::fromStdString(archive));
+    good &= TakeArchive(platform, program, pictures, archive);
     platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Inputs));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     return good ? 0 : 1;

@@ -24,11 +24,11 @@ constexpr std::size_t MostLaid = 3;
 ArchiveForm::ArchiveForm(Platform& platform, SharedData& shared, Doors& doors)
     : Form(platform, "ArchiveForm", "Archive"),
       lstRuns(*this, "lstRuns",
-              {{"Run", 6, true, true},
-               {"Date", 18},
-               {"Comment", 24},
-               {"Parameters", 60},
-               {"Curves", 7, false, true},
+              {{"Run", 5, true, true},
+               {"Date", 16},
+               {"Comment", 22},
+               {"Parameters", 52},
+               {"Curves", 5, false, true},
                {"On graphs", 9, false}}),
       shared_(shared),
       doors_(doors) {

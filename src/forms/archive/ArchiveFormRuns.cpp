@@ -52,7 +52,10 @@ void ArchiveForm::ListRuns() {
     } else {
         lblFile.SetCaption("No archive is open.");
     }
-    ShowSelected();
+    if (count > 0)
+        lstRuns.Select(0);
+    else
+        ShowSelected();
 }
 
 const RunRow* ArchiveForm::RunAt(std::size_t index) {
@@ -107,6 +110,7 @@ void ArchiveForm::ShowSelected() {
         ShowCurves(*run);
     } else {
         CTWXRun.Legend.Visible = false;
+        SetChartScales(CTWXRun, 100.0, 50.0, 250.0);
         CTWXRun.Title[0].Text = CTWXRun.Title[1].Text = CTWXRun.Title[2].Text = "";
     }
     CTWXRun.Redraw();

@@ -86,6 +86,7 @@ RowTable::RowTable(RowList& list, Binder& binder, const QString& name) : list_(l
     connect(&heads, &QHeaderView::sectionClicked, this, [this](int column) { SortBy(column); });
     connect(this, &QTableView::activated, this, [this] { list_.DblClick.Raise(); });
     binder.Show(list, [this] { ShowList(); });
+    showing_ = false;
 }
 
 void RowTable::SortBy(int column) {
@@ -97,7 +98,7 @@ void RowTable::ShowList() {
     const bool nested = std::exchange(showing_, true);
     if (changes_ != list_.Changes()) {
         changes_ = list_.Changes();
-        if (list_.Selected())
+        if (list_.Selected() && model_.rowCount({}) == static_cast<int>(list_.Count()))
             model_.Refresh();
         else
             model_.Renew();

@@ -44,8 +44,8 @@ private:
 
     RowList& list_;
     RowModel model_;
-    int changes_ = -1;  // of the list, as it is shown
-    bool showing_ = false;
+    int changes_ = -1;     // of the list, as it is shown
+    bool showing_ = true;  // until the list is shown, what the view selects is not the user's
 };
 
 }  // namespace vardel
