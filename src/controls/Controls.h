@@ -61,12 +61,16 @@ public:
 
     const std::string& Text() const { return text_; }
     void SetText(std::string text);
+    // Whether a comma typed in it can only mean a decimal point.
+    bool HoldsNumber() const { return holdsNumber_; }
+    void SetHoldsNumber(bool holdsNumber) { holdsNumber_ = holdsNumber; }
 
     Event Change;
     Event LostFocus;
 
 private:
     std::string text_;
+    bool holdsNumber_ = true;
 };
 
 // A list from which one entry is picked.

@@ -13,7 +13,18 @@
 #include <QTimer>
 
 #include "forms/Program.h"
+#include "forms/archive/ArchiveForm.h"
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
+#include "forms/help/AboutForm.h"
+#include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
+#include "forms/reports/FrmPrintOut.h"
+#include "forms/reports/FrmReport.h"
+#include "forms/reports/frmLogDistRange.h"
+#include "forms/reports/frmPrinterSelect.h"
+#include "forms/tools/ExplainForm.h"
+#include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "qt/services/QtPlatform.h"
 
@@ -304,6 +315,49 @@ TEST_F(MainWindowTest, EveryInputHasANameForAScreenReader) {
         EXPECT_FALSE(box->accessibleName().isEmpty()) << box->objectName().toStdString();
     for (auto* list : Window().findChildren<QComboBox*>())
         EXPECT_FALSE(list->accessibleName().isEmpty()) << list->objectName().toStdString();
+}
+
+TEST_F(MainWindowTest, ACommaThatMeansAPointIsOne) {
+    const auto typed = [this](const QLocale& locale, Qt::KeyboardModifier from) {
+        QLocale::setDefault(locale);
+        auto& box = Widget<QLineEdit>("txtDist");
+        box.clear();
+        QTest::keyClicks(&box, "1");
+        QTest::keyClick(&box, ',', from);
+        QTest::keyClicks(&box, "5");
+        QLocale::setDefault(QLocale::system());
+        return Main().txtDist.Text();
+    };
+    EXPECT_EQ(typed(QLocale(QLocale::German), Qt::NoModifier), "1.5");
+    EXPECT_EQ(typed(QLocale::c(), Qt::KeypadModifier), "1.5");
+    EXPECT_EQ(typed(QLocale::c(), Qt::NoModifier), "1,5") << "a slip, which the box's rule tells";
+}
+
+// Whatever takes the focus in any window.
+TEST_F(MainWindowTest, EveryControlOfEveryWindowHasAName) {
+    for (Form* form :
+         {static_cast<Form*>(&Main()), static_cast<Form*>(&*program.FrmReport),
+          static_cast<Form*>(&*program.GraphForm),
+          static_cast<Form*>(&*program.FrmOkumFieldStrength),
+          static_cast<Form*>(&*program.frmLogDistRange),
+          static_cast<Form*>(&*program.frmInfoScreen), static_cast<Form*>(&*program.AboutForm),
+          static_cast<Form*>(&*program.FrmPrintOut), static_cast<Form*>(&*program.frmPrinterSelect),
+          static_cast<Form*>(&*program.ReachForm), static_cast<Form*>(&*program.ExplainForm),
+          static_cast<Form*>(&*program.MeasuredForm), static_cast<Form*>(&*program.ArchiveForm)}) {
+        int controls = 0;
+        for (QWidget* widget : platform.WindowOf(*form).findChildren<QWidget*>()) {
+            const bool ofAnother = qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr ||
+                                   widget->window() != &platform.WindowOf(*form);
+            if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().startsWith("qt_") ||
+                ofAnother || qobject_cast<QMenuBar*>(widget) != nullptr)
+                continue;
+            ++controls;
+            EXPECT_NE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), "")
+                << form->Name() << ' ' << widget->metaObject()->className() << ' '
+                << widget->objectName().toStdString();
+        }
+        EXPECT_GT(controls, 0) << form->Name();
+    }
 }
 
 TEST_F(MainWindowTest, ClosingTheFrameUnloadsTheForm) {

@@ -33,6 +33,7 @@ ArchiveForm::ArchiveForm(Platform& platform, SharedData& shared, Doors& doors)
       shared_(shared),
       doors_(doors) {
     SetHelpContextID(HelpTopic::Archive);
+    txtSearch.SetHoldsNumber(false);
     txtSearch.SetToolTipText("Words of number, date, comment or parameters");
     cmdStoreHere.SetToolTipText("Add to Archive stores into this archive from now on");
     cmdTake.SetToolTipText("The run's inputs go back into the main window");
@@ -101,6 +102,7 @@ void ArchiveForm::cmdStoreHere_Click() {
     if (!reader_) return;
     shared_.ArchiveFile = reader_->Path();
     lblStatus.SetCaption("New runs are stored in this archive.");
+    doors_.MainForm->ShowStatus();
     EnableButtons();
 }
 

@@ -33,7 +33,7 @@ public:
     Label lblSearch{*this, "lblSearch", "Search"};
     TextBox txtSearch{*this, "txtSearch"};
     RowList lstRuns;
-    Chart CTWXRun{*this, "CTWXRun", "", "Distance (km)", "dB"};
+    Chart CTWXRun{*this, "CTWXRun", "Run", "Distance (km)", "dB"};
     Label lblStatus{*this, "lblStatus"};
     Button cmdTake{*this, "cmdTake", "&Take Inputs"};
     Button cmdLay{*this, "cmdLay", "&Lay over Graphs"};

@@ -43,6 +43,7 @@ void FrmOkumFieldStrength::WireEvents() {
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
     mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
     mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
+    mnuFilePrint.SetShortcut("Ctrl+P");
     mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
     mnuFilePrinterSetup.Click = [this] { CTWXfs.PrinterSetup(); };
 }

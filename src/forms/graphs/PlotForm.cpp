@@ -49,6 +49,7 @@ PlotForm::PlotForm(Platform& platform, SharedData& shared, Doors& doors, const N
       baseAntenna_(*this, names.baseAntennaLabel, "Base Antenna"),
       archive_(*this, names.archiveButton, "Add to Archive") {
     lblStatus.SetVisible(false);
+    lblHandBack.SetVisible(false);
     SetAppearance();
     WireEvents();
 }
@@ -83,12 +84,17 @@ void PlotForm::WireEvents() {
             ApplyBoxRule(box, rule, *this);
             MarkStale();
         };
+        box.Change = [this] { ShowHandBack(); };
     }
     cmbareatype.Click = [this] { cmbareatype_Click(); };
-    cmbcitysize.Click = [this] { MarkStale(); };
+    cmbcitysize.Click = [this] {
+        MarkStale();
+        ShowHandBack();
+    };
     cmdPrintGraph.Click = [this] { cmdPrintGraph_Click(); };
     cmdUpdateGraph.Click = [this] { cmdUpdateGraph_Click(); };
     mnuFileSave.Click = [this] { SaveGraph(*this, chart_); };
+    mnuFileSave.SetShortcut("Ctrl+S");
     mnuUnitsMetric.Click = [this] { SetMetricUnits(doors_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(doors_); };
 }
@@ -109,6 +115,7 @@ void PlotForm::LoadInputs(const MainForm& main) {
     for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
     ApplyAreaRule(cmbareatype, cmbcitysize);
     unchanged_ = Entered();
+    ShowHandBack();
     MarkStale();  // until the first plot is drawn
 }
 
@@ -149,10 +156,12 @@ void PlotForm::HandBackInputs(MainForm& main) {
 void PlotForm::CountHeightsAsUnchanged() {
     unchanged_.hb = txthb.Text();
     unchanged_.hm = txthm.Text();
+    ShowHandBack();
 }
 
 void PlotForm::StoreInArchive(Quantity quantity) {
     ArchiveRun(shared_, *this, quantity);
+    if (doors_.MainForm.Loaded()) doors_.MainForm->Tell(lblStatus.Caption());
     if (doors_.ArchiveForm.Loaded()) doors_.ArchiveForm->BringUpToDate();
 }
 
@@ -161,6 +170,26 @@ void PlotForm::cmdPrintGraph_Click() { PrintGraph(shared_, doors_, *this, chart_
 void PlotForm::ShowStatus(std::string text) {
     lblStatus.SetVisible(!text.empty());
     lblStatus.SetCaption(std::move(text));
+}
+
+// Before the window closes, what will change there.
+void PlotForm::ShowHandBack() {
+    const Inputs entered = Entered();
+    const struct {
+        const Label& caption;
+        std::string Inputs::*input;
+    } inputs[] = {{Label3, &Inputs::f},     {baseAntenna_, &Inputs::hb}, {Label9, &Inputs::hm},
+                  {Label6, &Inputs::area},  {Label13, &Inputs::city},    {Label1, &Inputs::pctTime},
+                  {Label7, &Inputs::pctLoc}};
+    std::string changes;
+    for (const auto& [caption, input] : inputs)
+        if (entered.*input != unchanged_.*input)
+            changes += (changes.empty() ? "" : ", ") + caption.Caption() + ' ' +
+                       std::string(Trimmed(entered.*input)) + " instead of " +
+                       std::string(Trimmed(unchanged_.*input));
+    lblHandBack.SetVisible(!changes.empty());
+    lblHandBack.SetCaption(
+        changes.empty() ? "" : "The main window gets, when this one closes: " + changes);
 }
 
 void PlotForm::MarkGood() {
@@ -176,6 +205,7 @@ void PlotForm::MarkStale() {
 void PlotForm::cmbareatype_Click() {
     MarkStale();
     ApplyAreaRule(cmbareatype, cmbcitysize);
+    ShowHandBack();
 }
 
 void PlotForm::cmdUpdateGraph_Click() {

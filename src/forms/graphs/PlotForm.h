@@ -59,7 +59,8 @@ public:
     Label Label11{*this, "Label11", "m"};
     Label Label9{*this, "Label9", "Mobile Antenna"};
 
-    Label lblStatus{*this, "lblStatus"};  // what was done last, where no message tells it
+    Label lblHandBack{*this, "lblHandBack"};  // in what it differs from the main form
+    Label lblStatus{*this, "lblStatus"};      // what was done last, where no message tells it
 
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileSave{mnuFile, "mnuFileSave", "&Save Meta File"};
@@ -128,6 +129,7 @@ private:
     };
     Inputs Entered() const;
 
+    void ShowHandBack();
     void AddLaidRuns(CurvePlot& plot, Quantity quantity);
     void SetAppearance();
     void WireEvents();

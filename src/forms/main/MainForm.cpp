@@ -46,9 +46,10 @@ void MainForm::SetAppearance() {
         onTeal->SetBackColor(Teal);
         onTeal->SetForeColor(White);
     }
-    for (Label* caption : {&Label1, &Label9, &Label2, &Label12, &Label3, &Label10, &Label4,
-                           &Label11, &Label6, &Label13, &Label17, &Label5, &Label35, &Label27,
-                           &Label15, &Label7, &Label32, &Label8, &Label24}) {
+    for (Label* caption :
+         {&Label1,  &Label9, &Label2,  &Label12, &Label3,  &Label10,   &Label4,
+          &Label11, &Label6, &Label13, &Label17, &Label5,  &Label35,   &Label27,
+          &Label15, &Label7, &Label32, &Label8,  &Label24, &lblStatus, &lblArchive}) {
         caption->SetBackColor(Teal);
         caption->SetForeColor(White);
     }
@@ -116,6 +117,7 @@ void MainForm::WireEvents() {
     };
     mnuGraphCompare.Click = [this] { ShowFieldStrengthGraph(FieldStrengthGraph::Comparison); };
     mnuGraphMeasured.Click = [this] { ToggleMeasuredData(shared_, mnuGraphMeasured); };
+    mnuFileExit.SetShortcut("Ctrl+Q");
     mnuToolsReach.Click = [this] { doors_.ReachForm->Show(); };
     mnuToolsReach.SetShortcut("Ctrl+R");
     mnuToolsExplain.Click = [this] { doors_.ExplainForm->Show(); };

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "controls/Controls.h"
+#include "engine/PathInputs.h"
 #include "forms/reports/TempLog.h"
 #include "forms/shared/BoxRule.h"
 #include "forms/shared/PowerUnitList.h"
@@ -14,7 +15,6 @@ namespace vardel {
 class Calculation;
 enum class ModelNumber : int;
 struct Doors;
-struct PathInputs;
 struct Platform;
 struct SharedData;
 enum class FieldStrengthGraph : int;
@@ -37,6 +37,9 @@ public:
     // Puts a path's inputs but for the distance into the boxes, in the window's own units.
     enum class Take { Power, AllButPower };
     void TakeInputs(const PathInputs& path, Take take);
+    // What was done, where no message tells it; until the next calculation.
+    void Tell(std::string text);
+    void ShowStatus();
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.
@@ -93,6 +96,10 @@ public:
     TextBox txtPowerUnit{*this, "txtPowerUnit", "1"};
     ComboBox cmbPowerUnit{*this, "cmbPowerUnit", PowerUnitEntries(),
                           static_cast<int>(PowerUnit::Kilowatts)};
+
+    // At the window's foot.
+    Label lblStatus{*this, "lblStatus"};    // what the values are not of, or what was saved last
+    Label lblArchive{*this, "lblArchive"};  // that runs are stored in
 
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileNew{mnuFile, "mnuFileNew", "&New"};
@@ -184,6 +191,9 @@ private:
     SharedData& shared_;
     Doors& doors_;
     std::optional<Registry> registry_;  // from Form_Load on
+    std::string told_;
+    std::optional<PathInputs> computed_;  // of the values that are shown
+    bool valuesStale_ = false;            // and shown as such
     TempLog tempLog_;
     bool CalledFromHost = false;
     bool started_ = false;  // all is as an exit may save it

@@ -24,6 +24,9 @@ void MainForm::cmdLossCalc_Click() {
     const Calculation calculation(inputs, path->powerWatts);
     doors_.ReportLog().AddCalculation(LogLine(*path, calculation, GetPlatform().clock.Now()));
     ShowResults(calculation);
+    computed_ = *path;
+    valuesStale_ = false;
+    Tell({});
     GetPlatform().windows.Yield();
     // The program may have been closed meanwhile, and its log with it.
     if (!shared_.TempLogFile.empty()) doors_.ReportLog().SaveFile(shared_.TempLogFile);
@@ -69,6 +72,7 @@ void MainForm::ShowResults(const Calculation& calculation) {
             Label& label = this->*shown;
             label.SetCaption(FormatNumber(value, "###0.00"));
             label.SetBackColor(of.inRange ? White : shared_.OutOfRangeColor);
+            label.SetToolTipText(of.inRange ? "" : "Out of the model's range");
             label.SetStateText(of.inRange ? "In the model's range" : "Out of the model's range");
         }
     }

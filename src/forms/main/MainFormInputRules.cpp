@@ -51,12 +51,16 @@ void MainForm::MarkValuesStale() {
     for (Label* value : {&lblcost231, &lblFITU529, &lblOH529dBLoss, &lblFCost231, &lblDavidson,
                          &lblPalvernDavFS}) {
         value->SetBackColor(StaleColor);
-        if (!value->Caption().empty()) value->SetStateText("Not of the present inputs");
+        if (value->Caption().empty()) continue;
+        value->SetStateText("Not of the present inputs");
+        value->SetToolTipText("Not of the present inputs: calculate anew");
     }
+    valuesStale_ = true;
     BringToolsUpToDate();
 }
 
 void MainForm::BringToolsUpToDate() {
+    ShowStatus();
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->BringUpToDate();
     if (doors_.ExplainForm.Loaded()) doors_.ExplainForm->BringUpToDate();
     if (doors_.MeasuredForm.Loaded()) doors_.MeasuredForm->BringUpToDate();

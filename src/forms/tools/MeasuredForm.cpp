@@ -36,6 +36,7 @@ std::string WithCarriageReturns(const std::string& text) {
 MeasuredForm::MeasuredForm(Platform& platform, SharedData& shared, Doors& doors)
     : Form(platform, "MeasuredForm", "Measured Data"), shared_(shared), doors_(doors) {
     SetHelpContextID(HelpTopic::MeasuredData);
+    txtPercents.SetHoldsNumber(false);
     txtPercents.SetToolTipText("One or several, such as 50 90 95");
     cmdCopy.SetToolTipText("As text and as CSV");
     WireEvents();

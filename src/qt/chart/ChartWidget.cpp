@@ -53,7 +53,7 @@ QByteArray CsvOf(const Chart& chart) { return QByteArray::fromStdString(ChartCsv
 
 ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     setObjectName(ToQt(chart.Name()));
-    setAccessibleName(ToQt(chart.Title[0].Text));
+    setAccessibleName(chart.Title[0].Text.empty() ? "Chart" : ToQt(chart.Title[0].Text));
     // A click would take the focus from a box, whose leaving marks the graph as out of date.
     setFocusPolicy(Qt::TabFocus);
     setMinimumSize(360, 270);

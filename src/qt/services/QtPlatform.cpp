@@ -61,6 +61,15 @@ QString WorkFolder(const std::string& folder) {
     return QFileInfo::exists(documents) ? documents : QDir::homePath();
 }
 
+// The folder of the last choice, beside the one that the dialog begins in.
+void OfferFolder(QFileDialog& dialog, const QString& folder) {
+    if (folder.isEmpty() || !QFileInfo::exists(folder)) return;
+    const QUrl last = QUrl::fromLocalFile(folder);
+    QList<QUrl> places = dialog.sidebarUrls();
+    if (!places.contains(last)) dialog.setSidebarUrls(places << last);
+    dialog.setHistory({folder});
+}
+
 void SetUpFileDialog(QFileDialog& dialog, const FileDialog& request) {
     const QStringList parts = ToQt(request.filters).split('|');
     QStringList filters;
@@ -182,9 +191,20 @@ Answer QtPlatform::ShowMessage(const Message& message) {
     return AnswerOf(box.Exec(), message);
 }
 
+QString QtPlatform::LastFolder() {
+    return ToQt(settings_.Read(FromQt(QApplication::applicationName()), "Dialogs", "LastFolder"));
+}
+
+std::string QtPlatform::Chosen(const QString& file) {
+    settings_.Write(FromQt(QApplication::applicationName()), "Dialogs", "LastFolder",
+                    FromQt(QFileInfo(file).absolutePath()));
+    return FromQt(file);
+}
+
 std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     DialogOver<QFileDialog> dialog;
     SetUpFileDialog(*dialog, request);
+    OfferFolder(*dialog, LastFolder());
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);  // the form asks
@@ -201,18 +221,19 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
         return std::nullopt;
     const auto filter = static_cast<int>(filters.indexOf(dialog->selectedNameFilter()));
-    return SaveChoice{FromQt(dialog->selectedFiles().constFirst()), filter + 1};
+    return SaveChoice{Chosen(dialog->selectedFiles().constFirst()), filter + 1};
 }
 
 std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
     DialogOver<QFileDialog> dialog;
     SetUpFileDialog(*dialog, request);
+    OfferFolder(*dialog, LastFolder());
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontUseNativeDialog);  // which may insist on a file that exists
     if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
         return std::nullopt;
-    return FromQt(dialog->selectedFiles().constFirst());
+    return Chosen(dialog->selectedFiles().constFirst());
 }
 
 std::string QtPlatform::AskText(const TextQuestion& question) {

@@ -47,6 +47,10 @@ public:
     QtPrinters& GetPrinters() { return printers_; }
 
 private:
+    // Of the last choice in a file dialog; kept from start to start.
+    QString LastFolder();
+    std::string Chosen(const QString& file);
+
     QtSettings settings_;
     QtHelp help_;
     QtPrinters printers_;

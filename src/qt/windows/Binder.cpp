@@ -20,6 +20,7 @@
 #include <utility>
 
 #include "qt/services/Convert.h"
+#include "qt/windows/DecimalKey.h"
 
 namespace vardel {
 
@@ -235,6 +236,7 @@ void Binder::Bind(TextBox& box, QLineEdit& edit) {
                          if (*alive) box.SetText(FromQt(text));
                      });
     edit.installEventFilter(new FocusFilter(box, alive_, edit));
+    if (box.HoldsNumber()) TakeCommaAsPoint(edit);
 }
 
 void Binder::Bind(ComboBox& list, QComboBox& combo) {

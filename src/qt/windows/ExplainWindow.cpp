@@ -21,7 +21,7 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     grid->setColumnStretch(2, 1);
     grid->addWidget(MakeLabel(form.lblPath), 1, 0, 1, 3);
 
-    QScrollArea* terms = MakeFixedText(form.lblTerms);
+    QScrollArea* terms = MakeFixedText(form.lblTerms, "Terms of the formula");
     grid->addWidget(terms, 2, 0, 1, 3);
     grid->setRowStretch(2, 1);
 

@@ -97,7 +97,7 @@ QLabel* FormWindow::MakeLabel(Label& label) {
     return widget;
 }
 
-QScrollArea* FormWindow::MakeFixedText(Label& label) {
+QScrollArea* FormWindow::MakeFixedText(Label& label, const QString& name) {
     auto* text = new QLabel;
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setFamilies({"Liberation Mono", font.family()});
@@ -109,6 +109,7 @@ QScrollArea* FormWindow::MakeFixedText(Label& label) {
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setWidget(text);
+    area->setAccessibleName(name);
     return area;
 }
 

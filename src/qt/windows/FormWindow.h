@@ -50,7 +50,7 @@ protected:
     void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
                   int column);
     // In a font of one width, scrolled where there is no room, to be selected and copied.
-    QScrollArea* MakeFixedText(Label& label);
+    QScrollArea* MakeFixedText(Label& label, const QString& name);
     QLineEdit* MakeBox(TextBox& box, int characters);
     QComboBox* MakeList(ComboBox& list);
     QPushButton* MakeButton(Button& button);

@@ -93,7 +93,11 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     chart->setSpacing(0);
     chart->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
     chart->addWidget(MakeThreshold(form.Threshold()));
-    chart->addWidget(MakeLabel(form.lblStatus));
+    for (Label* label : {&form.lblHandBack, &form.lblStatus}) {
+        QLabel* line = MakeLabel(*label);
+        line->setWordWrap(true);
+        chart->addWidget(line);
+    }
     row->addLayout(chart, 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <utility>
 
 #include "forms/main/MainForm.h"
@@ -35,10 +36,25 @@ MainWindow::MainWindow(MainForm& form)
     column->addWidget(MakeInputs(form));
     column->addWidget(MakeResults(form));
     column->addStretch(1);
+    AddStatusLine(form);
     SetScrolledContent(*center);
     new FocusRing(*this);
     SetTabOrder();
     FocusFirst(form.txtFreq);
+}
+
+// As wide as the window happens to be, whatever it tells.
+void MainWindow::AddStatusLine(MainForm& form) {
+    QStatusBar& bar = *statusBar();
+    bar.setSizeGripEnabled(false);
+    for (const auto& [label, stretch] :
+         {std::pair(&form.lblStatus, 3), std::pair(&form.lblArchive, 1)}) {
+        QLabel* line = MakeLabel(*label);
+        line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        line->setContentsMargins(Margin, 0, Margin, 0);
+        bar.addWidget(line, stretch);
+    }
+    bar.findChild<QLabel*>(ToQt(form.lblArchive.Name()))->setAlignment(Qt::AlignRight);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {

@@ -31,6 +31,7 @@ private:
     void EndHeldHint();
 
     std::pair<QGroupBox*, QGridLayout*> MakeGroup(Frame& frame);
+    void AddStatusLine(MainForm& form);
     QWidget* MakeInputs(MainForm& form);
     QWidget* MakeResults(MainForm& form);
     QWidget* MakePower(MainForm& form);

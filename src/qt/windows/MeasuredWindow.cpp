@@ -33,7 +33,7 @@ MeasuredWindow::MeasuredWindow(MeasuredForm& form) : FormWindow(form) {
 
     auto* parts = new QSplitter(Qt::Vertical);
     parts->setChildrenCollapsible(false);
-    parts->addWidget(MakeFixedText(form.lblFit));
+    parts->addWidget(MakeFixedText(form.lblFit, "Errors of the models"));
     parts->addWidget(new ChartWidget(form.CTWXErrors, binder));
     parts->setStretchFactor(1, 1);
     column->addWidget(parts, 1);

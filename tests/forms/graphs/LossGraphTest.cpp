@@ -133,6 +133,19 @@ TEST_F(LossGraph, TheChartInWords) {
                                   "Cost 231,2.5,30,yes\nCost 231,4,40,yes\n"));
 }
 
+TEST_F(LossGraph, WhatTheMainFormWillGetIsToldBefore) {
+    Main().txtFreq.SetText("80");
+    EXPECT_FALSE(Graph().lblHandBack.Visible());
+    Graph().txtFreq.LostFocus.Raise();
+    Graph().cmbareatype.SetText("Open");
+    EXPECT_EQ(Graph().lblHandBack.Caption(),
+              "The main window gets, when this one closes: Frequency 150.0 instead of 80, "
+              "Area Open instead of Urban");
+    Graph().Unload();
+    EXPECT_EQ(Main().txtFreq.Text(), "150.0");
+    EXPECT_FALSE(Graph().lblHandBack.Visible());
+}
+
 TEST_F(LossGraph, BoxRules) {
     const struct {
         TextBox GraphForm::*box;

@@ -169,6 +169,24 @@ TEST_F(CalculationRun, NewSetsTheDefaultsAndDarkensTheResults) {
     EXPECT_EQ(Main().lblcost231.BackColor(), Black);
 }
 
+TEST_F(CalculationRun, TheStatusLineTellsWhatTheValuesAreNotOf) {
+    const auto status = [this] { return Main().lblStatus.Caption(); };
+    Main().txtPctLoc.SetText("90");
+    EXPECT_EQ(status(), "") << "there are no values yet";
+    Main().cmdLossCalc.Press();
+    Main().txtPctLoc.SetText("50");
+    Main().txtPowerUnit.SetText("2");
+    Main().txtPowerUnit.LostFocus.Raise();
+    EXPECT_EQ(status(),
+              "Changed since the values were computed: power, % of locations. Calculate anew.");
+    Main().txthm.SetText("2");
+    EXPECT_EQ(status(), "The values are not of the present inputs: calculate anew.");
+    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "Not of the present inputs: calculate anew");
+    Main().cmdLossCalc.Press();
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "");
+}
+
 TEST_F(CalculationRun, ExitAsksFirst) {
     platform.answers.push(Answer::Cancel);
     Main().mnuFileExit.Pick();
