@@ -27,6 +27,10 @@ public:
     Pointer MousePointer() const { return pointer_; }
     void SetMousePointer(Pointer pointer) { Assign(pointer_, pointer); }
 
+    // Whether the form is designed in colours of its own, whatever the desktop's are.
+    bool HasOwnColors() const { return ownColors_ || backColor_ != White; }
+    void SetOwnColors() { ownColors_ = true; }
+
     const std::vector<MenuItem*>& MenuBar() const { return menuBar_; }
     Platform& GetPlatform() const { return platform_; }
 
@@ -57,6 +61,7 @@ private:
     Pointer pointer_ = Pointer::Normal;
     std::vector<MenuItem*> menuBar_;
 
+    bool ownColors_ = false;
     int routinesRunning_ = 0;
     bool unloaded_ = false;
     std::function<void()> onUnloaded_;  // no longer the form that its name finds

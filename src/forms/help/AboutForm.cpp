@@ -9,6 +9,7 @@ namespace vardel {
 AboutForm::AboutForm(Platform& platform)
     : Form(platform, "AboutForm", "About dB Loss Calculation") {
     SetHelpContextID(HelpTopic::About);
+    SetOwnColors();
     Label1.SetForeColor({0, 64, 64});
     Line1.SetForeColor(Teal);
     Image1.SetPictureFile(platform.programDirectory + "/about.bmp");

@@ -46,6 +46,7 @@ frmInfoScreen::frmInfoScreen(Platform& platform) : Form(platform, "frmInfoScreen
 
 void frmInfoScreen::SetAppearance() {
     lblTitle.SetForeColor(DeepTeal);
+    SetOwnColors();
     Label20.SetBackColor(DeepTeal);
     Label20.SetForeColor(White);
     for (Label* head : ColumnHeads()) {

@@ -20,6 +20,7 @@
 #include "qt/chart/ChartPlot.h"
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
+#include "qt/windows/DesktopColors.h"
 #include "qt/windows/DialogOver.h"
 #include "qt/windows/WindowFactory.h"
 
@@ -96,14 +97,15 @@ void SetUpApplication(QApplication& application) {
         QFile::exists(icon))
         QApplication::setWindowIcon(QIcon(icon));
     // Nothing here is the desktop's own look: the forms' colours are told one by one.
+    LearnDesktop();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setPalette(QApplication::style()->standardPalette());
+    QApplication::setPalette(ApplicationPalette());
     // Metric-compatible stand-ins for the fonts that the forms name.
     QFont::insertSubstitution("MS Sans Serif", "Liberation Sans");
     QFont::insertSubstitution("Arial", "Liberation Sans");
     QFont::insertSubstitution("Courier New", "Liberation Mono");
     QFont font("MS Sans Serif");
-    font.setPointSizeF(10.0);
+    font.setPointSizeF(ApplicationPoints());
     application.setFont(font);
     application.setQuitOnLastWindowClosed(false);
 }

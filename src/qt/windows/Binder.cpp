@@ -21,6 +21,7 @@
 
 #include "qt/services/Convert.h"
 #include "qt/windows/DecimalKey.h"
+#include "qt/windows/DesktopColors.h"
 
 namespace vardel {
 
@@ -171,17 +172,7 @@ public:
 };
 
 void SetColors(QWidget& widget, const Control& control) {
-    const QColor back = ToQt(control.BackColor());
-    const QColor text = ToQt(control.ForeColor());
-    const QColor faded((back.red() + text.red()) / 2, (back.green() + text.green()) / 2,
-                       (back.blue() + text.blue()) / 2);
-    QPalette colors = widget.palette();
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        colors.setColor(role, back);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        colors.setColor(role, text);
-        colors.setColor(QPalette::Disabled, role, faded);
-    }
+    const QPalette colors = ColorsOf(control, widget.palette());
     if (widget.palette() != colors) widget.setPalette(colors);
 }
 

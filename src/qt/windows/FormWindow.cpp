@@ -17,6 +17,7 @@
 #include <QShortcut>
 
 #include "qt/services/Convert.h"
+#include "qt/windows/DesktopColors.h"
 
 namespace vardel {
 
@@ -65,7 +66,7 @@ void FormWindow::ShowProperties() {
     const HelpTopic own = form_->HelpContextID();
     setProperty("helpTopic", static_cast<int>(own != HelpTopic::None ? own : topic_));
     QPalette colors = palette();
-    colors.setColor(QPalette::Window, ToQt(form_->BackColor()));
+    colors.setColor(QPalette::Window, GroundOf(*form_));
     setPalette(colors);
     if (form_->MousePointer() == Form::Pointer::Hourglass)
         setCursor(Qt::WaitCursor);

@@ -53,6 +53,9 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
         case Qt::BackgroundRole:
             if (RowAt(index.row()).marked) return ToQt(OutOfRangePink);
             return {};
+        case Qt::ForegroundRole:
+            if (RowAt(index.row()).marked) return ToQt(Black);
+            return {};
         default:
             return {};
     }
