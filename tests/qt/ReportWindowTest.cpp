@@ -166,5 +166,28 @@ TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
     }
 }
 
+// The layout knows the places of lines that it has not shaped; where one is told wrong, the caret
+// is drawn or set elsewhere than the user sees the text.
+TEST_F(ReportWindowTest, ACaretGoesWhereItIsClickedBelowPicturesAndLinesOfOtherScripts) {
+    program.ReportLog().Clear();
+    program.ReportLog().Add("first\tline\n漢字 and after\n");
+    Log().InsertPicture(PictureOf(QImage(40, 100, QImage::Format_RGB32)));
+    program.ReportLog().Add("\nlast");
+    WhileOpen([&] {
+        QTest::keyClick(&Edit(), Qt::Key_Return, Qt::ShiftModifier);  // a line end within a line
+        QTest::keyClicks(&Edit(), "most");
+        Edit().resize(400, 400);
+        QTextCursor cursor(Edit().document());
+        const QRect first = Edit().cursorRect(cursor);
+        for (int at = 0; at < Edit().document()->characterCount(); ++at) {
+            cursor.setPosition(at);
+            const QPoint caret = Edit().cursorRect(cursor).center();
+            EXPECT_EQ(Edit().cursorForPosition(caret + QPoint(1, 0)).position(), at);
+        }
+        const int down = Edit().cursorRect(cursor).top() - first.top();
+        EXPECT_NEAR(down, 100 + 3 * first.height(), first.height());
+    });
+}
+
 }  // namespace
 }  // namespace vardel

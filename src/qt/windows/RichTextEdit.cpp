@@ -6,10 +6,12 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <array>
 
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
 #include "qt/windows/TextPositions.h"
+#include "qt/windows/UnfoldedLayout.h"
 #include "richtext/Rtf.h"
 
 namespace vardel {
@@ -20,12 +22,23 @@ constexpr int Margin = 8;
 constexpr std::string_view LineEnd = "\r\n";
 constexpr const char* OwnFormat = "application/x-vardel-log";  // rich text that this editor wrote
 
-QTextCharFormat FormatOf(TextStyle style) {
+QTextCharFormat MakeFormat(TextStyle style) {
     QTextCharFormat format;
     format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(style.italic);
     format.setFontUnderline(style.underline);
     return format;
+}
+
+// Kept, because the document finds a format that it knows by a hash, which the format remembers.
+const QTextCharFormat& FormatOf(TextStyle style) {
+    static const std::array<QTextCharFormat, 8> formats = [] {
+        std::array<QTextCharFormat, 8> all;
+        for (std::size_t i = 0; i < all.size(); ++i)
+            all[i] = MakeFormat({(i & 1) != 0, (i & 2) != 0, (i & 4) != 0});
+        return all;
+    }();
+    return formats[(style.bold ? 1U : 0U) + (style.italic ? 2U : 0U) + (style.underline ? 4U : 0U)];
 }
 
 TextStyle StyleOf(const QTextCharFormat& format) {
@@ -102,6 +115,7 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
     cursor.setPosition(0);
     cursor.setPosition(start, QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
+    filled->setDocumentLayout(new UnfoldedLayout(filled));
     const QPointer<QTextDocument> before(document());
     setDocument(filled);
     delete before;  // where the editor has not done so itself
@@ -115,47 +129,36 @@ void RichTextEdit::ShowAsEdit(const RichText& content) {
     InsertAt(cursor, content);
 }
 
-void RichTextEdit::InsertAt(QTextCursor cursor, const RichText& content) {
+// In order, which is the fastest way to fill a document. A stretch's last line end stays plain, so
+// that what is typed below a header is.
+void RichTextEdit::InsertAt(QTextCursor& cursor, const RichText& content) {
     cursor.beginEditBlock();
-    const int start = cursor.selectionStart();
-    cursor.insertText(WithShortLineEnds(content.Text()), FormatOf({}));
-    ShowStyles(*cursor.document(), start, content);
+    cursor.removeSelectedText();
+    const std::string_view text = content.Text();
+    auto picture = content.Pictures().begin();
+    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
+        auto [begin, style] = content.Stretches()[i];
+        const QTextCharFormat& format = FormatOf(style);
+        const std::size_t end = content.StretchEnd(i);
+        for (; picture != content.Pictures().end() && picture->position < end; ++picture) {
+            cursor.insertText(ToQt(text.substr(begin, picture->position - begin)), format);
+            InsertPicture(cursor, picture->picture, format);
+            begin = picture->position + RichText::PictureMark.size();
+        }
+        const bool styledLine =
+            style != TextStyle{} && text.substr(begin, end - begin).ends_with(LineEnd);
+        const std::size_t length = end - begin - (styledLine ? LineEnd.size() : 0);
+        cursor.insertText(ToQt(text.substr(begin, length)), format);
+        if (styledLine) cursor.insertText("\n", FormatOf({}));
+    }
     cursor.endEditBlock();
 }
 
-// Upon the bare text, which begins at start. A line's end stays plain, so that what is typed below
-// a header is.
-void RichTextEdit::ShowStyles(QTextDocument& document, int start, const RichText& content) {
-    QTextCursor cursor(&document);
-    const std::string_view text = content.Text();
-    TextPosition at;
-    for (std::size_t i = 0; i < content.Stretches().size(); ++i) {
-        const auto& [begin, style] = content.Stretches()[i];
-        if (style == TextStyle{}) continue;
-        std::size_t end = content.StretchEnd(i);
-        if (text.substr(begin, end - begin).ends_with(LineEnd)) end -= LineEnd.size();
-        at = AdvanceToBytes(text, at, begin);
-        cursor.setPosition(start + at.units);
-        at = AdvanceToBytes(text, at, end);
-        cursor.setPosition(start + at.units, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(FormatOf(style));
-    }
-    at = {};
-    for (const auto& [position, picture] : content.Pictures()) {
-        at = AdvanceToBytes(text, at, position);
-        ShowPicture(document, start + at.units, picture);
-    }
-}
-
-// In the place of the picture's mark, which is one unit long as the picture is.
-void RichTextEdit::ShowPicture(QTextDocument& document, int position,
-                               const std::shared_ptr<const Picture>& picture) {
-    QTextCursor cursor(&document);
-    cursor.setPosition(position);
-    cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+void RichTextEdit::InsertPicture(QTextCursor& cursor, const std::shared_ptr<const Picture>& picture,
+                                 const QTextCharFormat& style) {
     QTextImageFormat format;
     const QString name = QString("picture:%1").arg(pictures_.size());
-    document.addResource(QTextDocument::ImageResource, name, ImageOf(*picture));
+    cursor.document()->addResource(QTextDocument::ImageResource, name, ImageOf(*picture));
     pictures_[name] = picture;
     format.setName(name);
     const QSize size = ScreenSizeOf(*picture);
@@ -163,9 +166,7 @@ void RichTextEdit::ShowPicture(QTextDocument& document, int position,
         format.setWidth(size.width());
         format.setHeight(size.height());
     }
-    const TextStyle style = StyleOf(cursor.charFormat());
-    format.merge(FormatOf(style));
-    cursor.removeSelectedText();
+    format.merge(style);
     cursor.insertImage(format);
 }
 
@@ -229,15 +230,13 @@ QMimeData* RichTextEdit::createMimeDataFromSelection() const {
 
 // Foreign fonts and colours stay outside: the columns live by the fixed pitch.
 void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    QTextCursor caret = textCursor();
     if (const auto own = ReadRtf(source->data(OwnFormat).toStdString()))
-        return InsertAt(textCursor(), *own);
-    if (source->hasText()) {
-        textCursor().insertText(source->text());
-        return;
-    }
+        return InsertAt(caret, *own);
+    if (source->hasText()) return caret.insertText(source->text());
     RichText picture;
     picture.ReplaceByPicture(0, 0, PictureOf(qvariant_cast<QImage>(source->imageData())), {});
-    InsertAt(textCursor(), picture);
+    InsertAt(caret, picture);
 }
 
 }  // namespace vardel

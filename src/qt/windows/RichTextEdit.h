@@ -30,10 +30,9 @@ private:
     void ShowAfresh(const RichText& content);
     void ShowAsEdit(const RichText& content);
     // In place of what the cursor has selected; undone as one.
-    void InsertAt(QTextCursor cursor, const RichText& content);
-    void ShowStyles(QTextDocument& document, int start, const RichText& content);
-    void ShowPicture(QTextDocument& document, int position,
-                     const std::shared_ptr<const Picture>& picture);
+    void InsertAt(QTextCursor& cursor, const RichText& content);
+    void InsertPicture(QTextCursor& cursor, const std::shared_ptr<const Picture>& picture,
+                       const QTextCharFormat& style);
     RichTextBox::Edit UsersEdit();
     RichText ContentOf(const QTextDocument& document) const;
 

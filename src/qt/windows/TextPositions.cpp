@@ -9,6 +9,11 @@ namespace {
 // Past one character: a line end, or the bytes of a code point.
 void Step(std::string_view text, TextPosition& at) {
     const auto first = static_cast<unsigned char>(text[at.bytes]);
+    if (first < 0x80 && first != '\r') {
+        ++at.bytes;
+        ++at.units;
+        return;
+    }
     const bool lineEnd = first == '\r' && text.substr(at.bytes + 1, 1) == "\n";
     const std::size_t length = lineEnd        ? 2
                                : first < 0xC0 ? 1
