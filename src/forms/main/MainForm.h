@@ -34,8 +34,9 @@ public:
     // All of a path, as a run takes it. Nothing, and no message, where a box holds no number above
     // zero.
     std::optional<PathInputs> ReadPathQuietly();
-    // Puts a path's inputs but for the distance into the boxes, in the window's own units.
-    enum class Take { Power, AllButPower };
+    // Puts a path's inputs into the boxes, in the window's own units; the distance where it is
+    // said.
+    enum class Take { Power, AllButPower, PowerAndDistance };
     void TakeInputs(const PathInputs& path, Take take);
     // What was done, where no message tells it; until the next calculation.
     void Tell(std::string text);

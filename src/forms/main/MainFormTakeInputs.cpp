@@ -16,6 +16,11 @@ void MainForm::TakeInputs(const PathInputs& path, Take take) {
         if (path.units == units) return x;
         return x * MetresPerHeight(path.units) / MetresPerHeight(units);
     };
+    if (take == Take::PowerAndDistance)
+        txtDist.SetText(FormatNumber(
+            path.units == units ? path.distance
+                                : path.distance * KmPerDistance(path.units) / KmPerDistance(units),
+            InputPattern));
     txtFreq.SetText(FormatNumber(path.frequency, InputPattern));
     txthb.SetText(FormatNumber(height(path.hb), InputPattern));
     txthm.SetText(FormatNumber(height(path.hm), InputPattern));
