@@ -6,15 +6,15 @@ namespace vardel {
 
 RichTextBox::RichTextBox(Form& form, std::string name) : Control(form, std::move(name)) {}
 
-void RichTextBox::SetEditor(std::function<Edit()> editor) {
+void RichTextBox::SetEditor(Editor editor) {
     FetchEdit();
-    if (editor_) cleared_.clear();
+    if (editor_.edit) cleared_.clear();
     editor_ = std::move(editor);
 }
 
 void RichTextBox::FetchEdit() {
-    if (!editor_) return;
-    Edit edit = editor_();
+    if (!editor_.edit) return;
+    Edit edit = editor_.edit();
     if (edit.content) {
         content_ = std::move(*edit.content);
         ++usersEdits_;
@@ -32,8 +32,16 @@ void RichTextBox::SetContent(RichText content) {
     Changed(0);
 }
 
+void RichTextBox::Undo() {
+    if (editor_.undo) editor_.undo();
+}
+
+void RichTextBox::Redo() {
+    if (editor_.redo) editor_.redo();
+}
+
 void RichTextBox::Clear() {
-    if (!editor_ && content_.Length() > 0) {
+    if (!editor_.edit && content_.Length() > 0) {
         if (!content_.Text().ends_with("\r\n")) content_.Replace(content_.Length(), 0, "\r\n", {});
         cleared_.push_back(std::move(content_));
     }

@@ -28,6 +28,13 @@ public:
         Selection selection;
     };
 
+    // What a view lends while it has the text over.
+    struct Editor {
+        std::function<Edit()> edit;  // the user's, since it last read what is held here
+        std::function<void()> undo;
+        std::function<void()> redo;
+    };
+
     RichTextBox(Form& form, std::string name);
 
     const RichText& Content();
@@ -47,6 +54,9 @@ public:
     // Puts the text in at the caret in place of what is selected; the caret comes behind it.
     void Insert(std::string_view text);
     void InsertPicture(Picture picture);
+    // Of the user's edits, in their editor; nothing where there is none.
+    void Undo();
+    void Redo();
     // The user can undo this, also where the text is not seen at the time: see Cleared.
     void Clear();
 
@@ -59,9 +69,8 @@ public:
     int RightMargin() const { return rightMargin_; }
     void SetRightMargin(int twips) { Assign(rightMargin_, twips); }
 
-    // For the view. It becomes the editor with a function that tells the user's edit since it last
-    // read what is held here, and ends that with an empty one.
-    void SetEditor(std::function<Edit()> editor);
+    // For the view, which ends being the editor with an empty one.
+    void SetEditor(Editor editor);
     const RichText& HeldContent() const { return content_; }
     Selection HeldSelection() const { return selection_; }
     // What was cleared away while there was no editor, in its order and each with a line end: the
@@ -90,7 +99,7 @@ private:
     unsigned long revision_ = 0;
     unsigned long textWrites_ = 0;
     unsigned long usersEdits_ = 0;
-    std::function<Edit()> editor_;
+    Editor editor_;
 };
 
 }  // namespace vardel

@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTimer>
@@ -164,6 +167,35 @@ TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
         EXPECT_EQ(ImageOf(*placed.picture).convertToFormat(QImage::Format_RGB32), image);
         EXPECT_EQ(placed.picture->widthTwips, 600);
     }
+}
+
+TEST_F(ReportWindowTest, FindsUndoesAndIsLeftByKeysWithItsHeadsAlongside) {
+    program.ReportLog().AddLine("wide" + std::string(500, ' ') + "end");
+    WhileOpen([&] {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+        auto& heads = *Window().findChild<QLabel*>("lblHeads");
+        const auto headAt = [&] { return heads.mapTo(&Window(), QPoint()).x(); };
+        Edit().moveCursor(QTextCursor::Start);
+        const auto textAt = [&] {
+            return Edit().viewport()->mapTo(&Window(), Edit().cursorRect().center()).x();
+        };
+        EXPECT_NEAR(headAt(), textAt(), 1);
+        Edit().horizontalScrollBar()->setValue(70);
+        EXPECT_NEAR(headAt(), textAt(), 1);
+
+        QTest::keyClicks(&Edit(), "typed");
+        QTest::keyClick(&Edit(), Qt::Key_F, Qt::ControlModifier);
+        auto& box = *Window().findChild<QLineEdit*>("txtFind");
+        ASSERT_TRUE(box.hasFocus());
+        QTest::keyClicks(&box, "END");
+        EXPECT_EQ(Edit().textCursor().selectedText(), "end");
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(Edit().hasFocus() && Window().isVisible() && !box.isVisible());
+        program.FrmReport->mnuEditUndo.Pick();
+        EXPECT_FALSE(Edit().toPlainText().contains("typed"));
+        QTest::keyClick(&Edit(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_FALSE(Edit().hasFocus());
+    });
 }
 
 // The layout knows the places of lines that it has not shaped; where one is told wrong, the caret

@@ -1,5 +1,6 @@
 #include "forms/reports/FrmReport.h"
 
+#include "engine/LogLine.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/reports/frmPrinterSelect.h"
@@ -21,7 +22,8 @@ constexpr const char* LogName = "Calculation Log";
 }  // namespace
 
 FrmReport::FrmReport(Platform& platform, Doors& doors)
-    : Form(platform, "FrmReport", "Calculation Log") {
+    : Form(platform, "FrmReport", "Calculation Log"), doors_(doors) {
+    lblHeads.SetCaption(LogColumnHeader);
     cmdClear.Click = [this] { cmdClear_Click(); };
     cmdClose.Click = [this] { cmdClose_Click(); };
     cmdFile.Click = [this] { cmdFile_Click(); };
@@ -30,7 +32,11 @@ FrmReport::FrmReport(Platform& platform, Doors& doors)
     mnuFileSaveAs.Click = [this] { cmdFile_Click(); };
     cmdPrint.Click = [this] { cmdPrint_Click(); };
     mnuFilePrint.Click = [this] { cmdPrint_Click(); };
-    mnuFilePrinterSetup.Click = [this, &doors] { doors.frmPrinterSelect->ShowModal(this); };
+    mnuFilePrinterSetup.Click = [this] { doors_.frmPrinterSelect->ShowModal(this); };
+    mnuFileSaveAs.SetShortcut("Ctrl+S");
+    mnuFilePrint.SetShortcut("Ctrl+P");
+    WireEditMenu();
+    ShowFind(false);
 }
 
 // Unlike RLogClass::Clear, this leaves the header line. One change, so that the user undoes it as
@@ -43,7 +49,10 @@ void FrmReport::cmdClear_Click() {
     rtbLog.SetInsertStyle({});
 }
 
-void FrmReport::cmdClose_Click() { Hide(); }
+void FrmReport::cmdClose_Click() {
+    lblStatus.SetCaption({});
+    Hide();
+}
 
 void FrmReport::cmdFile_Click() { SaveAs(TextFilter); }
 

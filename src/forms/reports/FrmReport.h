@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "richtext/RichTextBox.h"
 #include "services/Platform.h"
 
@@ -14,7 +16,7 @@ class FrmReport : public Form {
 public:
     FrmReport(Platform& platform, Doors& doors);
 
-    void CloseByFrame() override { Hide(); }
+    void CloseByFrame() override { cmdClose_Click(); }
     // Asks for a file, proposing rich text, and saves the log there. True when it has.
     bool SaveAsRichText();
 
@@ -24,12 +26,35 @@ public:
     Button cmdPrint{*this, "cmdPrint", "Print"};
     Button cmdClear{*this, "cmdClear", "Clear Log"};
 
+    // Shown by Find.
+    Label lblFind{*this, "lblFind", "Find"};
+    TextBox txtFind{*this, "txtFind"};
+    Button cmdFindNext{*this, "cmdFindNext", "&Next"};
+    Button cmdFindPrevious{*this, "cmdFindPrevious", "P&revious"};
+    // The heads of the columns, which stay in view.
+    Label lblHeads{*this, "lblHeads"};
+    // What came of a search, of inputs that were taken back.
+    Label lblStatus{*this, "lblStatus"};
+
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileClearLog{mnuFile, "mnuFileClearLog", "&Clear Log"};
     MenuItem mnuFileSaveAs{mnuFile, "mnuFileSaveAs", "&Save As ..."};
     MenuItem mnuFilePrinterSetup{mnuFile, "mnuFilePrinterSetup", "Printer Setup"};
     MenuItem mnuFilePrint{mnuFile, "mnuFilePrint", "&Print"};
     MenuItem mnuFileClose{mnuFile, "mnuFileClose", "&Close"};
+
+    MenuItem mnuEdit{*this, "mnuEdit", "&Edit"};
+    MenuItem mnuEditUndo{mnuEdit, "mnuEditUndo", "&Undo"};
+    MenuItem mnuEditRedo{mnuEdit, "mnuEditRedo", "&Redo"};
+    MenuItem mnuEditSep1{mnuEdit, "mnuEditSep1", "-"};
+    MenuItem mnuEditFind{mnuEdit, "mnuEditFind", "&Find ..."};
+    MenuItem mnuEditFindNext{mnuEdit, "mnuEditFindNext", "Find &Next"};
+    MenuItem mnuEditFindPrevious{mnuEdit, "mnuEditFindPrevious", "Find &Previous"};
+    MenuItem mnuEditSep2{mnuEdit, "mnuEditSep2", "-"};
+    MenuItem mnuEditTake{mnuEdit, "mnuEditTake", "&Take These Inputs"};
+    MenuItem mnuEditSaveCsv{mnuEdit, "mnuEditSaveCsv", "Save as &CSV ..."};
+
+    void ShowFind(bool show);
 
 private:
     void cmdClear_Click();
@@ -39,6 +64,16 @@ private:
 
     bool SaveAs(int filterIndex);
     void SaveTo(const SaveChoice& choice);
+
+    // FrmReportEdit.cpp
+    enum class Search { FromHere, Next, Previous };
+    void WireEditMenu();
+    void Find(Search search);
+    void mnuEditTake_Click();
+    void mnuEditSaveCsv_Click();
+    std::string_view LineAtCaret();
+
+    Doors& doors_;
 };
 
 }  // namespace vardel

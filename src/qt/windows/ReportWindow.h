@@ -2,12 +2,14 @@
 
 #include "qt/windows/FormWindow.h"
 
+class QLayout;
+
 namespace vardel {
 
 class FrmReport;
 class RichTextEdit;
 
-// FrmReport on the screen: the log above, its buttons below.
+// FrmReport on the screen: the log below the heads of its columns, its buttons below.
 class ReportWindow : public FormWindow {
 public:
     explicit ReportWindow(FrmReport& form);
@@ -17,6 +19,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QWidget* MakeHeads();
+    QLayout* MakeFindBar();
+    void WireKeys();
+    void EnableHistory();
+
+    FrmReport& report_;
     RichTextEdit* log_;
 };
 

@@ -18,7 +18,6 @@ namespace vardel {
 
 namespace {
 
-constexpr int Margin = 8;
 constexpr std::string_view LineEnd = "\r\n";
 constexpr const char* OwnFormat = "application/x-vardel-log";  // rich text that this editor wrote
 
@@ -66,7 +65,7 @@ void RichTextEdit::TakeOver() {
     if (editing_) return;
     ReadBox();
     editing_ = true;
-    box_.SetEditor([this] { return UsersEdit(); });
+    box_.SetEditor({[this] { return UsersEdit(); }, [this] { undo(); }, [this] { redo(); }});
 }
 
 void RichTextEdit::Leave() {

@@ -13,6 +13,8 @@ namespace vardel {
 // costs no layout, however long it grows.
 class RichTextEdit : public QTextEdit {
 public:
+    static constexpr int Margin = 8;  // around the text, in points
+
     RichTextEdit(RichTextBox& box, Binder& binder);
 
     // The text from the box, and the user's edits back to it from now on.
