@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/CurvePlot.h"
 #include "engine/MeasuredData.h"
 #include "engine/PowerUnits.h"
+#include "forms/graphs/ChartLook.h"
 #include "forms/shared/Palette.h"
 #include "services/Color.h"
 
@@ -19,6 +21,12 @@ class Form;
 struct GraphThreshold {
     double value;  // dB, or dB(µV/m)
     bool shown = false;
+};
+
+// The axes that a user wants of graphs, instead of those that they have.
+struct GraphScales {
+    bool logDistance = false;
+    std::optional<ChartRanges> ranges{};
 };
 
 // A run of an archive that graphs of its quantity show over their curves.
@@ -40,6 +48,8 @@ struct SharedData {
     bool ShowMeasuredData = false;  // whether graphs lay measured data over their curves
     GraphThreshold LossThreshold{140.0};
     GraphThreshold FieldStrengthThreshold{32.0};
+    GraphScales LossScales;
+    GraphScales FieldStrengthScales;
     std::vector<LaidRun> LaidRuns;
     int LaidChanges = 0;                                         // grows with every change of them
     Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to

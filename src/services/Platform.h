@@ -16,6 +16,7 @@ namespace vardel {
 
 class Chart;
 class Form;
+enum class ChartFileKind;
 
 enum class Answer { Ok, Cancel, Yes, No };
 
@@ -93,6 +94,8 @@ public:
     virtual Picture PictureOf(const Chart& chart) = 0;
     // A placeable Windows metafile.
     virtual std::string MetafileOf(const Chart& chart) = 0;
+    // A file of the kind, in the chart's frame, with the chart's inputs as its metadata.
+    virtual std::string FileOf(const Chart& chart, ChartFileKind kind) = 0;
 };
 
 enum class PageOrientation { Portrait = 1, Landscape = 2 };
@@ -145,6 +148,7 @@ struct Platform {
     std::string applicationVersion;
     std::string programDirectory;  // without a separator at its end, as is the next
     std::string stateDirectory;    // the user's own, for what outlives the program
+    bool decimalComma = false;     // whether other programs of the user write numbers with one
 };
 
 }  // namespace vardel

@@ -3,7 +3,7 @@
 #include <QImage>
 
 #include "forms/graphs/FrmOkumFieldStrength.h"
-#include "qt/chart/ChartPlot.h"
+#include "qt/chart/ChartFiles.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"
 #include "support/Shell.h"

@@ -5,14 +5,19 @@
 #include <QTest>
 #include <QTimer>
 
+#include <cmath>
+
+#include "engine/PathRecord.h"
 #include "forms/Program.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/main/MainForm.h"
-#include "qt/chart/ChartPlot.h"
+#include "qt/chart/ChartFiles.h"
 #include "qt/chart/ChartWidget.h"
 #include "qt/services/QtPlatform.h"
+#include "services/Files.h"
 #include "support/FakePlatform.h"
+#include "support/Shell.h"
 
 namespace vardel {
 namespace {
@@ -210,6 +215,97 @@ TEST_F(GraphWindowTest, TheThresholdLineIsDraggedAndGoesIntoEveryFile) {
         EXPECT_TRUE(ChartAsMetafile(Graph().CTWX1).contains("ITU 529: 10.00"));
         Graph().Threshold().mnuToolsThreshold.Pick();
         EXPECT_FALSE(ChartAsSvg(Graph().CTWX1).contains("ITU 529: 10.00"));
+    });
+}
+
+TEST_F(GraphWindowTest, ABoxOrOneAxisIsZoomedAndTheLegendKeepsOffTheCurves) {
+    WhileOpen([&] {
+        const auto pixel = [&](double x, double y) {
+            return QPointF(Plot().xAxis->coordToPixel(x), Plot().yAxis->coordToPixel(y)).toPoint();
+        };
+        const auto drawBox = [&](QPoint from, QPoint to) {
+            QTest::mousePress(&Plot(), Qt::LeftButton, Qt::ControlModifier, from);
+            QTest::mouseMove(&Plot(), to);
+            QTest::mouseRelease(&Plot(), Qt::LeftButton, Qt::ControlModifier, to);
+        };
+        const QPoint corner = pixel(0, 180);
+        drawBox(corner, corner + QPoint(40, 2));
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100)) << "a slip of the hand is no box";
+        const QPoint axis(corner.x() - 20, corner.y());
+        QWheelEvent wheel(axis, Plot().mapToGlobal(axis), {}, {0, 120}, {}, {}, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(&Plot(), &wheel);
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100));
+        EXPECT_NEAR(Plot().yAxis->range().size(), 160, 1);
+        drawBox(pixel(40, 130), pixel(100, 185));
+        EXPECT_NEAR(Plot().xAxis->range().lower, 40, 1);
+        EXPECT_NEAR(Plot().yAxis->range().upper, 185, 1);
+        Plot().replot();
+        // All curves but free space leave by the top right corner.
+        EXPECT_FALSE(Plot().legend->outerRect().intersects(QRect(pixel(80, 185), pixel(100, 175))));
+        Graph().CTWX1.FileFrame = {.AsZoomed = true, .Width = 640, .Height = 400};
+        EXPECT_EQ(QImage::fromData(ChartAsPng(Graph().CTWX1)).size(), QSize(640, 400));
+        EXPECT_FALSE(ChartAsSvg(Graph().CTWX1).contains(">250<"));
+        Graph().CTWX1.FileFrame.AsZoomed = false;
+        EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains(">250<"));
+    });
+}
+
+TEST_F(GraphWindowTest, AClickOnTheLegendTakesACurveOffWithAllItsStretches) {
+    WhileOpen([&] {
+        Graph().mnuGraph300.Pick();
+        Graph().cmdUpdateGraph.Press();
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+        Plot().replot();
+        const QCPRange shown = Plot().xAxis->range();
+        const QRect entry = Plot().legend->item(1)->outerRect();
+        QTest::mouseClick(&Plot(), Qt::LeftButton, {}, entry.center());
+        EXPECT_FALSE(Plot().graph(0)->visible());
+        EXPECT_FALSE(Plot().graph(1)->visible()) << "its stretch out of range";
+        EXPECT_TRUE(Plot().graph(2)->visible());
+        EXPECT_EQ(Plot().xAxis->range(), shown) << "the view stays";
+        EXPECT_FALSE(ChartAsSvg(Graph().CTWX1).contains("ITU 529<"));
+        QTest::keyClick(&Plot(), Qt::Key_1);
+        EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains("ITU 529<"));
+    });
+}
+
+TEST_F(GraphWindowTest, ALogarithmicAxisIsReadZoomedAndMovedAsItLooks) {
+    WhileOpen([&] {
+        Graph().View().mnuViewLog.Pick();
+        Plot().replot();
+        EXPECT_EQ(Plot().xAxis->tickVectorLabels().join(' '), "1 2 5 10 20 50 100");
+        const QRect frame = Plot().axisRect()->rect();
+        EXPECT_NEAR(Plot().xAxis->coordToPixel(10), frame.left() + frame.width() / 2.0, 1.5);
+        QTest::keyClick(&Plot(), Qt::Key_Right, Qt::ShiftModifier);
+        EXPECT_NEAR(Plot().xAxis->range().lower, std::pow(10.0, 0.2), 1e-6);
+        for (int i = 0; i < 60; ++i) QTest::keyClick(&Plot(), Qt::Key_Minus);
+        EXPECT_GT(Plot().xAxis->range().lower, 0);
+        EXPECT_LT(Plot().xAxis->range().upper, 1e4);
+        Graph().View().mnuViewLog.Pick();
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100));
+        EXPECT_EQ(Plot().xAxis2->scaleType(), QCPAxis::stLinear);
+    });
+}
+
+// The record is found by the reader that a drop uses; the other programs are those of users.
+TEST_F(GraphWindowTest, FilesOfEveryKindCarryTheirInputs) {
+    const ScratchFolder folder;
+    WhileOpen([&] {
+        Graph().txtFreq.SetText("321.5");
+        Graph().cmdUpdateGraph.Press();
+        Chart& chart = Graph().CTWX1;
+        for (const auto& [name, bytes] :
+             {std::pair("a.png", ChartAsPng(chart)), std::pair("a.svg", ChartAsSvg(chart)),
+              std::pair("a.pdf", ChartAsPdf(chart))}) {
+            const std::string path = folder.Path(name);
+            ReplaceFile(path, bytes.toStdString());
+            const auto inputs = PathOfRecord(TextOfFile(QString::fromStdString(path)));
+            EXPECT_EQ(inputs ? inputs->frequency : 0.0, 321.5) << name;
+        }
+        EXPECT_THAT(Output("pdfinfo -meta " + folder.Path("a.pdf")),
+                    testing::HasSubstr("<pdf:Keywords>vardel-inputs: frequency_mhz=321.5"));
+        EXPECT_EQ(TextOfFile(QString::fromStdString(folder.Path("none.png"))), "");
     });
 }
 

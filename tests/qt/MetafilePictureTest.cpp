@@ -4,6 +4,7 @@
 #include <QProcess>
 
 #include "forms/graphs/GraphForm.h"
+#include "qt/chart/ChartFiles.h"
 #include "qt/chart/ChartPlot.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"

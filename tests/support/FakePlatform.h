@@ -76,6 +76,7 @@ public:
     void Clear() override { picture.reset(); }
     Picture PictureOf(const Chart&) override { return {"a chart", 900, 600}; }
     std::string MetafileOf(const Chart&) override { return "a metafile"; }
+    std::string FileOf(const Chart&, ChartFileKind) override { return "a picture"; }
     std::vector<std::string> PrinterNames() override { return printerNames; }
     std::string CurrentPrinter() override { return printer; }
     void SetCurrentPrinter(const std::string& name) override { printer = name; }

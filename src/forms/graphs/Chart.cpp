@@ -1,5 +1,7 @@
 #include "forms/graphs/Chart.h"
 
+#include <algorithm>
+
 #include "forms/shared/Printing.h"
 #include "services/Files.h"
 #include "services/Platform.h"
@@ -31,6 +33,26 @@ void Chart::SetSeriesData(int index, std::string label, const double* x, const d
 void Chart::MoveThreshold(double value) {
     wantedThreshold_ = value;
     ThresholdMove.Raise();
+}
+
+void Chart::SwitchCurve(const std::string& curve) {
+    ChartLook look = look_;
+    if (std::erase(look.Off, curve) == 0) look.Off.push_back(curve);
+    SetLook(std::move(look));
+}
+
+ChartRanges Chart::Scales() const {
+    ChartRanges scales{{{Axis[0].Minimum, Axis[0].Maximum}, {Axis[1].Minimum, Axis[1].Maximum}}};
+    if (look_.Ranges) scales = *look_.Ranges;
+    if (!look_.LogDistance || scales[0].From > 0.0) return scales;
+    // Where the models begin: free space goes on to where nothing else is.
+    std::optional<double> first;
+    for (const ChartSeries& series : series_)
+        if (series.Visible && !series.X.empty() && series.X.front() > 0.0 &&
+            series.LineStyle != static_cast<int>(LinePattern::FreeSpace))
+            first = std::min(first.value_or(series.X.front()), series.X.front());
+    scales[0].From = std::min(first.value_or(CurveStep), scales[0].To / 2.0);
+    return scales;
 }
 
 void Chart::CopyToClipboard() {

@@ -7,6 +7,8 @@
 
 #include "controls/Controls.h"
 #include "engine/CurvePlot.h"
+#include "engine/PathInputs.h"
+#include "forms/graphs/ChartLook.h"
 
 namespace vardel {
 
@@ -97,6 +99,21 @@ public:
     double WantedThreshold() const { return wantedThreshold_; }
     Event ThresholdMove;
 
+    // Shows at once. It stays with every new drawing.
+    void SetLook(ChartLook look) { Assign(look_, std::move(look)); }
+    const ChartLook& Look() const { return look_; }
+    // Takes a curve off the chart, or puts it back.
+    void SwitchCurve(const std::string& curve);
+    // Whether it is to be seen: shown by the form and not taken off by the user.
+    bool Shows(const ChartSeries& series) const {
+        return series.Visible && !look_.IsOff(series.Curve);
+    }
+    // The axes of the whole graph. Logarithmic distances begin above zero.
+    ChartRanges Scales() const;
+    // The axes as the screen shows them, which tells it; the scales where none does.
+    ChartRanges View() const { return view_ ? *view_ : Scales(); }
+    void SetView(const ChartRanges& view) { view_ = view; }
+
     // A picture of the chart to the clipboard.
     void CopyToClipboard();
     // As a Windows metafile, the only format being 2. Throws where it cannot be written; a file
@@ -111,12 +128,16 @@ public:
     std::array<ChartAxis, 2> Axis;
     std::array<ChartTitle, 3> Title;
     ChartLegend Legend;
+    std::optional<PathInputs> Inputs;  // that the curves are of; nothing: they are of no one path
+    ChartFrame FileFrame;              // of the files that the chart is saved in
 
 private:
     std::vector<ChartSeries> series_;
     std::optional<ChartThreshold> threshold_;
     double wantedThreshold_ = 0.0;
     int redraws_ = 0;
+    ChartLook look_;
+    std::optional<ChartRanges> view_;
 };
 
 }  // namespace vardel

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "engine/PathRecord.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -61,7 +62,7 @@ std::string NearestPoint(const ChartSeries& series, double distance, const std::
 std::string ChartSummary(const Chart& chart) {
     std::string summary = chart.Title[0].Text;
     for (const ChartSeries& series : chart.AllSeries())
-        if (series.Visible && !series.Continued) summary += ", " + series.Curve;
+        if (chart.Shows(series) && !series.Continued) summary += ", " + series.Curve;
     if (const auto& threshold = chart.Threshold()) {
         summary += ", threshold " + threshold->Text;
         for (const std::string& reach : threshold->Reaches) summary += ", " + reach;
@@ -75,7 +76,7 @@ std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
     const ChartSeries* before = nullptr;  // of the same curve
     bool told = false;
     for (const ChartSeries& series : chart.AllSeries()) {
-        if (!series.Visible) continue;
+        if (!chart.Shows(series)) continue;
         if (!series.Continued) told = false;
         if (series.SinglePoints && !series.X.empty()) {
             lines.push_back(NearestPoint(series, distance, unit));
@@ -95,6 +96,7 @@ std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
 std::string ChartCsv(const Chart& chart) {
     std::string csv;
     for (const ChartTitle& title : chart.Title) csv += "# " + title.Text + '\n';
+    if (chart.Inputs) csv += "# " + PathRecord(*chart.Inputs) + '\n';
     csv += "# value: " + chart.Axis[1].Title + '\n';
     if (const auto& threshold = chart.Threshold()) {
         csv += "# threshold: " + threshold->Text + '\n';

@@ -100,6 +100,7 @@ void FrmOkumFieldStrength::BringUpToDate() {
         txtPowerUnit.SetText(power);
         mnuGraphMeasured.SetCaption(MeasuredCaption(shared_.ShowMeasuredData));
         threshold_.BringUpToDate();
+        view_.BringUpToDate();
         const bool anew = TakeUnitsAfresh();
         SelectPlot(shared_.GraphMode);
         if (anew && !Unloaded()) cmdUpdateGraph.Press();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/SharedData.h"
+#include "forms/graphs/GraphExport.h"
 #include "forms/graphs/PlotForm.h"
 #include "forms/shared/PowerUnitList.h"
 
@@ -46,6 +47,8 @@ public:
     MenuItem mnuModelDist300{mnuModelDist, "mnuModelDist300", "&300 Km"};
 
     ThresholdLine& Threshold() override { return threshold_; }
+    GraphView& View() override { return view_; }
+    GraphExport& Export() { return export_; }
 
 private:
     void Form_Load() override;
@@ -66,7 +69,9 @@ private:
     void SetTitles();
 
     ThresholdLine threshold_{*this, CTWXfs,
-                             shared_.FieldStrengthThreshold};  // its menu is the last
+                             shared_.FieldStrengthThreshold};  // behind the fixed menus
+    GraphView view_{*this, CTWXfs, shared_.FieldStrengthScales};
+    GraphExport export_{mnuFile, CTWXfs};
 };
 
 }  // namespace vardel

@@ -41,6 +41,7 @@ void GraphForm::Form_Load() {
 
 void GraphForm::BringUpToDate() {
     threshold_.BringUpToDate();
+    view_.BringUpToDate();
     const bool laid = LaidRunsChanged();
     if (TakeUnitsAfresh() || laid) cmdUpdateGraph.Press();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/SharedData.h"
+#include "forms/graphs/GraphExport.h"
 #include "forms/graphs/PlotForm.h"
 
 namespace vardel {
@@ -28,6 +29,8 @@ public:
     MenuItem mnuGraph300{mnuGraph, "mnuGraph300", "Max Dist &300 Km"};
 
     ThresholdLine& Threshold() override { return threshold_; }
+    GraphView& View() override { return view_; }
+    GraphExport& Export() { return export_; }
 
 private:
     void Form_Load() override;
@@ -38,7 +41,9 @@ private:
     void SetScalesAndTitles() override;
     void SetTitles();
 
-    ThresholdLine threshold_{*this, CTWX1, shared_.LossThreshold};  // its menu is the last
+    ThresholdLine threshold_{*this, CTWX1, shared_.LossThreshold};  // behind the fixed menus
+    GraphView view_{*this, CTWX1, shared_.LossScales};
+    GraphExport export_{mnuFile, CTWX1};
 };
 
 }  // namespace vardel

@@ -16,6 +16,7 @@
 #include "forms/main/MainForm.h"
 #include "forms/main/UnitSwitch.h"
 #include "forms/shared/BoxRule.h"
+#include "models/Primitives.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
 
@@ -237,6 +238,23 @@ std::optional<ModelInputs> PlotForm::ReadInputs(BoxReader read) {
                        .pctLoc = LeadingNumber(txtPctLoc.Text())};
 }
 
+// Their heights as they were typed.
+PathInputs PlotForm::PathOf(const ModelInputs& inputs) const {
+    const Units units = mnuUnitsEnglish.Checked() ? Units::English : Units::Metric;
+    const auto height = [&](const TextBox& box, double metric) {
+        return WholeTextNumber(box.Text()).value_or(metric / MetresPerHeight(units));
+    };
+    return {.frequency = inputs.f,
+            .hb = height(txthb, inputs.hb),
+            .hm = height(txthm, inputs.hm),
+            .units = units,
+            .area = inputs.area,
+            .city = inputs.city,
+            .pctTime = inputs.pctTime,
+            .pctLoc = inputs.pctLoc,
+            .powerWatts = GetPowerWatts()};
+}
+
 void PlotForm::AddLaidRuns(CurvePlot& plot, Quantity quantity) {
     laidChanges_ = shared_.LaidChanges;
     for (const LaidRun& run : shared_.LaidRuns)
@@ -257,6 +275,7 @@ bool PlotForm::Plot(bool redrawChart, int first, int last) {
     AddToPlot(plot, *inputs);
     AddLaidRuns(plot, curves.quantity);
     ShowPlot(chart_, plot);
+    chart_.Inputs = PathOf(*inputs);
     SetScalesAndTitles();
     Threshold().SetCurves(std::move(curves));
     if (redrawChart) chart_.Redraw();

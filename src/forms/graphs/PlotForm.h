@@ -5,6 +5,7 @@
 
 #include "forms/SharedData.h"
 #include "forms/graphs/Chart.h"
+#include "forms/graphs/GraphView.h"
 #include "forms/graphs/ThresholdLine.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModelInputs.h"
@@ -73,6 +74,7 @@ public:
     Label& BaseAntennaLabel() { return baseAntenna_; }
     Button& ArchiveButton() { return archive_; }
     virtual ThresholdLine& Threshold() = 0;
+    virtual GraphView& View() = 0;
 
     // The boxes in metric units, for a distance of 0. Nothing, after a message, where a box holds
     // no number.
@@ -128,6 +130,7 @@ private:
         std::string hm, hb, f, area, city, pctTime, pctLoc;
     };
     Inputs Entered() const;
+    PathInputs PathOf(const ModelInputs& inputs) const;
 
     void ShowHandBack();
     void AddLaidRuns(CurvePlot& plot, Quantity quantity);

@@ -2,28 +2,24 @@
 
 #include <qcustomplot.h>
 
-#include <QBuffer>
 #include <QGuiApplication>
 #include <QPagedPaintDevice>
-#include <QPdfWriter>
 #include <QScreen>
-#include <QSvgGenerator>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 
 #include "qt/chart/ClippedCurve.h"
+#include "qt/chart/LegendPlace.h"
+#include "qt/chart/LogTicker.h"
 #include "qt/chart/StepTicker.h"
 #include "qt/chart/ThresholdItem.h"
-#include "qt/metafile/MetafileDevice.h"
 #include "qt/services/Convert.h"
 
 namespace vardel {
 
 namespace {
-
-constexpr QSize PictureSize(900, 600);
-constexpr int PointsPerInch = 96;  // of a plain screen
 
 QFont FontOf(const std::string& name, double points) {
     QFont font(ToQt(name));
@@ -31,12 +27,19 @@ QFont FontOf(const std::string& name, double points) {
     return font;
 }
 
+QColor SwitchedOffColor() { return {170, 170, 170}; }
+
 QPen PenOf(const ChartSeries& series) {
     QPen pen(ToQt(series.LineColor));
     pen.setWidthF(series.LineWidth * 1.3);
     pen.setCapStyle(Qt::FlatCap);
     if (series.IsOutOfRange()) pen.setDashPattern({6, 4});
-    if (series.LineStyle == static_cast<int>(LinePattern::FreeSpace)) pen.setDashPattern({1, 3});
+    if (series.LineStyle == static_cast<int>(LinePattern::FreeSpace)) {
+        // Fine dots of a light grey are lost in the grid, most of all where they are drawn small.
+        const bool isLight = pen.color().lightness() > 150;
+        if (isLight) pen.setWidthF(series.LineWidth * 2.2);
+        pen.setDashPattern(isLight ? QList<qreal>{2, 1.5} : QList<qreal>{1, 3});
+    }
     if (series.LineStyle == static_cast<int>(LinePattern::Archived))
         pen.setDashPattern({9, 3, 2, 3});
     return pen;
@@ -48,14 +51,16 @@ QCPScatterStyle PointMark(const ChartSeries& series) {
     return {QCPScatterStyle::ssCircle, QPen(color.darker(150)), color, Size};
 }
 
-void SetAxis(QCPAxis& shown, const ChartAxis& axis) {
-    shown.setRange(axis.Minimum, axis.Maximum);
+void SetAxis(QCPAxis& shown, const ChartAxis& axis, const AxisRange& range, bool logarithmic) {
+    shown.setScaleType(logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear);
+    shown.setRange(range.From, range.To);
     shown.setLabel(ToQt(axis.Title));
     shown.setLabelFont(FontOf(axis.TitleFontName, axis.TitleFontSize));
     shown.setTickLabelFont(FontOf(axis.LabelFontName, axis.LabelFontSize));
     shown.setLabelColor(ToQt(axis.TitleColor));
     shown.setTickLabelColor(ToQt(axis.LabelColor));
-    shown.setTicker(QSharedPointer<QCPAxisTicker>(new StepTicker(axis.MajorStep)));
+    shown.setTicker(QSharedPointer<QCPAxisTicker>(logarithmic ? new LogTicker
+                                                              : new StepTicker(axis.MajorStep)));
     shown.grid()->setPen(QPen(QColor(215, 220, 220)));
 }
 
@@ -73,10 +78,13 @@ void AddGraphs(QCustomPlot& plot, const Chart& chart) {
     for (const ChartSeries& series : chart.AllSeries()) {
         if (!series.Visible) continue;
         const auto size = static_cast<qsizetype>(series.X.size());
-        AddGraph(plot, series)
-            ->setData(QVector<double>(series.X.data(), series.X.data() + size),
-                      QVector<double>(series.Y.data(), series.Y.data() + size),
-                      !series.SinglePoints);  // measured rows may come in any order
+        QCPGraph* graph = AddGraph(plot, series);
+        graph->setData(QVector<double>(series.X.data(), series.X.data() + size),
+                       QVector<double>(series.Y.data(), series.Y.data() + size),
+                       !series.SinglePoints);  // measured rows may come in any order
+        if (!chart.Look().IsOff(series.Curve)) continue;
+        graph->setVisible(false);
+        plot.legend->itemWithPlottable(graph)->setTextColor(SwitchedOffColor());
     }
 }
 
@@ -111,28 +119,6 @@ void ClipGraphs(QCustomPlot& plot) {
             if (!isInside(p)) p.y = std::numeric_limits<double>::quiet_NaN();
         SetPoints(graph, line);
     }
-}
-
-// The corner at the right where the curves leave more room.
-Qt::Alignment LegendCorner(const Chart& chart) {
-    const auto& [x, y] = chart.Axis;
-    const double right = x.Minimum + 0.8 * (x.Maximum - x.Minimum);
-    // As much of the axis as the lines take in a window of the usual size.
-    const auto lines = 1 + std::count(chart.Legend.Text.begin(), chart.Legend.Text.end(), '\r');
-    const double height = (0.06 + 0.036 * static_cast<double>(lines)) * (y.Maximum - y.Minimum);
-    const double low = y.Minimum + height;
-    const double high = y.Maximum - height;
-    int above = 0;
-    int below = 0;
-    for (const ChartSeries& series : chart.AllSeries()) {
-        if (!series.Visible) continue;
-        for (std::size_t i = 0; i < series.X.size(); ++i) {
-            if (series.X[i] < right || series.Y[i] < y.Minimum || series.Y[i] > y.Maximum) continue;
-            above += series.Y[i] > high ? 1 : 0;
-            below += series.Y[i] < low ? 1 : 0;
-        }
-    }
-    return (below < above ? Qt::AlignBottom : Qt::AlignTop) | Qt::AlignRight;
 }
 
 // Wrapped where it is wider than the chart: a number that is cut off reads as another number.
@@ -178,13 +164,18 @@ void RemoveTitles(QCustomPlot& plot) {
 
 }  // namespace
 
-void FillPlot(QCustomPlot& plot, const Chart& chart) {
+void FillPlot(QCustomPlot& plot, const Chart& chart) { FillPlot(plot, chart, chart.Scales()); }
+
+void FillPlot(QCustomPlot& plot, const Chart& chart, const ChartRanges& shown) {
     plot.clearGraphs();
     RemoveTitles(plot);
     AddTitles(plot, chart);
     AddGraphs(plot, chart);
-    SetAxis(*plot.xAxis, chart.Axis[0]);
-    SetAxis(*plot.yAxis, chart.Axis[1]);
+    const bool logarithmic = chart.Look().LogDistance;
+    SetAxis(*plot.xAxis, chart.Axis[0], shown[0], logarithmic);
+    SetAxis(*plot.yAxis, chart.Axis[1], shown[1], false);
+    plot.xAxis2->setTicker(logarithmic ? plot.xAxis->ticker()
+                                       : QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
     plot.axisRect()->setupFullAxesBox();
     for (QCPAxis* axis : {plot.xAxis2, plot.yAxis2}) axis->setTickLabels(false);
     plot.legend->setVisible(chart.Legend.Visible);
@@ -192,16 +183,25 @@ void FillPlot(QCustomPlot& plot, const Chart& chart) {
     plot.legend->setBrush(QColor(255, 255, 255, 225));
     plot.legend->setBorderPen(QPen(QColor(150, 150, 150)));
     plot.legend->setIconSize(36, 10);
-    plot.axisRect()->insetLayout()->setInsetAlignment(0, LegendCorner(chart));
+    PlaceLegend(plot, chart);
     ThresholdItem::Show(plot, chart);
 }
 
 namespace {
 
-// False where the device cannot be drawn on.
-bool DrawOn(QPaintDevice& device, const Chart& chart, QSize size, double scale = 1.0) {
+// A curve that is switched off has an entry on the screen only, where a click puts it back.
+void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame) {
+    FillPlot(plot, chart, frame.AsZoomed ? chart.View() : chart.Scales());
+    for (int i = plot.graphCount() - 1; i >= 0; --i)
+        if (!plot.graph(i)->visible()) plot.removeGraph(i);
+}
+
+}  // namespace
+
+bool DrawChartOn(QPaintDevice& device, const Chart& chart, const ChartFrame& frame, QSize size,
+                 double scale) {
     QCustomPlot plot;
-    FillPlot(plot, chart);
+    FillFor(plot, chart, frame);
     ClipGraphs(plot);  // not every device clips
     QCPPainter painter;
     if (!painter.begin(&device)) return false;
@@ -212,11 +212,9 @@ bool DrawOn(QPaintDevice& device, const Chart& chart, QSize size, double scale =
     return painter.end();
 }
 
-}  // namespace
-
-QImage DrawChart(const Chart& chart, int scale) {
+QImage DrawChart(const Chart& chart, int scale, const ChartFrame& frame) {
     QCustomPlot plot;
-    FillPlot(plot, chart);
+    FillFor(plot, chart, frame);
     return plot.toPixmap(PictureSize.width(), PictureSize.height(), scale).toImage();
 }
 
@@ -225,55 +223,8 @@ int ChartPageResolution() { return qRound(QGuiApplication::primaryScreen()->logi
 void DrawChartOnPage(QPagedPaintDevice& page, const Chart& chart) {
     const QSizeF paper(page.width(), page.height());
     const double scale = std::max(paper.width(), paper.height()) / PictureSize.width();
-    if (!DrawOn(page, chart, (paper / scale).toSize(), scale))
+    if (!DrawChartOn(page, chart, {}, (paper / scale).toSize(), scale))
         throw std::runtime_error("the graph cannot be printed");
-}
-
-QByteArray ChartAsMetafile(const Chart& chart) {
-    MetafileDevice device(PictureSize);
-    if (!DrawOn(device, chart, PictureSize))
-        throw std::runtime_error("The chart cannot be drawn as a metafile");
-    return device.Metafile();
-}
-
-QByteArray ChartAsPng(const Chart& chart) {
-    constexpr int FinerForPaper = 3;
-    constexpr double PointsPerMetre = PointsPerInch / 0.0254;
-    QImage image = DrawChart(chart, FinerForPaper);
-    image.setDotsPerMeterX(qRound(FinerForPaper * PointsPerMetre));
-    image.setDotsPerMeterY(qRound(FinerForPaper * PointsPerMetre));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QByteArray ChartAsSvg(const Chart& chart) {
-    QBuffer buffer;
-    QSvgGenerator svg;
-    svg.setOutputDevice(&buffer);
-    svg.setSize(PictureSize);
-    svg.setViewBox(QRect(QPoint(), PictureSize));
-    svg.setTitle(ToQt(chart.Title[0].Text));
-    svg.setResolution(PointsPerInch);
-    DrawOn(svg, chart, PictureSize);
-    return buffer.data();
-}
-
-QByteArray ChartAsPdf(const Chart& chart) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter pdf(&buffer);
-        pdf.setResolution(PointsPerInch);
-        constexpr double PaperPointsPerPoint = 72.0 / PointsPerInch;
-        pdf.setPageSize(QPageSize(QSizeF(PictureSize) * PaperPointsPerPoint, QPageSize::Point));
-        pdf.setPageMargins(QMarginsF());
-        pdf.setTitle(ToQt(chart.Title[0].Text));
-        DrawOn(pdf, chart, PictureSize);
-    }
-    return buffer.data();
 }
 
 }  // namespace vardel

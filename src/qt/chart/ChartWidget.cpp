@@ -1,15 +1,15 @@
 #include "qt/chart/ChartWidget.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
 #include "forms/graphs/ChartText.h"
-#include "forms/shared/SaveWithDialog.h"
 #include "qt/chart/ChartPlot.h"
+#include "qt/chart/LegendPlace.h"
 #include "qt/chart/ThresholdItem.h"
 #include "qt/services/Convert.h"
-#include "services/Files.h"
 
 namespace vardel {
 
@@ -21,13 +21,17 @@ constexpr const char* ReadoutLayer = "readout";
 constexpr double MostBeyond = 0.5;
 constexpr double SmallestPart = 1e-4;
 
-// The chart's scale and what its series hold; but nothing so far out that the rest would vanish.
-QCPRange WholeAxis(const ChartAxis& axis, const std::vector<ChartSeries>& all,
+// The chart's scale and what its series hold; but nothing so far out that the rest would vanish, or
+// that a logarithmic axis does not have.
+QCPRange WholeAxis(const Chart& chart, std::size_t axis,
                    std::vector<double> ChartSeries::*coordinates) {
-    const QCPRange scale(axis.Minimum, axis.Maximum);
-    const QCPRange farthest(scale.lower - 10 * scale.size(), scale.upper + 10 * scale.size());
+    const AxisRange given = chart.Scales().at(axis);
+    const QCPRange scale(given.From, given.To);
+    QCPRange farthest(scale.lower - 10 * scale.size(), scale.upper + 10 * scale.size());
+    if (axis == 0 && chart.Look().LogDistance)
+        farthest.lower = std::numeric_limits<double>::denorm_min();
     QCPRange whole = scale;
-    for (const ChartSeries& series : all)
+    for (const ChartSeries& series : chart.AllSeries())
         for (const double x : series.*coordinates)
             if (series.Visible && farthest.contains(x)) whole.expand(x);
     return whole;
@@ -41,13 +45,27 @@ QCPRange Bounded(const QCPRange& wanted, const QCPRange& whole) {
     return QCPRange(0, size) + std::clamp(lower, most.lower, most.upper - size);
 }
 
+QCPRange BoundedOnLogAxis(const QCPRange& wanted, const QCPRange& whole) {
+    const auto logarithm = [](const QCPRange& range) {
+        return QCPRange(std::log10(range.lower), std::log10(range.upper));
+    };
+    const QCPRange bounded = Bounded(logarithm(wanted), logarithm(whole));
+    return {std::pow(10.0, bounded.lower), std::pow(10.0, bounded.upper)};
+}
+
+bool IsLogarithmic(const QCPAxis& axis) { return axis.scaleType() == QCPAxis::stLogarithmic; }
+
+// The middle of what an axis shows, as the eye sees it.
+double MiddleOf(const QCPAxis& axis) {
+    const QCPRange shown = axis.range();
+    return IsLogarithmic(axis) ? std::sqrt(shown.lower * shown.upper) : shown.center();
+}
+
 QString Joined(const std::vector<std::string>& lines, const char* between) {
     QStringList texts;
     for (const std::string& line : lines) texts << ToQt(line);
     return texts.join(between);
 }
-
-QByteArray CsvOf(const Chart& chart) { return QByteArray::fromStdString(ChartCsv(chart)); }
 
 }  // namespace
 
@@ -60,7 +78,29 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     axisRect()->setRangeZoomFactor(0.8);
 
-    // On a layer of its own it follows the pointer without the curves being drawn again.
+    MakeReadout();
+    FollowAxis(*xAxis, *xAxis2, 0);
+    FollowAxis(*yAxis, *yAxis2, 1);
+    connect(this, &QCustomPlot::beforeReplot, this, [this] {
+        if (legend->visible()) PlaceLegend(*this, chart_);
+    });
+    connect(this, &QCustomPlot::afterReplot, this, [this] {
+        readoutPlaced_ = false;
+        if (pointer_) ShowReadout(xAxis->pixelToCoord(*pointer_));
+    });
+    connect(this, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
+        pointer_ = event->position().x();
+        ShowReadout(xAxis->pixelToCoord(*pointer_));
+    });
+    connect(this, &QCustomPlot::legendClick, this,
+            [this](QCPLegend*, const QCPAbstractLegendItem* entry, const QMouseEvent* event) {
+                if (entry != nullptr && event->button() == Qt::LeftButton) SwitchCurveOf(*entry);
+            });
+    binder.Show(chart, [this] { ShowChart(); });
+}
+
+// On a layer of its own it follows the pointer without the curves being drawn again.
+void ChartWidget::MakeReadout() {
     addLayer(ReadoutLayer, nullptr, limAbove);
     layer(ReadoutLayer)->setMode(QCPLayer::lmBuffered);
     cursor_ = new QCPItemStraightLine(this);
@@ -74,39 +114,44 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     readout_->setBrush(QColor(255, 255, 255, 225));
     readout_->setPen(QPen(QColor(150, 150, 150)));
     HideReadout();
+}
 
-    for (const auto& [axis, opposite, i] :
-         {std::tuple(xAxis, xAxis2, 0), std::tuple(yAxis, yAxis2, 1)})
-        connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
-                [this, axis = axis, opposite = opposite,
-                 i = static_cast<std::size_t>(i)](const QCPRange& range) {
-                    axis->setRange(Bounded(range, whole_[i]));
-                    opposite->setRange(axis->range());
-                });
-    connect(this, &QCustomPlot::afterReplot, this, [this] {
-        readoutPlaced_ = false;
-        if (pointer_) ShowReadout(xAxis->pixelToCoord(*pointer_));
-    });
-    connect(this, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
-        pointer_ = event->position().x();
-        ShowReadout(xAxis->pixelToCoord(*pointer_));
-    });
-    connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { ResetScales(); });
-    binder.Show(chart, [this] { ShowChart(); });
+// The chart is told what the screen shows; the frame's other side follows.
+void ChartWidget::FollowAxis(QCPAxis& axis, QCPAxis& opposite, std::size_t i) {
+    connect(&axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+            [this, &axis, &opposite, i](const QCPRange& range) {
+                if (std::exchange(bounding_, true)) return;
+                axis.setRange(IsLogarithmic(axis) ? BoundedOnLogAxis(range, whole_.at(i))
+                                                  : Bounded(range, whole_.at(i)));
+                opposite.setScaleType(axis.scaleType());
+                opposite.setRange(axis.range());
+                bounding_ = false;
+                ChartRanges view = chart_.View();
+                view.at(i) = {axis.range().lower, axis.range().upper};
+                chart_.SetView(view);
+            });
 }
 
 // What is not drawn anew keeps its zoom.
 void ChartWidget::ShowChart() {
-    if (redraws_ == chart_.Redraws()) {
+    if (redraws_ == chart_.Redraws() && look_ == chart_.Look()) {
         ThresholdItem::Show(*this, chart_);
         layer("overlay")->replot();
         if (!readout_->visible()) setAccessibleDescription(ToQt(ChartSummary(chart_)));
         return;
     }
+    const bool sameAxes = redraws_ == chart_.Redraws() &&
+                          look_.LogDistance == chart_.Look().LogDistance &&
+                          look_.Ranges == chart_.Look().Ranges;
     redraws_ = chart_.Redraws();
-    whole_ = {WholeAxis(chart_.Axis[0], chart_.AllSeries(), &ChartSeries::X),
-              WholeAxis(chart_.Axis[1], chart_.AllSeries(), &ChartSeries::Y)};
-    FillPlot(*this, chart_);
+    look_ = chart_.Look();
+    DrawAnew(!sameAxes);
+}
+
+void ChartWidget::DrawAnew(bool toScale) {
+    if (toScale) chart_.SetView(chart_.Scales());
+    whole_ = {WholeAxis(chart_, 0, &ChartSeries::X), WholeAxis(chart_, 1, &ChartSeries::Y)};
+    FillPlot(*this, chart_, chart_.View());
     replot(rpQueuedReplot);
     if (readout_->visible())
         ShowReadout(distance_);
@@ -115,8 +160,9 @@ void ChartWidget::ShowChart() {
 }
 
 void ChartWidget::ResetScales() {
-    xAxis->setRange(chart_.Axis[0].Minimum, chart_.Axis[0].Maximum);
-    yAxis->setRange(chart_.Axis[1].Minimum, chart_.Axis[1].Maximum);
+    const auto [distances, values] = chart_.Scales();
+    xAxis->setRange(distances.From, distances.To);
+    yAxis->setRange(values.From, values.To);
     replot();
 }
 
@@ -159,8 +205,9 @@ int ChartWidget::PointsWithin(const QRect& area) const {
     int within = 0;
     for (int i = 0; i < graphCount(); ++i)
         for (const QCPGraphData& point : *graph(i)->data())
-            within += area.contains(static_cast<int>(xAxis->coordToPixel(point.key)),
-                                    static_cast<int>(yAxis->coordToPixel(point.value)))
+            within += graph(i)->visible() &&
+                              area.contains(static_cast<int>(xAxis->coordToPixel(point.key)),
+                                            static_cast<int>(yAxis->coordToPixel(point.value)))
                           ? 1
                           : 0;
     return within;
@@ -184,117 +231,24 @@ void ChartWidget::ShowReadoutByKey(double distance) {
     pointer_.reset();
     ShowReadout(distance);
     if (xAxis->range().contains(distance_)) return;
-    xAxis->moveRange(distance_ - xAxis->range().center());
+    const double middle = MiddleOf(*xAxis);
+    xAxis->moveRange(IsLogarithmic(*xAxis) ? distance_ / middle : distance_ - middle);
     replot();
 }
 
 void ChartWidget::ZoomAboutReadout(double factor) {
     const QCPRange shown = xAxis->range();
     const bool readoutShown = readout_->visible() && shown.contains(distance_);
-    xAxis->scaleRange(factor, readoutShown ? distance_ : shown.center());
+    xAxis->scaleRange(factor, readoutShown ? distance_ : MiddleOf(*xAxis));
     yAxis->scaleRange(factor);
     replot();
 }
 
 void ChartWidget::Pan(QCPAxis& axis, double share) {
-    axis.moveRange(share * axis.range().size());
+    const QCPRange shown = axis.range();
+    axis.moveRange(IsLogarithmic(axis) ? std::pow(shown.upper / shown.lower, share)
+                                       : share * shown.size());
     replot();
-}
-
-void ChartWidget::keyPressEvent(QKeyEvent* event) {
-    constexpr double Zoom = 0.8;
-    constexpr double Share = 0.1;  // of the view, for a step of panning
-    const bool pans = event->modifiers() & Qt::ShiftModifier;
-    const bool moves = event->modifiers() & Qt::ControlModifier;
-    const double step = moves ? 10.0 : 1.0;
-    switch (event->key()) {
-        case Qt::Key_Left:
-            return pans ? Pan(*xAxis, -Share) : ShowReadoutByKey(distance_ - step);
-        case Qt::Key_Right:
-            return pans ? Pan(*xAxis, Share) : ShowReadoutByKey(distance_ + step);
-        case Qt::Key_Up:
-            return moves && chart_.Threshold() ? MoveThreshold(1.0) : Pan(*yAxis, Share);
-        case Qt::Key_Down:
-            return moves && chart_.Threshold() ? MoveThreshold(-1.0) : Pan(*yAxis, -Share);
-        case Qt::Key_Home:
-            return ResetScales();
-        case Qt::Key_Plus:
-            return ZoomAboutReadout(Zoom);
-        case Qt::Key_Minus:
-            return ZoomAboutReadout(1.0 / Zoom);
-        default:
-            QCustomPlot::keyPressEvent(event);
-    }
-}
-
-bool ChartWidget::IsOnThreshold(const QPointF& at) const {
-    constexpr double Reachable = 5.0;
-    const QCPAbstractItem* item = ThresholdItem::Of(*this);
-    const double distance = item != nullptr ? item->selectTest(at, false, nullptr) : -1.0;
-    return distance >= 0.0 && distance <= Reachable;
-}
-
-void ChartWidget::MoveThreshold(double step) {
-    chart_.MoveThreshold(chart_.Threshold()->Value + step);
-}
-
-void ChartWidget::mousePressEvent(QMouseEvent* event) {
-    dragsThreshold_ = event->button() == Qt::LeftButton && IsOnThreshold(event->position());
-    if (dragsThreshold_)
-        HideReadout();
-    else
-        QCustomPlot::mousePressEvent(event);
-}
-
-// No farther than the axis shows, where it can be fetched back.
-void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (!dragsThreshold_) {
-        setCursor(IsOnThreshold(event->position()) ? Qt::SizeVerCursor : Qt::ArrowCursor);
-        return QCustomPlot::mouseMoveEvent(event);
-    }
-    const QCPRange shown = yAxis->range();
-    chart_.MoveThreshold(
-        std::clamp(yAxis->pixelToCoord(event->position().y()), shown.lower, shown.upper));
-}
-
-void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (!std::exchange(dragsThreshold_, false)) QCustomPlot::mouseReleaseEvent(event);
-}
-
-void ChartWidget::paintEvent(QPaintEvent* event) {
-    QCustomPlot::paintEvent(event);
-    if (!hasFocus()) return;
-    QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
-}
-
-// The window may be closed with the menu open.
-void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction("Copy Picture", this,
-                    [this] { QApplication::clipboard()->setImage(DrawChart(chart_)); });
-    menu->addSeparator();
-    const auto addSave = [&](const QString& caption, const char* filter, auto encode) {
-        menu->addAction(caption, this, [this, filter, encode] { SaveAs(filter, encode(chart_)); });
-    };
-    addSave("Save Picture as PNG ...", "PNG Files (*.png)|*.png", ChartAsPng);
-    addSave("Save Picture as SVG ...", "SVG Files (*.svg)|*.svg", ChartAsSvg);
-    addSave("Save Picture as PDF ...", "PDF Files (*.pdf)|*.pdf", ChartAsPdf);
-    addSave("Save Points as CSV ...", "CSV Files (*.csv)|*.csv", CsvOf);
-    menu->addSeparator();
-    menu->addAction("Whole Graph", this, [this] { ResetScales(); });
-    menu->popup(event->globalPos());
-}
-
-void ChartWidget::SaveAs(const std::string& filter, const QByteArray& bytes) {
-    chart_.Owner().Run([&] {
-        SaveWithDialog(
-            chart_.Owner(), filter, 1,
-            [&bytes](const SaveChoice& choice) { ReplaceFile(choice.path, bytes.toStdString()); },
-            chart_.Title[0].Text);
-    });
 }
 
 }  // namespace vardel

@@ -17,6 +17,7 @@
 #include <QStyleFactory>
 #include <QWindow>
 
+#include "qt/chart/ChartFiles.h"
 #include "qt/chart/ChartPlot.h"
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
@@ -128,7 +129,8 @@ Platform QtPlatform::Services() {
             FromQt(QApplication::applicationName()),
             FromQt(QApplication::applicationVersion()),
             FromQt(QApplication::applicationDirPath()),
-            FromQt(StateDirectory())};
+            FromQt(StateDirectory()),
+            QLocale::system().decimalPoint() == ","};
 }
 
 FormWindow& QtPlatform::WindowOf(Form& form) {
@@ -276,6 +278,18 @@ Picture QtPlatform::PictureOf(const Chart& chart) { return vardel::PictureOf(Dra
 
 std::string QtPlatform::MetafileOf(const Chart& chart) {
     return ChartAsMetafile(chart).toStdString();
+}
+
+std::string QtPlatform::FileOf(const Chart& chart, ChartFileKind kind) {
+    switch (kind) {
+        case ChartFileKind::Png:
+            return ChartAsPng(chart).toStdString();
+        case ChartFileKind::Svg:
+            return ChartAsSvg(chart).toStdString();
+        case ChartFileKind::Pdf:
+            return ChartAsPdf(chart).toStdString();
+    }
+    return {};
 }
 
 CalendarTime QtPlatform::Now() {

@@ -41,6 +41,7 @@ public:
     void Clear() override;
     Picture PictureOf(const Chart& chart) override;
     std::string MetafileOf(const Chart& chart) override;
+    std::string FileOf(const Chart& chart, ChartFileKind kind) override;
     CalendarTime Now() override;
 
     QtHelp& GetHelp() { return help_; }

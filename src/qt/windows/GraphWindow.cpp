@@ -9,12 +9,14 @@
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "qt/chart/ChartWidget.h"
+#include "qt/services/Convert.h"
 
 namespace vardel {
 
 namespace {
 
 constexpr int BoxWidth = 10;
+constexpr int RangeBoxWidth = 7;
 
 }  // namespace
 
@@ -84,6 +86,29 @@ QWidget* GraphWindow::MakeThreshold(ThresholdLine& threshold) {
     return panel;
 }
 
+// All of it comes and goes with the ranges.
+QWidget* GraphWindow::MakeRanges(GraphView& view) {
+    auto* panel = new QWidget;
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto addBox = [&](Label& caption, TextBox& box, const std::string& name) {
+        QLabel* label = MakeLabel(caption);
+        QLineEdit* edit = MakeBox(box, RangeBoxWidth);
+        label->setBuddy(edit);
+        edit->setAccessibleName(ToQt(name));
+        row->addWidget(label);
+        row->addWidget(edit);
+    };
+    for (std::size_t i = 0; i < view.txtFrom.size(); ++i) {
+        const std::string& from = view.lblFrom.at(i).Caption();
+        addBox(view.lblFrom.at(i), view.txtFrom.at(i), from);
+        addBox(view.lblTo.at(i), view.txtTo.at(i), from + ' ' + view.lblTo.at(i).Caption());
+        row->addWidget(MakeLabel(view.lblUnit.at(i)));
+    }
+    row->addStretch(1);
+    return panel;
+}
+
 void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     AddButtons(form, inputs);
     auto* center = new QWidget;
@@ -92,6 +117,7 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     auto* chart = new QVBoxLayout;
     chart->setSpacing(0);
     chart->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
+    chart->addWidget(MakeRanges(form.View()));
     chart->addWidget(MakeThreshold(form.Threshold()));
     for (Label* label : {&form.lblHandBack, &form.lblStatus}) {
         QLabel* line = MakeLabel(*label);

@@ -6,6 +6,7 @@ namespace vardel {
 
 class FrmOkumFieldStrength;
 class GraphForm;
+class GraphView;
 class PlotForm;
 class ThresholdLine;
 
@@ -20,6 +21,7 @@ private:
     QGridLayout* AddInputs(PlotForm& form);
     void AddButtons(PlotForm& form, QGridLayout& inputs);
     QWidget* MakeThreshold(ThresholdLine& threshold);
+    QWidget* MakeRanges(GraphView& view);
     void UncoverByKeys(Label& label);
 };
 
