@@ -8,10 +8,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
+#include "engine/PathRecord.h"
 #include "forms/Program.h"
 #include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
@@ -26,7 +28,10 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "models/Primitives.h"
 #include "qt/services/QtPlatform.h"
+#include "services/Files.h"
+#include "support/FakePlatform.h"
 
 namespace vardel {
 namespace {
@@ -384,6 +389,31 @@ TEST_F(MainWindowTest, WhatIsMarkedInPinkIsToldAndTakenBack) {
     QTest::keyClick(wanted, Qt::Key_Backspace);
     QTest::keyClicks(wanted, "40");
     EXPECT_EQ(wanted->accessibleDescription(), "");
+}
+
+// A box would else take the file's name as its text.
+TEST_F(MainWindowTest, AFileDroppedOnABoxBringsItsInputs) {
+    const ScratchFolder folder;
+    ReplaceFile(folder.Path("loss.csv"), "# " + PathRecord({.frequency = 900,
+                                                            .hb = 60,
+                                                            .hm = 2,
+                                                            .area = "Open",
+                                                            .city = "Large",
+                                                            .powerWatts = 20}));
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder.Path("loss.csv")))});
+    auto& box = Widget<QLineEdit>("txthb");
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    AnswerNextMessage(QMessageBox::Yes);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(&box, &drop);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.text() == "60.0"; }));
+    EXPECT_EQ(Main().txtFreq.Text(), "900.0");
+    EXPECT_EQ(Main().cmbareatype.Text(), "Open");
+    EXPECT_EQ(PowerWatts, 20.0);
+    PowerWatts = 1000.0;
 }
 
 }  // namespace

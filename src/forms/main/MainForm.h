@@ -2,6 +2,8 @@
 
 #include <array>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "controls/Controls.h"
 #include "engine/PathInputs.h"
@@ -41,6 +43,13 @@ public:
     // What was done, where no message tells it; until the next calculation.
     void Tell(std::string text);
     void ShowStatus();
+    // The first of the files that holds the inputs of a graph; once the user has agreed, they are
+    // taken. That none does is told once.
+    struct GivenFile {
+        std::string name;
+        std::string text;
+    };
+    void OfferInputs(const std::vector<GivenFile>& files);
     // At the start: unless the user has said no to it or the host has made the start.
     void ShowIntroduction();
     // Saves as an exit does that retains the log, and asks nothing.

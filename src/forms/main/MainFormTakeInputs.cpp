@@ -1,10 +1,13 @@
-// Inputs that come back from elsewhere, such as a run of an archive.
+// Inputs that come back from elsewhere, such as a run of an archive or the file of a graph.
 
 #include "engine/PathInputs.h"
+#include "engine/PathRecord.h"
+#include "engine/PathText.h"
 #include "engine/PowerUnits.h"
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
+#include "services/Platform.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -32,6 +35,24 @@ void MainForm::TakeInputs(const PathInputs& path, Take take) {
     if (take == Take::AllButPower) return;
     txtPowerUnit.SetText(PowerText(path.powerWatts, shared_.PowerUnit));
     txtPowerUnit_LostFocus();
+}
+
+void MainForm::OfferInputs(const std::vector<GivenFile>& files) {
+    Windows& windows = GetPlatform().windows;
+    std::string names;
+    for (const auto& [name, text] : files) {
+        if (const auto path = PathOfRecord(text)) {
+            const Answer answer = windows.ShowMessage(
+                {.text = "Take the inputs of " + name + "?\n\n" + PathText(*path) + ", " +
+                         PercentText(path->pctLoc) + " of locations",
+                 .buttons = Message::Buttons::YesNo});
+            if (answer == Answer::Yes && !Unloaded()) TakeInputs(*path, Take::Power);
+            return;
+        }
+        names += (names.empty() ? "" : ", ") + name;
+    }
+    windows.ShowMessage({.text = names + (files.size() == 1 ? " holds" : " hold") +
+                                 " no inputs of a graph of Vardel"});
 }
 
 }  // namespace vardel

@@ -1,16 +1,22 @@
 #include "qt/windows/MainWindow.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <utility>
 
 #include "forms/main/MainForm.h"
+#include "qt/chart/ChartFiles.h"
 #include "qt/services/Convert.h"
 #include "qt/windows/FocusRing.h"
 #include "qt/windows/ResultLabel.h"
@@ -23,10 +29,18 @@ constexpr int Margin = 12;
 constexpr int Gap = 8;
 constexpr int ColumnGap = 28;
 
+QStringList FilesOf(const QMimeData& dropped) {
+    QStringList paths;
+    for (const QUrl& url : dropped.urls())
+        if (url.isLocalFile()) paths << url.toLocalFile();
+    return paths;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(MainForm& form)
     : FormWindow(form, LabelFont::Bold),
+      form_(form),
       heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
       tables_(&form.lblFieldStrength) {
     auto* center = new QWidget;
@@ -41,6 +55,7 @@ MainWindow::MainWindow(MainForm& form)
     new FocusRing(*this);
     SetTabOrder();
     FocusFirst(form.txtFreq);
+    setAcceptDrops(true);
 }
 
 // As wide as the window happens to be, whatever it tells.
@@ -64,6 +79,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && IsCommand(*static_cast<QKeyEvent*>(event)))
         return true;
+    if (TakesFiles(*event)) return true;
     return FormWindow::eventFilter(watched, event);
 }
 
@@ -211,6 +227,36 @@ void MainWindow::SetTabOrder() {
         widget->installEventFilter(this);
         before = widget;
     }
+}
+
+// A box would take a file's name as text.
+bool MainWindow::TakesFiles(QEvent& event) {
+    auto* drop = dynamic_cast<QDropEvent*>(&event);
+    if (drop == nullptr || FilesOf(*drop->mimeData()).isEmpty()) return false;
+    if (event.type() == QEvent::DragEnter) dragEnterEvent(static_cast<QDragEnterEvent*>(&event));
+    if (event.type() == QEvent::DragMove) drop->acceptProposedAction();
+    if (event.type() == QEvent::Drop) dropEvent(drop);
+    return true;
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const bool blocked = QApplication::activeModalWidget() != nullptr;
+    if (!blocked && !FilesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+// The question waits until the program that the files come from is free again.
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    QTimer::singleShot(0, this,
+                       [this, paths = FilesOf(*event->mimeData())] { OfferInputsOf(paths); });
+}
+
+void MainWindow::OfferInputsOf(const QStringList& paths) {
+    if (!binder.IsAlive()) return;
+    std::vector<MainForm::GivenFile> files;
+    for (const QString& path : paths)
+        files.push_back({FromQt(QFileInfo(path).fileName()), TextOfFile(path)});
+    form_.Run([&] { form_.OfferInputs(files); });
 }
 
 }  // namespace vardel

@@ -23,6 +23,9 @@ protected:
     // Of the controls, which would take some of these keys as input.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    // Files, whose inputs are offered.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
@@ -45,6 +48,10 @@ private:
     };
     void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
 
+    bool TakesFiles(QEvent& event);
+    void OfferInputsOf(const QStringList& paths);
+
+    MainForm& form_;
     std::array<Label*, 3> heads_;
     Label* tables_;
     int hintKey_ = 0;  // that holds a hint; 0: none

@@ -108,5 +108,27 @@ TEST_F(GraphViews, TheSizeOfPicturesIsAsked) {
     }
 }
 
+TEST_F(GraphViews, AFilesInputsComeBackAfterAQuestion) {
+    Graph().txtFreq.SetText("900");
+    Graph().txtPctLoc.SetText("90");
+    Graph().cmdUpdateGraph.Press();
+    const std::string csv = ChartCsv(TheChart());
+    const auto offer = [&](Answer answer) {
+        platform.answers.push(answer);
+        Main().OfferInputs({{"notes.txt", "nothing"}, {"loss.csv", csv}});
+        return platform.TakeMessages();
+    };
+    EXPECT_THAT(offer(Answer::No), ElementsAre("Take the inputs of loss.csv?\n\n900 MHz, hb 100 m, "
+                                               "hm 1.5 m, Urban, Small/Medium, 1000 W e.r.p., "
+                                               "50 % of time, 90 % of locations"));
+    EXPECT_EQ(Main().txtFreq.Text(), "450.0");
+    offer(Answer::Yes);
+    EXPECT_EQ(Main().txtFreq.Text(), "900.0");
+    EXPECT_EQ(Main().txtPctLoc.Text(), "90");
+    Main().OfferInputs({{"a.txt", ""}, {"b.csv", "1,2"}});
+    EXPECT_THAT(platform.TakeMessages(),
+                ElementsAre("a.txt, b.csv hold no inputs of a graph of Vardel"));
+}
+
 }  // namespace
 }  // namespace vardel
