@@ -7,6 +7,7 @@
 
 #include "controls/Controls.h"
 #include "engine/PathInputs.h"
+#include "forms/main/RecentPaths.h"
 #include "forms/reports/TempLog.h"
 #include "forms/shared/BoxRule.h"
 #include "forms/shared/PowerUnitList.h"
@@ -141,6 +142,7 @@ public:
     MenuItem mnuToolsExplain{mnuTools, "mnuToolsExplain", "&Explain This Number ..."};
     MenuItem mnuToolsMeasured{mnuTools, "mnuToolsMeasured", "&Measured Data ..."};
     MenuItem mnuToolsArchive{mnuTools, "mnuToolsArchive", "&Archive ..."};
+    MenuItem mnuToolsRecent{mnuTools, "mnuToolsRecent", "Recent &Inputs"};
     MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
     MenuItem mnuHelpInfo{mnuHelp, "mnuHelpInfo", "&Introduction Screen"};
     MenuItem mnuHelpVardel{mnuHelp, "mnuHelpVardel", "&Vardel"};
@@ -201,6 +203,9 @@ private:
     SharedData& shared_;
     Doors& doors_;
     std::optional<Registry> registry_;  // from Form_Load on
+    RecentPaths recent_{mnuToolsRecent, [this](const PathInputs& path) {
+                            TakeInputs(path, Take::PowerAndDistance);
+                        }};
     std::string told_;
     std::optional<PathInputs> computed_;  // of the values that are shown
     bool valuesStale_ = false;            // and shown as such

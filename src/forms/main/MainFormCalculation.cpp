@@ -25,6 +25,7 @@ void MainForm::cmdLossCalc_Click() {
     doors_.ReportLog().AddCalculation(LogLine(*path, calculation, GetPlatform().clock.Now()));
     ShowResults(calculation);
     computed_ = *path;
+    recent_.Add(*path);
     valuesStale_ = false;
     Tell({});
     GetPlatform().windows.Yield();

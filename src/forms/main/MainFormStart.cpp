@@ -94,6 +94,7 @@ void MainForm::Form_Load() {
     for (const auto& [key, list] : StoredLists)
         if (const std::string text = Stored(*registry_, key); !text.empty())
             (this->*list).SetText(text);
+    recent_.Load();
     RestoreUnits();  // makes the graph forms, with the inputs that stand in the boxes then
     BeginLog();
     started_ = true;
@@ -276,6 +277,7 @@ void MainForm::SaveSettings(bool retainLog) {
     for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
     for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->SaveSettings();
+    recent_.Save();
 }
 
 }  // namespace vardel

@@ -4,6 +4,7 @@
 #include "richtext/Rtf.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 namespace {
@@ -185,6 +186,33 @@ TEST_F(CalculationRun, TheStatusLineTellsWhatTheValuesAreNotOf) {
     Main().cmdLossCalc.Press();
     EXPECT_EQ(status(), "");
     EXPECT_EQ(Main().lblDavidson.ToolTipText(), "");
+}
+
+TEST_F(CalculationRun, RecentInputsComeBackAlsoAtTheNextStart) {
+    const auto entry = [](MainForm& main, std::size_t i) {
+        return main.mnuToolsRecent.Entries().at(i);
+    };
+    for (int i = 0; i < 22; ++i) {
+        Main().txtDist.SetText(std::to_string(10 + i));
+        Main().cmdLossCalc.Press();
+    }
+    Main().txtDist.SetText("20.5");
+    Main().txtPowerUnit.SetText("2.5");
+    Main().txtPowerUnit.LostFocus.Raise();
+    Main().cmdLossCalc.Press();
+    Main().cmdLossCalc.Press();
+    EXPECT_EQ(entry(Main(), 1)->Caption(),
+              "31 km, 450 MHz, hb 100 m, hm 1.5 m, Urban, Small/Medium, 1000 W e.r.p., "
+              "50 % of time, 50 % of locations");
+    platform.answers.push(Answer::Ok);
+    Main().mnuFileExit.Pick();
+    Program next(platform.Services());
+    next.Start();
+    entry(*next.MainForm, 19)->Pick();
+    EXPECT_EQ(next.MainForm->txtDist.Text(), "13.0");
+    entry(*next.MainForm, 0)->Pick();
+    EXPECT_EQ(next.MainForm->txtDist.Text(), "20.5");
+    EXPECT_EQ(Trimmed(next.MainForm->txtPowerUnit.Text()), "2.5");
 }
 
 TEST_F(CalculationRun, ExitAsksFirst) {
