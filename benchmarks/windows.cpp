@@ -1,11 +1,15 @@
 // How long a user waits for a window: the archive of ten thousand runs, opened, searched and
-// scrolled to its end; the log of 10,000 and of 100,000 lines. Each until it is painted.
+// scrolled to its end; the log of 10,000 and of 100,000 lines, and a key in the latter. Each until
+// it is painted.
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTextBlock>
+#include <QTextEdit>
 #include <filesystem>
 
 #include "SamplePath.h"
@@ -101,11 +105,14 @@ void SearchAndScrollArchive(benchmark::State& state) {
 }
 BENCHMARK(SearchAndScrollArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+void AddLines(WindowedProgram& running, long lines) {
+    FakePlatform samples;
+    for (long i = 0; i < lines; ++i) AddSampleLine(running.program.ReportLog(), samples);
+}
+
 void OpenLogWindow(benchmark::State& state) {
     WindowedProgram running;
-    const Platform services = running.Services();
-    FakePlatform samples;
-    for (long i = 0; i < state.range(0); ++i) AddSampleLine(running.program.ReportLog(), samples);
+    AddLines(running, state.range(0));
     for (auto _ : state) {
         running.program.FrmReport->Show();  // the menu shows it modally, until it is closed
         running.Paint(*running.program.FrmReport);
@@ -116,6 +123,32 @@ void OpenLogWindow(benchmark::State& state) {
     }
 }
 BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A letter in the midst of the log and its removal, then another line of it brought into view.
+void TypeAndScrollLog(benchmark::State& state) {
+    WindowedProgram running;
+    AddLines(running, state.range(0));
+    FrmReport& form = *running.program.FrmReport;
+    form.Show();
+    auto& edit = *running.platform.WindowOf(form).findChild<QTextEdit*>("rtbLog");
+    QScrollBar& bar = *edit.verticalScrollBar();
+    int steps = 0;
+    const auto press = [&](int key, const QString& text) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(&edit, &event);
+        running.Paint(form);
+    };
+    press(Qt::Key_Up, {});  // the first key has the rest of the log made ready
+    for (auto _ : state) {
+        edit.setTextCursor(QTextCursor(edit.document()->findBlockByNumber(
+            static_cast<int>(state.range(0) / 2) + steps % 100)));
+        press(Qt::Key_X, "x");
+        press(Qt::Key_Backspace, {});
+        bar.setValue(static_cast<int>(++steps * 99991L % bar.maximum()));
+        running.Paint(form);
+    }
+}
+BENCHMARK(TypeAndScrollLog)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace vardel

@@ -169,6 +169,28 @@ TEST_F(ReportWindowTest, PicturesStayPicturesAndForeignTextComesPlain) {
     }
 }
 
+TEST_F(ReportWindowTest, ALongLogHasAllItsStylesHoweverSoonItIsEdited) {
+    RichText lines;
+    for (int i = 0; i < 9000; ++i) {
+        lines.Replace(lines.Length(), 0, std::string(130, 'x') + " é𝄞 ", {});
+        lines.Replace(lines.Length(), 0, "140.42 ", {.underline = true});
+        lines.Replace(lines.Length(), 0, "1000\r\n", {});
+    }
+    for (const bool seen : {false, true}) {
+        Log().SetContent(lines);
+        if (seen) Log().CaretToEnd();
+        WhileOpen([&] {
+            if (seen) QTest::qWait(30);
+            if (seen) Press("cmdClear");
+            if (seen) Edit().undo();
+            QTest::keyClick(&Edit(), Qt::Key_X);
+            QTest::keyClick(&Edit(), Qt::Key_Backspace);
+            EXPECT_TRUE(Edit().document()->isModified());
+        });
+        EXPECT_EQ(Log().Content(), lines) << seen;
+    }
+}
+
 TEST_F(ReportWindowTest, FindsUndoesAndIsLeftByKeysWithItsHeadsAlongside) {
     program.ReportLog().AddLine("wide" + std::string(500, ' ') + "end");
     WhileOpen([&] {

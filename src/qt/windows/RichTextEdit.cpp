@@ -18,6 +18,9 @@ namespace vardel {
 
 namespace {
 
+constexpr std::size_t LongText = 1 << 20;               // bytes
+constexpr std::chrono::milliseconds FirstStyles(5);     // of what is seen first
+constexpr std::chrono::milliseconds StylesAtATime(10);  // between events
 constexpr std::string_view LineEnd = "\r\n";
 constexpr const char* OwnFormat = "application/x-vardel-log";  // rich text that this editor wrote
 
@@ -53,6 +56,7 @@ RichTextEdit::RichTextEdit(RichTextBox& box, Binder& binder) : box_(box), binder
     setTabChangesFocus(false);
     setAccessibleName("Report log");
     setObjectName(ToQt(box.Name()));
+    connect(&styling_, &QTimer::timeout, this, [this] { StyleFor(StylesAtATime); });
     binder.Show(box, [this] {
         // Told of every write, of a hidden log too: what stays as it was must cost nothing.
         if (isReadOnly() != box_.Locked()) setReadOnly(box_.Locked());
@@ -109,7 +113,18 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
     QTextCursor cursor(filled);
     for (const RichText& cleared : box_.Cleared()) InsertAt(cursor, cleared);
     const int start = cursor.position();
-    InsertAt(cursor, content);
+    styling_.stop();
+    unstyled_ = {};
+    // What an undo brings back, and a picture, stand in their place at once.
+    if (content.Length() > LongText && content.Pictures().empty() && start == 0) {
+        cursor.insertText(ToQt(content.Text()), FormatOf({}));
+        unstyled_ = content;
+        unstyledStretches_ = content.Stretches().size();
+        unstyledUnits_ = cursor.position();
+        styling_.start();
+    } else {
+        InsertAt(cursor, content);
+    }
     filled->setUndoRedoEnabled(true);
     cursor.setPosition(0);
     cursor.setPosition(start, QTextCursor::KeepAnchor);
@@ -123,9 +138,74 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
 // What the program writes while the user has the text, such as a cleared log, can be undone like
 // the user's own edits.
 void RichTextEdit::ShowAsEdit(const RichText& content) {
+    StyleRest();
     QTextCursor cursor(document());
     cursor.select(QTextCursor::Document);
     InsertAt(cursor, content);
+}
+
+// An undo must not take styles away.
+void RichTextEdit::StyleFor(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    const std::string_view text = unstyled_.Text();
+    while (unstyledStretches_ > 0) {
+        --unstyledStretches_;
+        const auto& [begin, style] = unstyled_.Stretches()[unstyledStretches_];
+        const std::size_t stretchEnd = unstyled_.StretchEnd(unstyledStretches_);
+        const int units = AdvanceToBytes(text, {begin, 0}, stretchEnd).units;
+        unstyledUnits_ -= units;
+        if (style == TextStyle{}) continue;
+        const bool line = text.substr(begin, stretchEnd - begin).ends_with(LineEnd);
+        cursor.setPosition(unstyledUnits_);
+        cursor.setPosition(unstyledUnits_ + units - (line ? 1 : 0), QTextCursor::KeepAnchor);
+        cursor.setCharFormat(FormatOf(style));
+        if (std::chrono::steady_clock::now() > end) break;
+    }
+    cursor.endEditBlock();
+    document()->setUndoRedoEnabled(true);
+    document()->setModified(false);
+    if (unstyledStretches_ > 0) return;
+    styling_.stop();
+    unstyled_ = {};
+}
+
+void RichTextEdit::StyleRest() {
+    if (unstyled_.Length() > 0) StyleFor(std::chrono::hours(1));
+}
+
+// Whatever may edit the text, or copy of it.
+bool RichTextEdit::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::InputMethod:
+        case QEvent::ContextMenu:
+            StyleRest();
+            break;
+        default:
+            break;
+    }
+    return QTextEdit::event(event);
+}
+
+bool RichTextEdit::viewportEvent(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::ContextMenu:
+        case QEvent::DragEnter:
+            StyleRest();
+            break;
+        case QEvent::Paint:
+            if (unstyled_.Length() == 0) break;
+            StyleFor(FirstStyles);
+            if (cursorForPosition({}).position() < unstyledUnits_) StyleRest();
+            break;
+        default:
+            break;
+    }
+    return QTextEdit::viewportEvent(event);
 }
 
 // In order, which is the fastest way to fill a document. A stretch's last line end stays plain, so

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QTextEdit>
+#include <QTimer>
+#include <chrono>
 #include <map>
 #include <memory>
 
@@ -26,11 +28,17 @@ protected:
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
     QMimeData* createMimeDataFromSelection() const override;
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void ReadBox();
     void ShowAfresh(const RichText& content);
     void ShowAsEdit(const RichText& content);
+    // Of a long text that has just been shown, the styles come after it: from its end to its
+    // beginning, for as long as allowed; all of them before they are seen or the text is edited.
+    void StyleFor(std::chrono::milliseconds time);
+    void StyleRest();
     // In place of what the cursor has selected; undone as one.
     void InsertAt(QTextCursor& cursor, const RichText& content);
     void InsertPicture(QTextCursor& cursor, const std::shared_ptr<const Picture>& picture,
@@ -43,6 +51,10 @@ private:
     bool editing_ = false;
     unsigned long revision_ = 0;  // of the box when it was last read, as is the next
     unsigned long textWrites_ = 0;
+    RichText unstyled_;                  // a copy of the text; empty when all is styled
+    std::size_t unstyledStretches_ = 0;  // of its front
+    int unstyledUnits_ = 0;              // of the document, which these stretches are
+    QTimer styling_;
     std::map<QString, std::shared_ptr<const Picture>> pictures_;
 };
 
