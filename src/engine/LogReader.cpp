@@ -107,11 +107,11 @@ std::optional<LoggedCalculation> ReadLogLine(std::string_view line) {
 }
 
 LineInputs InputsOfLine(const LoggedCalculation& line) {
-    const LineInputs asTold{line.path, OffResults(line.path, line)};
+    LineInputs asTold{line.path, OffResults(line.path, line)};
     if (line.path.units == Units::Metric) return asTold;
     PathInputs path = line.path;
     path.distance /= KmPerDistance(path.units);
-    const LineInputs inKm{path, OffResults(path, line)};
+    LineInputs inKm{path, OffResults(path, line)};
     return inKm.off < asTold.off ? inKm : asTold;
 }
 

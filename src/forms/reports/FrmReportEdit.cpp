@@ -69,8 +69,8 @@ void FrmReport::Find(Search search) {
     const std::string& words = txtFind.Text();
     lblStatus.SetCaption({});
     if (words.empty()) return ShowFind(true);
-    const std::string_view text = rtbLog.Text();
     const auto [start, length] = rtbLog.Selected();
+    const std::string_view text = rtbLog.Text();
     std::size_t found = 0;
     if (search == Search::Previous) {
         found = LastBefore(text, words, start);
@@ -86,8 +86,8 @@ void FrmReport::Find(Search search) {
 }
 
 std::string_view FrmReport::LineAtCaret() {
-    const std::string_view text = rtbLog.Text();
     const std::size_t caret = rtbLog.Selected().start;
+    const std::string_view text = rtbLog.Text();
     const std::size_t before = caret == 0 ? std::string_view::npos : text.rfind("\r\n", caret - 1);
     const std::size_t begin = before == std::string_view::npos ? 0 : before + 2;
     return text.substr(begin, std::min(text.find("\r\n", begin), text.size()) - begin);
