@@ -24,16 +24,16 @@ double Converted(double height, Units from, Units to) {
     return from == to ? height : height * MetresPerHeight(from) / MetresPerHeight(to);
 }
 
-// What stands between blanks and has an = in it, from the mark to the end of the line, of the
-// quotation or of the element.
+// What has an = in it and stands between blanks or the cells of a table, from the mark to the end
+// of the line, of the quotation or of the element.
 Fields FieldsOf(std::string_view text) {
     const std::size_t mark = text.find(Mark);
     if (mark == std::string_view::npos) return {};
     text.remove_prefix(mark + Mark.size());
-    text = text.substr(0, text.find_first_of("\r\n\"<;,"));
+    text = text.substr(0, text.find_first_of("\r\n\"<"));
     Fields fields;
     while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
+        const std::string_view word = text.substr(0, text.find_first_of(" \t,;"));
         text.remove_prefix(std::min(word.size() + 1, text.size()));
         const std::size_t equals = word.find('=');
         if (equals != std::string_view::npos)

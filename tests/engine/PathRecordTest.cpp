@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace vardel {
 namespace {
 
@@ -33,6 +35,9 @@ TEST(PathRecord, ComesBackFromWhatStandsAroundIt) {
         ASSERT_TRUE(read) << around;
         EXPECT_EQ(PathRecord(*read), Record) << around;
     }
+    std::string cells = Record;
+    std::replace(cells.begin(), cells.end(), ' ', ';');
+    EXPECT_TRUE(PathOfRecord("# " + cells + ";;\n"));
     const auto metric = PathOfRecord(With("units=english", "units=metric"));
     EXPECT_EQ(metric->hb, 30.48);
     EXPECT_EQ(metric->hm, 1.524);

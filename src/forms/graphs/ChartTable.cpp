@@ -51,7 +51,14 @@ void AddInputs(Table& table, const PathInputs& path) {
     table.Line({"# Time", table.Number(path.pctTime), "%"});
     table.Line({"# Locations", table.Number(path.pctLoc), "%"});
     table.Line({"# Power e.r.p.", table.Number(path.powerWatts), "W"});
-    table.Line({"# " + PathRecord(path)});
+    // A cell for each input: a spreadsheet makes a column as wide as its longest cell.
+    std::vector<std::string> cells{"# "};
+    for (const char c : PathRecord(path))
+        if (c == ' ')
+            cells.emplace_back();
+        else
+            cells.back() += c;
+    table.Line(cells);
 }
 
 double Rounded(double km) { return std::round(km * MetresPerKm) / MetresPerKm; }
