@@ -127,7 +127,7 @@ QByteArray ChartAsPdf(const Chart& chart) {
 }
 
 std::string TextOfFile(const QString& path) {
-    constexpr qint64 Largest = 64 * 1024 * 1024;
+    constexpr qint64 Largest = 64LL * 1024 * 1024;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > Largest) return {};
     QByteArray bytes = file.read(Largest);
