@@ -7,6 +7,7 @@
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
+#include "models/Primitives.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
 
@@ -34,7 +35,8 @@ void MainForm::TakeInputs(const PathInputs& path, Take take) {
     txtPctLoc.SetText(ShortestText(path.pctLoc));
     if (take == Take::AllButPower) return;
     txtPowerUnit.SetText(PowerText(path.powerWatts, shared_.PowerUnit));
-    txtPowerUnit_LostFocus();
+    PowerWatts = path.powerWatts;  // which the text may round
+    BringToolsUpToDate();
 }
 
 void MainForm::OfferInputs(const std::vector<GivenFile>& files) {
