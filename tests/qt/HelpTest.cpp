@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
@@ -46,6 +47,14 @@ TEST(QtHelp, F1AnswersWhereTheFocusOrTheOpenMenuIs) {
     auto& text = *help.findChild<QTextBrowser*>();
     EXPECT_EQ(text.textCursor().position(), 0) << "at its start";
     EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+    auto& search = *help.findChild<QLineEdit*>();
+    QTest::keyClicks(&search, "COST 231");
+    const int first = text.textCursor().selectionStart();
+    EXPECT_EQ(text.textCursor().selectedText().toLower(), "cost 231");
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_NE(text.textCursor().selectionStart(), first) << "the next";
+    QTest::keyClicks(&search, "x");
+    EXPECT_NE(search.palette().color(QPalette::Base), QColor(Qt::white));
 
     // It is open beside a form that blocks the main window, and outlives it.
     QTimer::singleShot(0, &window, [&] {

@@ -3,6 +3,7 @@
 #include "engine/LogLine.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/main/MainForm.h"
 #include "forms/reports/frmPrinterSelect.h"
 #include "forms/shared/Printing.h"
 #include "forms/shared/SaveWithDialog.h"
@@ -61,7 +62,12 @@ bool FrmReport::SaveAsRichText() { return SaveAs(RichTextFilter); }
 bool FrmReport::SaveAs(int filterIndex) {
     return SaveWithDialog(
         *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", filterIndex,
-        [this](const SaveChoice& choice) { SaveTo(choice); }, LogName);
+        [this](const SaveChoice& choice) {
+            SaveTo(choice);
+            if (doors_.MainForm.Loaded())
+                doors_.MainForm->Tell("The log was saved in " + choice.path + '.');
+        },
+        LogName);
 }
 
 // As plain text. The printer keeps the orientation.

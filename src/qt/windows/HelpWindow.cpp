@@ -1,5 +1,6 @@
 #include "qt/windows/HelpWindow.h"
 
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QShortcut>
@@ -11,6 +12,7 @@
 #include <algorithm>
 
 #include "forms/help/UserGuide.h"
+#include "forms/shared/Palette.h"
 #include "qt/services/Convert.h"
 
 namespace vardel {
@@ -53,7 +55,8 @@ void FoldCode(QTextDocument& document) {
 
 }  // namespace
 
-HelpWindow::HelpWindow() : sections_(new QListWidget), text_(new QTextBrowser) {
+HelpWindow::HelpWindow()
+    : search_(new QLineEdit), sections_(new QListWidget), text_(new QTextBrowser) {
     setObjectName("HelpWindow");
     setWindowTitle("Vardel Help");
     setPalette(style()->standardPalette());
@@ -78,9 +81,21 @@ HelpWindow::HelpWindow() : sections_(new QListWidget), text_(new QTextBrowser) {
     splitter->setSizes({240, 740});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    search_->setPlaceholderText("Search (Ctrl+F)");
+    search_->setAccessibleName("Search");
+    search_->setClearButtonEnabled(true);
+    column->addWidget(search_);
     column->addWidget(splitter);
 
     QObject::connect(sections_, &QListWidget::currentRowChanged, this, &HelpWindow::ShowSection);
+    QObject::connect(search_, &QLineEdit::textChanged, this, [this] { Find(false); });
+    QObject::connect(search_, &QLineEdit::returnPressed, this, [this] { Find(true); });
+    QObject::connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
+                     [this] { Find(true); });
+    QObject::connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        search_->setFocus();
+        search_->selectAll();
+    });
     QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
                      &QWidget::close);
 }
@@ -104,6 +119,18 @@ void HelpWindow::ShowTopic(int topic) {
         text_->verticalScrollBar()->setValue(0);
     }
     text_->setFocus();
+}
+
+void HelpWindow::Find(bool next) {
+    const QString sought = search_->text();
+    QTextCursor from = text_->textCursor();
+    if (!next) from.setPosition(from.selectionStart());
+    QTextCursor found = text_->document()->find(sought, from);
+    if (found.isNull()) found = text_->document()->find(sought);  // from the top on
+    QPalette colors = text_->palette();
+    if (found.isNull() && !sought.isEmpty()) colors.setColor(QPalette::Base, ToQt(OutOfRangePink));
+    search_->setPalette(colors);
+    if (!found.isNull()) text_->setTextCursor(found);
 }
 
 void HelpWindow::ShowSection(int row) {
