@@ -25,7 +25,7 @@ check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
   share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
-  lib/vardel/{vardel,vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
+  lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,user-guide.md,'pictures/*.png'} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz

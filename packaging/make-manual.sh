@@ -7,6 +7,8 @@ manual=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
+cp -r "$(dirname "$guide")/pictures" "$work"
+
 title=$(sed -n 's/^# //p' "$guide" | head -n 1)
 {
   printf '<html><head><meta charset="utf-8"><title>%s</title></head><body>\n' "$title"
@@ -34,6 +36,7 @@ Default topic=guide.html
 Title=$title
 [FILES]
 guide.html
+$(cd "$work" && ls pictures/*.png)
 END
 
 (cd "$work" && chmcmd guide.hhp > log 2>&1) || { cat "$work/log" >&2; exit 1; }

@@ -54,13 +54,13 @@ struct GraphCurves {
 // The losses of the models that are compared, and of free space.
 GraphCurves LossCurves(const ModelInputs& in);
 // Field strengths, and free space last.
-GraphCurves FieldStrengthCurves(FieldStrengthGraph graph, const ModelInputs& in, double powerWatts);
+GraphCurves FieldStrengthCurves(FieldStrengthGraph which, const ModelInputs& in, double powerWatts);
 const char* TitleOf(FieldStrengthGraph graph);
 
 // Of a model's curve beside those of the others.
 Color ColorOf(const Model& model);
 
-CurvePlot PlotOf(const GraphCurves& curves, double maxDist);
+CurvePlot PlotOf(const GraphCurves& graph, double maxDist);
 
 // Measured values over the rest; without any, none.
 void AddMeasured(CurvePlot& plot, const MeasuredSegment& segment, int column);

@@ -19,6 +19,7 @@ class MainForm;
 class MeasuredForm;
 class RLogClass;
 class ReachForm;
+class ValuesForm;
 class frmInfoScreen;
 class frmLogDistRange;
 class frmPrinterSelect;
@@ -39,6 +40,7 @@ struct Doors {
     FormSlot<vardel::ExplainForm> ExplainForm;
     FormSlot<vardel::MeasuredForm> MeasuredForm;
     FormSlot<vardel::ArchiveForm> ArchiveForm;
+    FormSlot<vardel::ValuesForm> ValuesForm;
     std::function<RLogClass&()> ReportLog;
 };
 

@@ -3,6 +3,7 @@
 #include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/ValuesForm.h"
 #include "forms/help/AboutForm.h"
 #include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
@@ -46,6 +47,7 @@ Program::Program(Platform services)
           .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
           .MeasuredForm{[this] { return Make<vardel::MeasuredForm>(platform, *this, *this); }},
           .ArchiveForm{[this] { return Make<vardel::ArchiveForm>(platform, *this, *this); }},
+          .ValuesForm{[this] { return Make<vardel::ValuesForm>(platform, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
       } {}
 

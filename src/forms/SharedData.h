@@ -53,6 +53,7 @@ struct SharedData {
     std::vector<LaidRun> LaidRuns;
     int LaidChanges = 0;                                         // grows with every change of them
     Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to
+    const Chart* ChartToRead = nullptr;                          // what ValuesForm tells
     Chart* ChartToPrint = nullptr;                               // what FrmPrintOut works on
     Color OutOfRangeColor = OutOfRangePink;                      // of what its model does not cover
     vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box

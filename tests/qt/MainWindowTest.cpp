@@ -18,6 +18,7 @@
 #include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/ValuesForm.h"
 #include "forms/help/AboutForm.h"
 #include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
@@ -340,6 +341,7 @@ TEST_F(MainWindowTest, ACommaThatMeansAPointIsOne) {
 
 // Whatever takes the focus in any window.
 TEST_F(MainWindowTest, EveryControlOfEveryWindowHasAName) {
+    program.ChartToRead = &program.GraphForm->CTWX1;
     for (Form* form :
          {static_cast<Form*>(&Main()), static_cast<Form*>(&*program.FrmReport),
           static_cast<Form*>(&*program.GraphForm),
@@ -348,7 +350,8 @@ TEST_F(MainWindowTest, EveryControlOfEveryWindowHasAName) {
           static_cast<Form*>(&*program.frmInfoScreen), static_cast<Form*>(&*program.AboutForm),
           static_cast<Form*>(&*program.FrmPrintOut), static_cast<Form*>(&*program.frmPrinterSelect),
           static_cast<Form*>(&*program.ReachForm), static_cast<Form*>(&*program.ExplainForm),
-          static_cast<Form*>(&*program.MeasuredForm), static_cast<Form*>(&*program.ArchiveForm)}) {
+          static_cast<Form*>(&*program.MeasuredForm), static_cast<Form*>(&*program.ArchiveForm),
+          static_cast<Form*>(&*program.ValuesForm)}) {
         int controls = 0;
         for (QWidget* widget : platform.WindowOf(*form).findChildren<QWidget*>()) {
             const bool ofAnother = qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr ||

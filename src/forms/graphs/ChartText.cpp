@@ -70,26 +70,42 @@ std::string ChartSummary(const Chart& chart) {
     return summary;
 }
 
-std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
-    const std::string& unit = chart.Axis[1].Title;
-    std::vector<std::string> lines{chart.Axis[0].Title + ": " + FormatNumber(distance, "0.0")};
+std::vector<std::string> ChartCurves(const Chart& chart) {
+    std::vector<std::string> curves;
+    for (const ChartSeries& series : chart.AllSeries())
+        if (chart.Shows(series) && !series.Continued && !series.SinglePoints)
+            curves.push_back(series.Curve);
+    return curves;
+}
+
+std::vector<ChartValue> ChartValues(const Chart& chart, double distance) {
+    std::vector<ChartValue> values;
     const ChartSeries* before = nullptr;  // of the same curve
     bool told = false;
     for (const ChartSeries& series : chart.AllSeries()) {
-        if (!chart.Shows(series)) continue;
+        if (!chart.Shows(series) || series.SinglePoints) continue;
         if (!series.Continued) told = false;
-        if (series.SinglePoints && !series.X.empty()) {
-            lines.push_back(NearestPoint(series, distance, unit));
-        } else if (!told) {
+        if (!told) {
             if (const auto read =
                     ReadStretch(series, series.Continued ? before : nullptr, distance)) {
-                lines.push_back(series.Curve + ": " + FormatNumber(read->value, "0.00") + ' ' +
-                                unit + (read->outOfRange ? " (out of range)" : ""));
+                values.push_back({series.Curve, read->value, read->outOfRange});
                 told = true;
             }
         }
         before = &series;
     }
+    return values;
+}
+
+std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
+    const std::string& unit = chart.Axis[1].Title;
+    std::vector<std::string> lines{chart.Axis[0].Title + ": " + FormatNumber(distance, "0.0")};
+    for (const auto& [curve, value, outOfRange] : ChartValues(chart, distance))
+        lines.push_back(curve + ": " + FormatNumber(value, "0.00") + ' ' + unit +
+                        (outOfRange ? " (out of range)" : ""));
+    for (const ChartSeries& series : chart.AllSeries())
+        if (chart.Shows(series) && series.SinglePoints && !series.X.empty())
+            lines.push_back(NearestPoint(series, distance, unit));
     return lines;
 }
 

@@ -44,6 +44,7 @@ void FrmOkumFieldStrength::WireEvents() {
     mnuModelDist100.Click = [this] { SelectMaxDist(100.0); };
     mnuModelDist300.Click = [this] { SelectMaxDist(300.0); };
     mnuFilePrint.SetShortcut("Ctrl+P");
+    view_.mnuViewValues.Click = [this] { ShowValues(); };
     mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
     mnuFilePrinterSetup.Click = [this] { CTWXfs.PrinterSetup(); };
 }

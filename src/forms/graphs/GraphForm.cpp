@@ -29,6 +29,7 @@ GraphForm::GraphForm(Platform& platform, SharedData& shared, Doors& doors)
     mnuGraph100.Click = [this] { SetMaxDist(100.0, mnuGraph100, mnuGraph300); };
     mnuGraph300.Click = [this] { SetMaxDist(300.0, mnuGraph100, mnuGraph300); };
     mnuFilePrint.SetShortcut("Ctrl+P");
+    view_.mnuViewValues.Click = [this] { ShowValues(); };
     mnuFilePrint.Click = [this] { cmdPrintGraph_Click(); };
     mnuFilePrintSetup.Click = [this] { CTWX1.PrinterSetup(); };
 }

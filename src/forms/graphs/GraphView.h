@@ -21,6 +21,7 @@ public:
     MenuItem mnuViewLog{mnuView, "mnuViewLog", "&Logarithmic Distance"};
     MenuItem mnuViewRanges{mnuView, "mnuViewRanges", "&Own Ranges"};
     MenuItem mnuViewCurves{mnuView, "mnuViewCurves", "All &Curves"};
+    MenuItem mnuViewValues{mnuView, "mnuViewValues", "&Values as a Table ..."};
     // For each axis from where and to where.
     std::array<Label, 2> lblFrom;
     std::array<TextBox, 2> txtFrom;

@@ -12,6 +12,7 @@
 #include "forms/archive/ArchiveRun.h"
 #include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/GraphActions.h"
+#include "forms/graphs/ValuesForm.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/main/MainForm.h"
 #include "forms/main/UnitSwitch.h"
@@ -158,6 +159,11 @@ void PlotForm::CountHeightsAsUnchanged() {
     unchanged_.hb = txthb.Text();
     unchanged_.hm = txthm.Text();
     ShowHandBack();
+}
+
+void PlotForm::ShowValues() {
+    shared_.ChartToRead = &chart_;
+    doors_.ValuesForm->ShowModal(this);
 }
 
 void PlotForm::StoreInArchive(Quantity quantity) {

@@ -113,6 +113,7 @@ protected:
     // Whether other runs of an archive are to lie over the graph than when it was plotted.
     bool LaidRunsChanged() const { return laidChanges_ != shared_.LaidChanges; }
     void StoreInArchive(Quantity quantity);
+    void ShowValues();
     void cmdPrintGraph_Click();
     void MarkGood();
     void MarkStale();

@@ -23,12 +23,12 @@ std::string Stored(const PathInputs& path) {
 }  // namespace
 
 RecentPaths::RecentPaths(MenuItem& menu, std::function<void(const PathInputs&)> take)
-    : menu_(menu) {
+    : menu_(menu), take_(std::move(take)) {
     for (std::size_t i = 0; i < Most; ++i) {
         entries_.push_back(
             std::make_unique<MenuItem>(menu, menu.Name() + '(' + std::to_string(i) + ')', ""));
-        entries_.back()->Click = [this, i, take] {
-            if (i < paths_.size()) take(PathInputs(paths_[i]));
+        entries_.back()->Click = [this, i] {
+            if (i < paths_.size()) take_(PathInputs(paths_[i]));
         };
     }
     Show();

@@ -27,6 +27,7 @@ private:
     void Show();
 
     MenuItem& menu_;
+    std::function<void(const PathInputs&)> take_;
     std::vector<std::unique_ptr<MenuItem>> entries_;
     std::vector<PathInputs> paths_;
 };

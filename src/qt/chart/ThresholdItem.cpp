@@ -80,7 +80,7 @@ void ThresholdItem::DrawLevel(QCPPainter& painter, double y, double lastMark, bo
     QRect label(0, qRound(above ? y - Gap - metrics.height() : y + Gap),
                 metrics.horizontalAdvance(text) + 1, metrics.height());
     label.moveRight(frame.right() - 2 * Padding);
-    if (lastMark > label.left() - frame.width() / 4 ||
+    if (lastMark > label.left() - 0.25 * frame.width() ||
         label.intersects(mParentPlot->legend->outerRect()))
         label.moveLeft(frame.left() + 2 * Padding);
     painter.setPen(LineColor());

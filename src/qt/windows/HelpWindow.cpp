@@ -1,5 +1,7 @@
 #include "qt/windows/HelpWindow.h"
 
+#include <QApplication>
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
@@ -53,6 +55,21 @@ void FoldCode(QTextDocument& document) {
     }
 }
 
+// No wider than the text is, and as fine as the screen.
+void AddPictures(QTextDocument& document, const QWidget& shownOn) {
+    constexpr int Widest = 660;
+    const QDir folder(QApplication::applicationDirPath() + "/pictures");
+    for (const QString& name : folder.entryList({"*.png"})) {
+        QImage picture(folder.filePath(name));
+        if (picture.isNull()) continue;
+        const qreal fineness = shownOn.devicePixelRatioF();
+        picture = picture.scaledToWidth(qRound(std::min(Widest, picture.width()) * fineness),
+                                        Qt::SmoothTransformation);
+        picture.setDevicePixelRatio(fineness);
+        document.addResource(QTextDocument::ImageResource, QUrl("pictures/" + name), picture);
+    }
+}
+
 }  // namespace
 
 HelpWindow::HelpWindow()
@@ -69,6 +86,7 @@ HelpWindow::HelpWindow()
     text_->setAccessibleName("Text");
     text_->document()->setDocumentMargin(16);
     text_->setOpenExternalLinks(true);
+    AddPictures(*text_->document(), *this);
     text_->setMarkdown(ToQt(GuideMarkdown()));
     StyleTables(*text_->document()->rootFrame());
     FoldCode(*text_->document());

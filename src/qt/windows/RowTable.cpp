@@ -1,6 +1,7 @@
 #include "qt/windows/RowTable.h"
 
 #include <QHeaderView>
+#include <algorithm>
 #include <utility>
 
 #include "forms/shared/Palette.h"
@@ -81,7 +82,8 @@ RowTable::RowTable(RowList& list, Binder& binder, const QString& name) : list_(l
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView& heads = *horizontalHeader();
     heads.setSectionsClickable(true);
-    heads.setSortIndicatorShown(true);
+    heads.setSortIndicatorShown(std::any_of(list.Columns().begin(), list.Columns().end(),
+                                            [](const auto& column) { return column.sorts; }));
     heads.setHighlightSections(false);
     heads.setStretchLastSection(true);
     for (std::size_t i = 0; i < list.Columns().size(); ++i)

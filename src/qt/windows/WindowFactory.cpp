@@ -5,6 +5,7 @@
 #include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/ValuesForm.h"
 #include "forms/help/AboutForm.h"
 #include "forms/help/frmInfoScreen.h"
 #include "forms/main/MainForm.h"
@@ -26,6 +27,7 @@
 #include "qt/windows/RangeWindow.h"
 #include "qt/windows/ReachWindow.h"
 #include "qt/windows/ReportWindow.h"
+#include "qt/windows/ValuesWindow.h"
 
 namespace vardel {
 
@@ -53,6 +55,8 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
         return std::make_unique<MeasuredWindow>(*measured);
     if (auto* archive = dynamic_cast<ArchiveForm*>(&form))
         return std::make_unique<ArchiveWindow>(*archive);
+    if (auto* values = dynamic_cast<ValuesForm*>(&form))
+        return std::make_unique<ValuesWindow>(*values);
     throw std::logic_error("No window for the form " + form.Name());
 }
 

@@ -4,6 +4,7 @@
 
 #include "forms/graphs/ChartText.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/ValuesForm.h"
 #include "models/ModCalculations.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"
@@ -144,6 +145,19 @@ TEST_F(LossGraph, WhatTheMainFormWillGetIsToldBefore) {
     Graph().Unload();
     EXPECT_EQ(Main().txtFreq.Text(), "150.0");
     EXPECT_FALSE(Graph().lblHandBack.Visible());
+}
+
+TEST_F(LossGraph, ItsValuesAreATable) {
+    RowList::Row at10;
+    platform.whileShown["ValuesForm"] = [&] {
+        EXPECT_EQ(program.ValuesForm->lstValues.Count(), 100U);
+        EXPECT_EQ(program.ValuesForm->lstValues.Columns().at(2).title, "Davidson, dB");
+        at10 = program.ValuesForm->lstValues.RowAt(9);
+        program.ValuesForm->Unload();
+    };
+    Graph().View().mnuViewValues.Pick();
+    EXPECT_THAT(at10.cells,
+                ElementsAre("10", "143.13", "143.13", "140.42 (out of range)", "105.56"));
 }
 
 TEST_F(LossGraph, BoxRules) {
