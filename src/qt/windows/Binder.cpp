@@ -22,6 +22,7 @@
 #include "qt/services/Convert.h"
 #include "qt/windows/DecimalKey.h"
 #include "qt/windows/DesktopColors.h"
+#include "qt/windows/MenuIcons.h"
 
 namespace vardel {
 
@@ -409,6 +410,7 @@ void Binder::BindEntries(MenuItem& menu, QMenu& shown) {
 
 void Binder::BindEntry(MenuItem& entry, QMenu& menu) {
     QAction* action = entry.IsSeparator() ? menu.addSeparator() : menu.addAction(QString());
+    action->setIcon(MenuIconOf(entry.Name()));
     Show(entry, [&entry, action] {
         action->setObjectName(ToQt(entry.Name()));
         if (!entry.IsSeparator()) action->setText(ToQt(entry.Caption()));
