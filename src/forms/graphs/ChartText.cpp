@@ -100,9 +100,11 @@ std::vector<ChartValue> ChartValues(const Chart& chart, double distance) {
 std::vector<std::string> ChartReadout(const Chart& chart, double distance) {
     const std::string& unit = chart.Axis[1].Title;
     std::vector<std::string> lines{chart.Axis[0].Title + ": " + FormatNumber(distance, "0.0")};
-    for (const auto& [curve, value, outOfRange] : ChartValues(chart, distance))
-        lines.push_back(curve + ": " + FormatNumber(value, "0.00") + ' ' + unit +
-                        (outOfRange ? " (out of range)" : ""));
+    for (const auto& [curve, value, outOfRange] : ChartValues(chart, distance)) {
+        std::string& line = lines.emplace_back(curve);
+        line += ": " + FormatNumber(value, "0.00") + ' ' + unit;
+        if (outOfRange) line += " (out of range)";
+    }
     for (const ChartSeries& series : chart.AllSeries())
         if (chart.Shows(series) && series.SinglePoints && !series.X.empty())
             lines.push_back(NearestPoint(series, distance, unit));
