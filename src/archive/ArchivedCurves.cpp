@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "archive/ArchivedInputs.h"
+
 namespace vardel {
 
 namespace {
@@ -14,12 +16,6 @@ constexpr std::array<std::array<Color, 3>, 3> RunColors = {{
     {{{110, 60, 160}, {165, 115, 210}, {80, 40, 110}}},
     {{{0, 115, 115}, {60, 170, 170}, {20, 80, 90}}},
 }};
-
-Color ModelColor(const std::string& legend) {
-    for (const ModelNumber number : ComparedModels)
-        if (legend.starts_with(ModelOf(number).name)) return ColorOf(ModelOf(number));
-    return {};
-}
 
 PlotSeries SeriesOf(const CurveRow& curve) {
     PlotSeries series;
@@ -38,7 +34,7 @@ CurvePlot PreviewOf(const std::vector<CurveRow>& curves) {
     CurvePlot plot;
     for (const CurveRow& curve : curves) {
         plot.push_back(SeriesOf(curve));
-        plot.back().color = ModelColor(curve.legend);
+        if (const Model* model = ModelOfLegend(curve.legend)) plot.back().color = ColorOf(*model);
     }
     return plot;
 }

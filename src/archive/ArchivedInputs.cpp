@@ -62,12 +62,6 @@ std::optional<ParameterLine> Parsed(const std::string& text) {
     return parsed;
 }
 
-const Model* ModelOfLegend(const std::string& legend) {
-    for (const ModelNumber number : ComparedModels)
-        if (legend.starts_with(ModelOf(number).name)) return &ModelOf(number);
-    return nullptr;
-}
-
 // By how much the stored points lie above those of the model for 1 kW; nothing where they do not
 // by one and the same. No point at all is as good as another.
 std::optional<double> OffsetOf(const PathInputs& path, const std::vector<CurveRow>& curves) {
@@ -92,6 +86,12 @@ std::optional<double> OffsetOf(const PathInputs& path, const std::vector<CurveRo
 }
 
 }  // namespace
+
+const Model* ModelOfLegend(const std::string& legend) {
+    for (const ModelNumber number : ComparedModels)
+        if (legend.starts_with(ModelOf(number).name)) return &ModelOf(number);
+    return nullptr;
+}
 
 Quantity QuantityOf(const std::vector<CurveRow>& curves) {
     for (const CurveRow& curve : curves)

@@ -10,6 +10,9 @@
 
 namespace vardel {
 
+// The model that a curve's legend begins with; null: none.
+const Model* ModelOfLegend(const std::string& legend);
+
 // What the curves of a run are of, by their legends.
 Quantity QuantityOf(const std::vector<CurveRow>& curves);
 

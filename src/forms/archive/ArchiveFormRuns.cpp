@@ -104,8 +104,7 @@ void ArchiveForm::ShowSelected() {
     const RunRow* run = SelectedRun();
     if (run != nullptr && Try([&] { curves_ = reader_->Curves(run->number); }))
         lblStatus.SetCaption("");
-    for (std::size_t i = 0; i < CTWXRun.AllSeries().size(); ++i)
-        CTWXRun.Series(static_cast<int>(i)).Visible = false;
+    CTWXRun.HideSeries();
     if (run != nullptr && !curves_.empty()) {
         ShowCurves(*run);
     } else {

@@ -22,6 +22,10 @@ ChartSeries& Chart::Series(int index) {
     return series_[i];
 }
 
+void Chart::HideSeries() {
+    for (ChartSeries& series : series_) series.Visible = false;
+}
+
 void Chart::SetSeriesData(int index, std::string label, const double* x, const double* y,
                           std::size_t count) {
     ChartSeries& series = Series(index);

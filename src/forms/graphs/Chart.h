@@ -82,6 +82,8 @@ public:
     ChartSeries& Series(int index);
     const std::vector<ChartSeries>& AllSeries() const { return series_; }
 
+    // All of them.
+    void HideSeries();
     // Copies count points.
     void SetSeriesData(int index, std::string label, const double* x, const double* y,
                        std::size_t count);

@@ -9,7 +9,7 @@
 
 namespace vardel {
 
-bool FrmOkumFieldStrength::PlotFieldStrength(bool redrawChart) { return Plot(redrawChart, 0, 21); }
+bool FrmOkumFieldStrength::PlotFieldStrength(bool redrawChart) { return Plot(redrawChart); }
 
 GraphCurves FrmOkumFieldStrength::CurvesOf(const ModelInputs& inputs) {
     return FieldStrengthCurves(shared_.GraphMode, inputs, GetPowerWatts());

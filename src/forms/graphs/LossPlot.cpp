@@ -6,10 +6,7 @@
 
 namespace vardel {
 
-bool GraphForm::PlotLossGraph(bool redrawChart) {
-    // The first series is of every plot.
-    return Plot(redrawChart, 1, 5);
-}
+bool GraphForm::PlotLossGraph(bool redrawChart) { return Plot(redrawChart); }
 
 void GraphForm::SetScalesAndTitles() {
     SetChartScales(CTWX1, MaxDist, 50.0, 250.0);

@@ -1,6 +1,5 @@
 #include "forms/graphs/PlotForm.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -267,15 +266,13 @@ void PlotForm::AddLaidRuns(CurvePlot& plot, Quantity quantity) {
         if (run.quantity == quantity) plot.insert(plot.end(), run.curves.begin(), run.curves.end());
 }
 
-bool PlotForm::Plot(bool redrawChart, int first, int last) {
+bool PlotForm::Plot(bool redrawChart) {
     const Hourglass hourglass(*this);
     GetPlatform().windows.Yield();
     const auto inputs = ReadInputs(redrawChart ? ReadPositiveBox : ReadPositiveBoxQuietly);
     refusalUntold_ = !inputs && !redrawChart;
     if (!inputs) return false;
-    const int shown = static_cast<int>(chart_.AllSeries().size());
-    if (redrawChart)
-        for (int i = first; i <= std::max(last, shown - 1); ++i) chart_.Series(i).Visible = false;
+    if (redrawChart) chart_.HideSeries();
     GraphCurves curves = CurvesOf(*inputs);
     CurvePlot plot = PlotOf(curves, MaxDist);
     AddToPlot(plot, *inputs);

@@ -94,10 +94,10 @@ public:
 protected:
     PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names);
 
-    // The whole plot. The series from first to last of an earlier one are hidden before a redraw;
-    // the first plot, of the form's loading, draws none. False, after a message unless it is the
-    // first, where a box holds no number: the chart is as it was then.
-    bool Plot(bool redrawChart, int first, int last);
+    // The whole plot. A redraw hides what an earlier one showed; the first plot, of the form's
+    // loading, draws none. False, after a message unless it is the first, where a box holds no
+    // number: the chart is as it was then.
+    bool Plot(bool redrawChart);
     virtual GraphCurves CurvesOf(const ModelInputs& inputs) = 0;
     // What lies over the curves besides, but for runs of an archive.
     virtual void AddToPlot(CurvePlot&, const ModelInputs&) {}

@@ -1,6 +1,7 @@
 #include "forms/main/RecentPaths.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "engine/PathRecord.h"
 #include "engine/PathText.h"
@@ -11,9 +12,10 @@ namespace vardel {
 
 namespace {
 
+// All in one value, since each that is written replaces the file.
 constexpr const char* Section = "Recent";
-
-std::string KeyOf(std::size_t i) { return std::to_string(i + 1); }
+constexpr const char* Key = "Paths";
+constexpr char Separator = '|';
 
 // The distance, then the rest.
 std::string Stored(const PathInputs& path) {
@@ -44,9 +46,8 @@ void RecentPaths::Add(const PathInputs& path) {
 
 void RecentPaths::Load() {
     Platform& platform = menu_.Owner().GetPlatform();
-    for (std::size_t i = 0; i < Most; ++i) {
-        const std::string text =
-            platform.settings.Read(platform.applicationTitle, Section, KeyOf(i));
+    std::istringstream stored(platform.settings.Read(platform.applicationTitle, Section, Key));
+    for (std::string text; std::getline(stored, text, Separator) && paths_.size() < Most;) {
         auto path = PathOfRecord(text);
         if (!path) continue;
         path->distance = LeadingNumber(text.substr(0, text.find(' ')));
@@ -56,9 +57,12 @@ void RecentPaths::Load() {
 }
 
 void RecentPaths::Save() const {
+    if (paths_.empty()) return;
+    std::string stored;
+    for (const PathInputs& path : paths_)
+        stored += (stored.empty() ? std::string() : std::string(1, Separator)) + Stored(path);
     Platform& platform = menu_.Owner().GetPlatform();
-    for (std::size_t i = 0; i < paths_.size(); ++i)
-        platform.settings.Write(platform.applicationTitle, Section, KeyOf(i), Stored(paths_[i]));
+    platform.settings.Write(platform.applicationTitle, Section, Key, stored);
 }
 
 void RecentPaths::Show() {

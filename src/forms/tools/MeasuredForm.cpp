@@ -126,8 +126,7 @@ void MeasuredForm::ShowErrors(double pctLoc) {
             farthest = std::max(farthest, point.km);
             if (fit.pctLoc == pctLoc) greatest = std::max(greatest, std::abs(point.Error()));
         }
-    for (std::size_t i = 0; i < CTWXErrors.AllSeries().size(); ++i)
-        CTWXErrors.Series(static_cast<int>(i)).Visible = false;
+    CTWXErrors.HideSeries();
     const CurvePlot plot = ErrorPlot(fits_, pctLoc);
     ShowPlot(CTWXErrors, plot);
     CTWXErrors.Legend.Visible = !plot.empty();

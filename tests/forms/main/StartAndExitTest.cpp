@@ -66,8 +66,9 @@ TEST_F(StartAndExit, ASecondStartGoesOnWhereARetainedOneEnded) {
     const std::string log = Log();
     const std::string file = program->TempLogFile;
     Exit(Answer::Yes);
-    EXPECT_THAT(platform.writes, ElementsAre("Units", "TempLogName", "AreaType", "CitySize",
-                                             "PCTTIME", "PCTLOC", "Dist", "Freq", "HB", "HM", "1"))
+    EXPECT_THAT(platform.writes,
+                ElementsAre("Units", "TempLogName", "AreaType", "CitySize", "PCTTIME", "PCTLOC",
+                            "Dist", "Freq", "HB", "HM", "Paths"))
         << "last the path that was calculated";
     EXPECT_THAT(platform.helpFile, IsEmpty());
 
