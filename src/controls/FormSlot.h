@@ -60,8 +60,9 @@ private:
     }
 
     static void Drop(std::unique_ptr<Form>& form) {
-        if (form) form->GetPlatform().windows.Forget(*form);
-        form.reset();
+        if (!form) return;
+        Windows& windows = form->GetPlatform().windows;
+        windows.Forget(std::move(form));
     }
 
     std::function<Made()> make_;

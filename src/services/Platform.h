@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -60,8 +61,9 @@ public:
     virtual void Show(Form& form) = 0;
     // Blocks all other forms; returns once the form is no longer visible.
     virtual void ShowModal(Form& form, Form* owner) = 0;
-    // The form is about to be destroyed: nothing of it may be shown or told any more.
-    virtual void Forget(Form& form) = 0;
+    // The form has ended: nothing of it is shown or told any more. It is destroyed with its window,
+    // which may have an event on the stack.
+    virtual void Forget(std::unique_ptr<Form> form) = 0;
 
     virtual Answer ShowMessage(const Message& message) = 0;
     // Nothing when the user names no file. There is no question before a file that exists.

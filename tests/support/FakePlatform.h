@@ -40,7 +40,7 @@ public:
 
     void Show(Form& form) override { shown.push_back(form.Name()); }
     void ShowModal(Form& form, Form*) override;
-    void Forget(Form&) override {}
+    void Forget(std::unique_ptr<Form>) override {}
     Answer ShowMessage(const Message& message) override;
     std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
     std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;

@@ -61,6 +61,7 @@ void FrmOkumFieldStrength::Form_Load() {
 }
 
 void FrmOkumFieldStrength::Form_Unload() {
+    PlotForm::Form_Unload();
     if (!doors_.MainForm.Loaded()) return;
     MainForm& main = *doors_.MainForm;
     HandBackInputs(main);

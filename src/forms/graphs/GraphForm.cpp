@@ -48,6 +48,7 @@ void GraphForm::BringUpToDate() {
 }
 
 void GraphForm::Form_Unload() {
+    PlotForm::Form_Unload();
     if (!doors_.MainForm.Loaded()) return;
     MainForm& main = *doors_.MainForm;
     HandBackInputs(main);

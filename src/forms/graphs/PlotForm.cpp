@@ -55,7 +55,7 @@ PlotForm::PlotForm(Platform& platform, SharedData& shared, Doors& doors, const N
     WireEvents();
 }
 
-PlotForm::~PlotForm() {
+void PlotForm::Form_Unload() {
     if (shared_.ChartToPrint == &chart_) shared_.ChartToPrint = nullptr;
 }
 

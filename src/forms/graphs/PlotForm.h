@@ -21,8 +21,6 @@ struct Platform;
 // inputs go back to the main form when the form closes.
 class PlotForm : public Form {
 public:
-    ~PlotForm() override;
-
     // What the graph forms name or caption each in its own way.
     struct Names {
         const char* form;
@@ -94,6 +92,7 @@ public:
 protected:
     PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names);
 
+    void Form_Unload() override;  // which those of derived forms begin with
     // The whole plot. A redraw hides what an earlier one showed; the first plot, of the form's
     // loading, draws none. False, after a message unless it is the first, where a box holds no
     // number: the chart is as it was then.

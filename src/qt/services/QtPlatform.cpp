@@ -173,10 +173,14 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     stillThere->windowHandle()->setTransientParent(nullptr);  // it may be the other way round next
 }
 
-void QtPlatform::Forget(Form& form) {
-    const auto it = windows_.find(&form);
+// Widgets that wait for their deletion still get events, and look at what they showed.
+void QtPlatform::Forget(std::unique_ptr<Form> form) {
+    const auto it = windows_.find(form.get());
     if (it == windows_.end()) return;
-    it->second->Release();
+    FormWindow& window = *it->second;
+    window.Release();
+    QObject::connect(&window, &QObject::destroyed,
+                     [held = std::shared_ptr<Form>(std::move(form))] {});
     windows_.erase(it);
 }
 

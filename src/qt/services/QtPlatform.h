@@ -27,7 +27,7 @@ public:
 
     void Show(Form& form) override;
     void ShowModal(Form& form, Form* owner) override;
-    void Forget(Form& form) override;
+    void Forget(std::unique_ptr<Form> form) override;
     Answer ShowMessage(const Message& message) override;
     std::optional<SaveChoice> AskSaveFile(const FileDialog& request) override;
     std::optional<std::string> AskOpenFile(const FileDialog& request) override;

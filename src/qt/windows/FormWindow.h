@@ -31,7 +31,7 @@ public:
     explicit FormWindow(Form& form, LabelFont labelFont = LabelFont::Plain);
     ~FormWindow() override;
 
-    // Cuts every tie to the form, which is about to be destroyed, and hides the window.
+    // Hides the window and cuts every tie by which it and the form tell each other something.
     void Release();
 
     // Called whenever the window has been hidden.
