@@ -1,9 +1,12 @@
 #include "stress/RandomUser.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -12,28 +15,47 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
+#include <QWheelEvent>
+#include <algorithm>
 
 namespace vardel {
 
 namespace {
 
-constexpr int Keys[] = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up,
-                        Qt::Key_Down, Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Home,   Qt::Key_Plus,
-                        Qt::Key_F1,   Qt::Key_Delete,  Qt::Key_Space};
+constexpr int Keys[] = {
+    Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up,     Qt::Key_Down,
+    Qt::Key_Left,   Qt::Key_Right,   Qt::Key_Home,   Qt::Key_Plus,   Qt::Key_F1,     Qt::Key_Delete,
+    Qt::Key_Space,  Qt::Key_End,     Qt::Key_Minus,  Qt::Key_1,      Qt::Key_2,      Qt::Key_3,
+    Qt::Key_PageUp, Qt::Key_F3,      Qt::Key_A,      Qt::Key_C,      Qt::Key_F,      Qt::Key_V,
+    Qt::Key_X,      Qt::Key_Y,       Qt::Key_Z,      Qt::Key_T,      Qt::Key_Return, Qt::Key_Tab};
 
-constexpr const char* Texts[] = {"450",   "1500", "1800.5", "10",    "0",     "-3",   "",    "abc",
-                                 "12abc", ".5",   "1e308",  "1e-99", "99999", "50%",  "  7", "1,5",
-                                 "2",     "100",  "300",    "nan",   "-1e9",  "0.01", "µ½",  "30"};
+constexpr Qt::KeyboardModifiers Modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
+                                               Qt::ControlModifier,
+                                               Qt::ControlModifier | Qt::ShiftModifier};
+
+constexpr const char* Texts[] = {
+    "450",   "1500",  "1800.5",        "10",  "0",    "-3",  "",    "abc", "12abc", ".5",   "1e308",
+    "1e-99", "99999", "50%",           "  7", "1,5",  "2",   "100", "300", "nan",   "-1e9", "0.01",
+    "µ½",    "30",    "52.5 N 13.4 E", "-91", "site", "32,5"};
 
 // Not the scroll bars and other parts of these.
 bool IsControl(const QWidget& widget) {
     return qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
-           qobject_cast<const QLabel*>(&widget) || widget.inherits("QCustomPlot") ||
+           qobject_cast<const QLabel*>(&widget) ||
+           qobject_cast<const QAbstractItemView*>(&widget) || widget.inherits("QCustomPlot") ||
            widget.inherits("QTextEdit");
+}
+
+// Where the mouse of a widget that scrolls or draws is.
+QWidget& MouseGround(QWidget& widget) {
+    auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+    return area != nullptr ? *area->viewport() : widget;
 }
 
 void AddEntries(const QList<QAction*>& actions, QList<QAction*>& entries) {
@@ -91,17 +113,25 @@ void RandomUser::CheckIdle() {
 void RandomUser::Act() {
     if (QWidget* popup = QApplication::activePopupWidget()) return ActOnPopup(*popup);
     QWidget* modal = QApplication::activeModalWidget();
-    if (qobject_cast<QDialog*>(modal) != nullptr) return ActOnDialog(*modal);
-    if (modal != nullptr) return ActOnWindow(*modal);
     QList<QWidget*> windows;
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) windows << window;
-    if (!windows.isEmpty()) ActOnWindow(*windows[Below(static_cast<int>(windows.size()))]);
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr &&
+            (modal == nullptr || window->objectName() == "HelpWindow"))
+            windows << window;
+    if (modal != nullptr && (windows.isEmpty() || Below(10) > 0)) windows = {modal};
+    if (windows.isEmpty()) return;
+    QWidget& window = *windows[Below(static_cast<int>(windows.size()))];
+    const bool isDialog = qobject_cast<QDialog*>(&window) != nullptr;
+    ++used_[isDialog ? QString(window.metaObject()->className()) : window.objectName()];
+    if (isDialog)
+        ActOnDialog(window);
+    else
+        ActOnWindow(window);
 }
 
 void RandomUser::ActOnPopup(QWidget& popup) {
-    constexpr int PopupKeys[] = {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape};
-    QTest::keyClick(&popup, static_cast<Qt::Key>(PopupKeys[Below(4)]));
+    constexpr Qt::Key PopupKeys[] = {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape};
+    QTest::keyClick(&popup, AnyOf(PopupKeys));
 }
 
 void RandomUser::ActOnDialog(QWidget& dialog) {
@@ -122,14 +152,15 @@ void RandomUser::ActOnDialog(QWidget& dialog) {
 
 void RandomUser::ActOnWindow(QWidget& window) {
     if (Below(6) == 0) return PickFromMenus(window);
-    if (Below(12) == 0) {
+    if (Below(8) == 0) {
         QWidget* focus = window.focusWidget() != nullptr ? window.focusWidget() : &window;
-        return QTest::keyClick(focus, static_cast<Qt::Key>(Keys[Below(std::size(Keys))]));
+        return QTest::keyClick(focus, static_cast<Qt::Key>(AnyOf(Keys)), AnyOf(Modifiers));
     }
     if (Below(60) == 0) {
         window.close();
         return;
     }
+    if (Below(200) == 0 && window.acceptDrops()) return DropFile(window);
     QList<QWidget*> controls;
     for (QWidget* widget : window.findChildren<QWidget*>())
         if (widget->isVisible() && widget->isEnabled() && IsControl(*widget)) controls << widget;
@@ -158,22 +189,51 @@ void RandomUser::UseWidget(QWidget& widget) {
         list->setFocus();
         return QTest::keyClick(list, Below(2) == 0 ? Qt::Key_Down : Qt::Key_Up);
     }
-    QPointer<QWidget> held = &widget;
-    if (Below(8) == 0) {
-        QTest::mouseDClick(&widget, Qt::LeftButton);
+    if (Below(6) == 0) return Wheel(MouseGround(widget));
+    UseMouse(MouseGround(widget));
+}
+
+// Clicks, double clicks and drags somewhere, with any of the keys held.
+void RandomUser::UseMouse(QWidget& ground) {
+    const QPoint from = AnyPoint(ground);
+    const QPointer<QWidget> held = &ground;
+    if (Below(8) == 0) return QTest::mouseDClick(&ground, Qt::LeftButton, {}, from);
+    if (Below(20) == 0) {
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, from, ground.mapToGlobal(from));
+        QApplication::sendEvent(&ground, &asked);
         return;
     }
-    QTest::mousePress(&widget, Qt::LeftButton);
-    if (held) QTest::mouseRelease(held, Qt::LeftButton);
+    const Qt::KeyboardModifiers keys = Below(4) == 0 ? AnyOf(Modifiers) : Qt::NoModifier;
+    const QPoint to = Below(4) == 0 ? AnyPoint(ground) : from;
+    QTest::mousePress(&ground, Qt::LeftButton, keys, from);
+    if (held && to != from) QTest::mouseMove(held, to);
+    if (held) QTest::mouseRelease(held, Qt::LeftButton, keys, to);
 }
 
-QString RandomUser::AnyText() {
-    return QString::fromUtf8(Texts[Below(static_cast<int>(std::size(Texts)))]);
+void RandomUser::Wheel(QWidget& ground) {
+    const QPoint at = AnyPoint(ground);
+    QWheelEvent turn(at, ground.mapToGlobal(at), {}, {0, Below(2) == 0 ? 120 : -120}, Qt::NoButton,
+                     AnyOf(Modifiers), Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&ground, &turn);
 }
+
+void RandomUser::DropFile(QWidget& window) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(AnyFile())});
+    QDropEvent drop(AnyPoint(window), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+}
+
+QPoint RandomUser::AnyPoint(const QWidget& ground) {
+    return {Below(std::max(1, ground.width())), Below(std::max(1, ground.height()))};
+}
+
+QString RandomUser::AnyText() { return QString::fromUtf8(AnyOf(Texts)); }
 
 QString RandomUser::AnyFile() {
-    constexpr const char* Names[] = {"a.txt", "b.rtf", "c.wmf", "d.mdb", "missing/e.pdf", "f"};
-    return folder_ + '/' + Names[Below(static_cast<int>(std::size(Names)))];
+    constexpr const char* Names[] = {"a.txt", "b.rtf", "c.wmf",     "d.mdb", "missing/e.pdf", "f",
+                                     "g.csv", "h.png", "i.geojson", "j.svg", "k.kml"};
+    return folder_ + '/' + AnyOf(Names);
 }
 
 }  // namespace vardel

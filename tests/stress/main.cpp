@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
@@ -31,19 +32,36 @@ struct RealProgram {
     Program program{services};
 };
 
-int Report(const QStringList& faults) {
+// Of Qt, but for those that every program without a display and a desktop gets.
+QStringList& Warnings() {
+    static QStringList warnings;
+    return warnings;
+}
+
+void KeepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    const bool expected = text.startsWith("This plugin does not support") ||
+                          text.startsWith("QStandardPaths: XDG_RUNTIME_DIR");
+    if (type >= QtWarningMsg && type != QtInfoMsg && !expected) Warnings() << text;
+}
+
+int Report(QStringList faults) {
+    faults += Warnings();
     for (const QString& fault : faults) std::fprintf(stderr, "%s\n", qPrintable(fault));
     return faults.isEmpty() ? 0 : 1;
 }
 
 // So many actions of a user, with the program started again whenever it has ended.
 int UseAtRandom(int actions, unsigned seed, const QString& folder) {
+    QFile::copy(EMPTY_ARCHIVE, folder + "/New Model Data.mdb");
+    QFile::copy(MEASURED_EXAMPLE, folder + "/measured.csv");
     RandomUser user(seed, actions, folder);
     while (user.HasActionsLeft()) {
         RealProgram real(folder.toStdString());
         QTimer::singleShot(0, [&real] { real.program.Start(); });
         user.Use();
     }
+    for (auto used = user.Used().begin(); used != user.Used().end(); ++used)
+        std::printf("%s %d\n", qPrintable(used.key()), used.value());
     return Report(user.Faults());
 }
 
@@ -133,6 +151,7 @@ int main(int argc, char** argv) {
     for (const char* variable : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
         qputenv(variable, folder.toLocal8Bit());
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(vardel::KeepWarning);
     QApplication application(argc, argv);
     vardel::SetUpApplication(application);
     QApplication::setQuitOnLastWindowClosed(false);
