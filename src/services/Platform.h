@@ -75,6 +75,8 @@ public:
     // Lets the window system handle what has come in meanwhile. Any event routine may run.
     virtual void Yield() = 0;
     virtual void EndProgram() = 0;
+    // Says a text to a screen reader, which of itself tells only what changes where the focus is.
+    virtual void Announce(const std::string& text) = 0;
 };
 
 class Clipboard {

@@ -57,7 +57,7 @@ TEST(ArchiveWindow, TheListIsSelectedSortedAndScrolled) {
     EXPECT_EQ(table.model()->rowCount(), 2) << "by number and by comment";
     form.cmdUndo.Press();
     form.Unload();
-    EXPECT_EQ(table.model()->columnCount(), 4) << "what waits for its deletion is still asked";
+    EXPECT_EQ(table.model()->columnCount(), 6) << "what waits for its deletion is still asked";
 }
 
 }  // namespace

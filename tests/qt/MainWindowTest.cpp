@@ -71,7 +71,8 @@ protected:
 };
 
 TEST_F(MainWindowTest, CalculateShowsAndTellsTheDefaultResults) {
-    QTest::mouseClick(&Widget<QPushButton>("cmdLossCalc"), Qt::LeftButton);
+    auto& calculate = Widget<QPushButton>("cmdLossCalc");
+    QTest::mouseClick(&calculate, Qt::LeftButton);
     const QColor pink(255, 150, 150);
     const struct {
         const char *label, *told, *shown;
@@ -96,6 +97,13 @@ TEST_F(MainWindowTest, CalculateShowsAndTellsTheDefaultResults) {
         EXPECT_EQ(picture.pixelColor(picture.width() / 4, picture.height() / 2), c.color)
             << c.label;
     }
+    EXPECT_EQ(calculate.accessibleDescription().toStdString(),
+              "Okumura-Hata ITU 529: 143.13 dB, 49.31 dB(µV/m). Okumura-Hata Davidson: 143.13 dB, "
+              "49.30 dB(µV/m). Cost 231: 140.42 dB, 52.01 dB(µV/m), out of the model's range. ")
+        << "said at once, where the focus is";
+    Widget<QLineEdit>("txtFreq").setFocus();
+    EXPECT_EQ(calculate.accessibleDescription(), "");
+    EXPECT_EQ(Widget<QComboBox>("cmbareatype").accessibleDescription(), "Urban");
 }
 
 TEST_F(MainWindowTest, AMessageWhenABoxIsLeftDoesNotSwallowTheClick) {

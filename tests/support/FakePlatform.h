@@ -47,6 +47,7 @@ public:
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void EndProgram() override { ended = true; }
+    void Announce(const std::string&) override {}
     std::string Read(const std::string& application, const std::string& section,
                      const std::string& key) override {
         return store[application + '/' + section + '/' + key];

@@ -66,6 +66,7 @@ std::optional<PathInputs> MainForm::ReadPath(BoxReader read) {
 }
 
 void MainForm::ShowResults(const Calculation& calculation) {
+    std::string told;
     for (const ModelLabels& labels : LabelsOfModels) {
         const ModelResult& of = calculation.Of(labels.model);
         for (const auto& [shown, value] :
@@ -76,7 +77,11 @@ void MainForm::ShowResults(const Calculation& calculation) {
             label.SetToolTipText(of.inRange ? "" : "Out of the model's range");
             label.SetStateText(of.inRange ? "In the model's range" : "Out of the model's range");
         }
+        told += (this->*labels.heads)[0].Caption() + ": " + (this->*labels.loss).Caption() +
+                " dB, " + (this->*labels.fieldStrength).Caption() + " dB(µV/m)" +
+                (of.inRange ? ". " : ", out of the model's range. ");
     }
+    GetPlatform().windows.Announce(told);
 }
 
 }  // namespace vardel

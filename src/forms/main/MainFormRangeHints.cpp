@@ -59,6 +59,7 @@ void MainForm::WireRangeHints() {
             if (Outside(txtDist, distance, hint.dMin, hint.dMax))
                 txtDist.SetBackColor(shared_.OutOfRangeColor);
             lblHelpRange.SetCaption(hint.text);
+            GetPlatform().windows.Announce(hint.text);
         };
         for (Label& head : this->*labels.heads) {
             head.MouseDown = show;

@@ -23,6 +23,7 @@ std::string QuietChanges(const PathInputs& before, const PathInputs& now) {
 
 void MainForm::Tell(std::string text) {
     told_ = std::move(text);
+    if (!told_.empty()) GetPlatform().windows.Announce(told_);
     ShowStatus();
 }
 

@@ -21,6 +21,7 @@
 #include "qt/chart/ChartPlot.h"
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
+#include "qt/windows/Announcement.h"
 #include "qt/windows/DesktopColors.h"
 #include "qt/windows/DialogOver.h"
 #include "qt/windows/WindowFactory.h"
@@ -256,6 +257,8 @@ std::string QtPlatform::AskText(const TextQuestion& question) {
 void QtPlatform::Yield() { QApplication::processEvents(); }
 
 void QtPlatform::EndProgram() { QApplication::exit(); }
+
+void QtPlatform::Announce(const std::string& text) { Announcement::Make(ToQt(text)); }
 
 std::optional<Picture> QtPlatform::GetPicture() {
     const QImage image = QApplication::clipboard()->image();

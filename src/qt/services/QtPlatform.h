@@ -34,6 +34,7 @@ public:
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void EndProgram() override;
+    void Announce(const std::string& text) override;
     std::optional<Picture> GetPicture() override;
     std::string GetText() override;
     void SetPicture(const Picture& picture) override;

@@ -239,6 +239,9 @@ void Binder::Bind(ComboBox& list, QComboBox& combo) {
         BindCommon(list, combo);
         SetColors(combo, list);
         combo.setCurrentIndex(list.ListIndex());
+        // A screen reader is not told the chosen entry of a list that a label names.
+        if (combo.accessibleDescription() != combo.currentText())
+            combo.setAccessibleDescription(combo.currentText());
     });
     QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
                      [&list, alive = alive_](int index) {

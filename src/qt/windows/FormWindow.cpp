@@ -214,7 +214,6 @@ void FormWindow::AddInput(Label& caption, QWidget& widget, Label* unit, QGridLay
                           int column) {
     AddLabel(caption, grid, row, column)->setBuddy(&widget);
     widget.setAccessibleName(ToQt(caption.Caption()));
-    widget.setAccessibleDescription(widget.toolTip());
     grid.addWidget(&widget, row, column + 1);
     if (unit != nullptr) AddLabel(*unit, grid, row, column + 2);
 }
