@@ -10,6 +10,7 @@
 #include "qt/chart/LegendPlace.h"
 #include "qt/chart/ThresholdItem.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/Announcement.h"
 
 namespace vardel {
 
@@ -230,6 +231,7 @@ void ChartWidget::leaveEvent(QEvent* event) {
 void ChartWidget::ShowReadoutByKey(double distance) {
     pointer_.reset();
     ShowReadout(distance);
+    Announcement::Make(accessibleDescription());
     if (xAxis->range().contains(distance_)) return;
     const double middle = MiddleOf(*xAxis);
     xAxis->moveRange(IsLogarithmic(*xAxis) ? distance_ / middle : distance_ - middle);

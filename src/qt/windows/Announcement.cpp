@@ -1,33 +1,38 @@
 #include "qt/windows/Announcement.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
-#include <QEvent>
-#include <QWidget>
 
 namespace vardel {
 
+namespace {
+
+constexpr const char* Name = "announcement";
+
+QAccessibleInterface* InterfaceOf(const QString&, QObject* object) {
+    auto* announcement = dynamic_cast<Announcement*>(object);
+    if (announcement == nullptr) return nullptr;
+    return new QAccessibleWidget(announcement, QAccessible::Notification);  // Qt deletes it
+}
+
+}  // namespace
+
 void Announcement::Make(const QString& text) {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) return;
-    auto* announcement = dynamic_cast<Announcement*>(focus->findChild<QObject*>("announcement"));
-    if (announcement == nullptr) announcement = new Announcement(*focus);
-    announcement->text_ = text;
-    focus->setAccessibleDescription(text);
+    QWidget* window = QApplication::activeWindow();
+    if (window == nullptr) return;
+    auto* shown = window->findChild<QWidget*>(Name, Qt::FindDirectChildrenOnly);
+    if (shown == nullptr) shown = new Announcement(*window);
+    shown->hide();  // it is its coming up that is told
+    shown->setAccessibleName(text);
+    shown->show();
 }
 
-Announcement::Announcement(QWidget& focus)
-    : QObject(&focus), focus_(focus), before_(focus.accessibleDescription()) {
-    setObjectName("announcement");
-    focus.installEventFilter(this);
-}
-
-bool Announcement::eventFilter(QObject*, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return false;
-    // It may have got another meanwhile.
-    if (focus_.accessibleDescription() == text_) focus_.setAccessibleDescription(before_);
-    deleteLater();
-    setObjectName({});
-    return false;
+Announcement::Announcement(QWidget& window) : QWidget(&window) {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(InterfaceOf), true);
+    setObjectName(Name);
+    setFocusPolicy(Qt::NoFocus);
+    setFixedSize(0, 0);
 }
 
 }  // namespace vardel

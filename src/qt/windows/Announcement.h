@@ -1,23 +1,18 @@
 #pragma once
 
-#include <QObject>
+#include <QWidget>
 
 namespace vardel {
 
-// Says something to a screen reader at once, which tells what appears elsewhere only to who looks
-// for it: the text stands as the description of what has the focus until the focus leaves that.
-class Announcement : public QObject {
+// What a screen reader says at once, wherever the focus is: a notification that comes up in the
+// window, too small to be seen.
+class Announcement : public QWidget {
 public:
+    // In the active window; in none, nobody listens.
     static void Make(const QString& text);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-    explicit Announcement(QWidget& focus);
-
-    QWidget& focus_;
-    QString text_;
-    QString before_;  // the widget's own description
+    explicit Announcement(QWidget& window);
 };
 
 }  // namespace vardel

@@ -20,6 +20,7 @@
 #include <utility>
 
 #include "qt/services/Convert.h"
+#include "qt/windows/Announcement.h"
 #include "qt/windows/DecimalKey.h"
 #include "qt/windows/DesktopColors.h"
 #include "qt/windows/MenuIcons.h"
@@ -244,8 +245,10 @@ void Binder::Bind(ComboBox& list, QComboBox& combo) {
             combo.setAccessibleDescription(combo.currentText());
     });
     QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
-                     [&list, alive = alive_](int index) {
-                         if (*alive) list.SetListIndex(index);
+                     [&list, &combo, alive = alive_](int index) {
+                         if (!*alive) return;
+                         Announcement::Make(combo.itemText(index));
+                         list.SetListIndex(index);
                      });
 }
 
