@@ -42,11 +42,13 @@ public:
     virtual void Row(std::string& out, std::string& messages, const BatchRow& row) const = 0;
 };
 
+// How much of an input was written.
 struct BatchCount {
     std::size_t rows = 0;
     std::size_t errors = 0;  // rows among them that could not be calculated
 };
 
+// From where a batch reads, to where it writes, and with what in place of missing columns.
 struct BatchRun {
     Source source;
     Sink output;

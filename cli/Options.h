@@ -15,6 +15,7 @@ struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// What a command line asks for.
 struct Options {
     Command command = Command::Path;
     bool help = false;  // then, as with version, nothing else counts

@@ -11,6 +11,7 @@
 
 namespace vardel::cli {
 
+// Which input.
 enum class PathField {
     Frequency,
     Distance,

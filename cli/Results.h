@@ -14,6 +14,7 @@ namespace vardel::cli {
 // A model's name as columns begin with it, such as "itu529".
 std::string ColumnName(const Model& model);
 
+// The names of a model's columns.
 struct ResultNames {
     std::string loss;           // dB
     std::string fieldStrength;  // dB(µV/m)

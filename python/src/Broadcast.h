@@ -48,6 +48,7 @@ struct Column {
 };
 using Columns = std::vector<Column>;
 
+// Arguments of different shapes as rows of the shape that they have in common.
 class Broadcast {
 public:
     // Throws ValueError where the shapes do not fit each other.

@@ -6,6 +6,7 @@
 
 namespace vardel::python {
 
+// Each adds its functions and classes to the module.
 void AddModels(pybind11::module_& module);
 void AddPlanning(pybind11::module_& module);
 void AddFiles(pybind11::module_& module);

@@ -12,10 +12,11 @@ class ArchiveEditor {
 public:
     explicit ArchiveEditor(std::string path) : path_(std::move(path)) {}
 
+    // Whether the user may write the file at all. Throws nothing.
     bool MayWrite() const;
-    // Of the run, and of its curves, which have it too.
+    // The comment of the run, and of its curves, which have it too.
     void SetComment(std::int64_t run, const std::string& comment) const;
-    // With their curves. A number that is there no more is none to delete.
+    // The runs with their curves. A number that is there no more is none to delete.
     void DeleteRuns(const std::vector<std::int64_t>& runs) const;
 
 private:

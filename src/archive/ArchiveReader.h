@@ -28,6 +28,7 @@ struct RunRow {
     bool complete = false;  // has as many curves as the program stores with a run
 };
 
+// A row of "DataSets" with its points unpacked.
 struct CurveRow {
     std::string legend;
     std::vector<double> x, y;  // km, and dB or dB(µV/m)
@@ -48,15 +49,17 @@ struct RunOrder {
 // they are asked for. Whatever cannot be read throws ArchiveFault. For one thread at a time.
 class ArchiveReader {
 public:
-    // The file must be there and have the tables of an archive.
-    // Another program that is writing is waited for so long, in ms.
+    // The file must be there and have the tables of an archive. Another program that is writing is
+    // waited for so long, in ms.
     explicit ArchiveReader(std::string path, int longestWait = Database::LongestWait);
 
     const std::string& Path() const { return path_; }
+    // How many runs the search leaves.
     std::int64_t RunCount(const RunOrder& order = {}) const;
     // Those from the offset on in the order, not more than limit. Runs that are alike in it come by
     // their numbers.
     std::vector<RunRow> Runs(const RunOrder& order, std::int64_t offset, std::int64_t limit) const;
+    // Nothing where the archive has no run of the number.
     std::optional<RunRow> Run(std::int64_t number) const;
 
     // The curves of a run, in the order in which they were stored. They may be there without the

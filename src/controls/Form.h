@@ -38,6 +38,7 @@ public:
     // Returns once the form is hidden or unloaded.
     void ShowModal(Form* owner = nullptr);
     void Hide() { SetVisible(false); }
+    // Runs Form_Unload and takes the window off the screen; once more does nothing.
     void Unload();
     bool Unloaded() const { return unloaded_; }
     // The user closes the window by its frame.

@@ -21,7 +21,7 @@ public:
     // The inputs must be above zero, as the models want them; the power is in watts e.r.p.
     Calculation(const ModelInputs& inputs, double powerWatts);
 
-    // Of ITU-R P.529, Davidson or COST 231.
+    // Of ITU-R P.529, Davidson or COST 231; throws std::out_of_range for another.
     const ModelResult& Of(ModelNumber model) const { return results_.at(IndexOf(model)); }
 
 private:

@@ -11,6 +11,7 @@
 
 namespace vardel {
 
+// Why a stretch is drawn as it is; charts keep the numbers.
 enum class LinePattern : int { InRange = 0, FreeSpace = 2, OutOfRange = 3, Archived = 4 };
 
 // A stretch of a curve, in one pattern.
@@ -55,14 +56,17 @@ struct GraphCurves {
 GraphCurves LossCurves(const ModelInputs& in);
 // Field strengths, and free space last.
 GraphCurves FieldStrengthCurves(FieldStrengthGraph which, const ModelInputs& in, double powerWatts);
+// As it stands over the graph.
 const char* TitleOf(FieldStrengthGraph graph);
 
 // Of a model's curve beside those of the others.
 Color ColorOf(const Model& model);
 
+// The curves computed up to a distance in km, at most FarthestPoint, and cut into stretches.
 CurvePlot PlotOf(const GraphCurves& graph, double maxDist);
 
-// Measured values over the rest; without any, none.
+// The values of a column, 0 to HeightCount - 1, of a measured table over the rest; without any,
+// none.
 void AddMeasured(CurvePlot& plot, const MeasuredSegment& segment, int column);
 
 // A line for each series, parted by carriage returns.

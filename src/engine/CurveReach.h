@@ -10,6 +10,7 @@
 
 namespace vardel {
 
+// How far a curve of a graph meets the threshold.
 struct CurveReach {
     std::string curve;
     Color color;

@@ -13,6 +13,7 @@ namespace vardel {
 constexpr double CurveStep = 0.1;        // km, added up point after point
 constexpr double FarthestPoint = 300.0;  // km
 
+// What a curve, a goal or a run is of: dB, or dB(µV/m).
 enum class Quantity { Loss, FieldStrength };
 
 // From where to where a curve goes, in km: from 0.1 or from 1, to 300 at the most.
@@ -21,6 +22,7 @@ struct CurveSpan {
     double to;
 };
 
+// A computed curve with the points where its model begins or ends to cover it.
 struct CurveData {
     bool InRangeAtStart = false;    // at 1 km, wherever the curve begins
     bool RangeState = false;        // reached so far

@@ -8,6 +8,7 @@
 
 namespace vardel {
 
+// What stands between a field and the power at an input.
 struct Receiver {
     double f;                     // MHz, above zero
     double antennaGainDbi = 0.0;  // dB over an isotropic antenna

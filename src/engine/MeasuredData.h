@@ -22,6 +22,7 @@ constexpr double MeasuredEndMark = std::numeric_limits<double>::denorm_min();
 constexpr int MeasuredHeights = 6;
 constexpr int MeasuredRows = 76;  // the row of end marks included
 
+// One table of the file.
 struct MeasuredSegment {
     double PercentTime = 0.0;  // a fraction
     double Frequency = 0.0;    // MHz
@@ -36,8 +37,9 @@ struct MeasuredSegment {
 
 using MeasuredTable = std::vector<MeasuredSegment>;
 
+// What is wrong with the file, at the first place where it is.
 struct MeasuredFault {
-    int line;
+    int line;           // from 1
     std::string fault;  // in plain words, the end of a sentence
 };
 
@@ -53,6 +55,7 @@ std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTa
 // is told of that, and of a fault in the file.
 bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& windows);
 
+// Which column of which table is that of a path.
 struct MeasuredMatch {
     bool found = false;
     int segment = 0;  // in the table

@@ -14,6 +14,7 @@
 
 namespace vardel {
 
+// Of the errors of one model at some points.
 struct FitStatistics {
     int points = 0;
     double mean = 0.0;       // dB, 0 without points, as are the others
@@ -24,11 +25,13 @@ struct FitStatistics {
     double BestConstant() const { return points == 0 ? 0.0 : -mean; }
 };
 
+// Of errors in dB.
 FitStatistics StatisticsOf(const std::vector<double>& errors);
 
 // Distances from one of these on, up to the next, in km.
 constexpr std::array<double, 5> FitBands = {0.0, 10.0, 20.0, 50.0, 100.0};
 
+// One model at one percentage of locations against a column of a table.
 struct MeasuredFit {
     struct Point {
         double km;
@@ -47,7 +50,8 @@ struct MeasuredFit {
     int unusable = 0;                                  // distances that are not above zero
 };
 
-// The compared models at each of the percentages of locations, against a column of a table.
+// The compared models at each of the percentages of locations, against a column of a table, 0 to
+// its HeightCount - 1. The path's distance and percentage of locations play no part.
 std::vector<MeasuredFit> FitsOf(const PathInputs& path, const MeasuredSegment& segment, int column,
                                 const std::vector<double>& percentages);
 

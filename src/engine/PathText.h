@@ -8,7 +8,9 @@
 
 namespace vardel {
 
+// Such as "10 km".
 std::string DistanceText(const PathInputs& path);
+// Such as "50 %"; the percentage is 50 for that.
 std::string PercentText(double percentage);
 // All but the distance and the percentage of locations.
 std::string PathText(const PathInputs& path);

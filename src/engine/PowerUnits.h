@@ -10,6 +10,7 @@ namespace vardel {
 
 enum class PowerUnit : int { Watts = 0, Kilowatts = 1, Dbm = 2, Dbw = 3 };
 
+// A unit with its name in lists.
 struct NamedPowerUnit {
     PowerUnit unit;
     const char* name;

@@ -28,6 +28,7 @@ struct Goal {
 constexpr double ShortestReach = 0.1;            // km
 constexpr double FarthestReach = FarthestPoint;  // km
 
+// How far a goal is met, and where.
 struct Reach {
     enum class Outcome {
         Invalid,     // no answer: an input is no number or not above zero
@@ -56,6 +57,7 @@ Reach FreeSpaceReach(double f, const Goal& goal);
 constexpr double LowestMast = 20.0;     // m
 constexpr double HighestMast = 2500.0;  // m
 
+// How high a base antenna meets a goal.
 struct NeededHeight {
     enum class Outcome {
         Invalid,  // no answer, as above
@@ -74,6 +76,7 @@ struct NeededHeight {
 // How high the base antenna must be for the goal at in.d, whatever in.hb is. Safe on any thread.
 NeededHeight BaseHeightFor(const Model& model, const ModelInputs& in, const Goal& goal);
 
+// What power meets a goal.
 struct NeededPower {
     double watts;  // e.r.p.
     bool inRange;  // the model covers the inputs

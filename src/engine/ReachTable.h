@@ -26,6 +26,7 @@ Goal GoalOf(const Wanted& wanted, const PathInputs& path);
 
 constexpr std::size_t ReachPercentages = 3;
 
+// The answers for one path and one wish, a row for each compared model.
 struct ReachTable {
     struct Row {
         ModelNumber model;
@@ -42,6 +43,8 @@ struct ReachTable {
     std::vector<Row> rows;                             // by the order of ComparedModels
 };
 
+// percentages: of locations, 50 meaning 50 %. An input that is no number or not above zero gives
+// rows with no answer.
 ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
                           const std::array<double, ReachPercentages>& percentages);
 

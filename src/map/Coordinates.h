@@ -11,6 +11,7 @@ struct Place {
     double longitude;  // -180 to 180
 };
 
+// Whether both numbers are finite and within these limits.
 bool IsValid(const Place& place) noexcept;
 
 // A coordinate as people type it, in degrees: decimal (52.5, -0.12, 52.5 N, W0.12), or degrees and

@@ -21,6 +21,7 @@ struct CoverageRing {
 
 constexpr double LargestRing = 1000.0;  // km
 
+// The circles of one station.
 struct Coverage {
     Place station;
     ModelInputs path;  // d and pctLoc do not count; texts in UTF-8

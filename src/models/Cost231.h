@@ -25,8 +25,7 @@ double Cost231LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
 double Cost231FieldStrengthWith(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept;
 
-// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
-// has an antenna term of 0.
+// The same at count points of a grid, whatever in.d is, into values, which has room for as many.
 void Cost231LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                       double* values) noexcept;
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -39,7 +38,7 @@ void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept;
 
-// What they consist of at in.d.
+// What they consist of at in.d. A city size that is not known counts as a small or medium one.
 FormulaTerms Cost231LossTerms(const ModelInputs& in);
 FormulaTerms Cost231FieldStrengthTerms(const ModelInputs& in, double powerWatts);
 

@@ -26,8 +26,8 @@ double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept
 double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
                                  ModelTermsRecord& terms) noexcept;
 
-// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
-// has an antenna term of 0.
+// The same at count points of a grid, whatever in.d is, into values, which has room for as many. In
+// an urban area a city size that is not known gives an antenna term of 0.
 void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                        double* values) noexcept;
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -40,9 +40,8 @@ void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t coun
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept;
 
-// What they consist of at in.d. A city size that is not known gives an antenna term
-// of 0. The field strength
-// has the path loss as one term.
+// What they consist of at in.d; an unknown city size as in curves. The field strength has the path
+// loss as one term.
 FormulaTerms DavidsonLossTerms(const ModelInputs& in);
 FormulaTerms DavidsonFieldStrengthTerms(const ModelInputs& in, double powerWatts);
 

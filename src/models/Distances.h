@@ -28,7 +28,7 @@ struct SingleDistance {
     double LogTo(double y) const noexcept { return std::pow(Log(), y); }
     double Time() const noexcept { return TimeGrowth(d); }
     double Exponent() const noexcept { return ExponentGrowth(d); }
-    double LogOfInverse() const noexcept { return Log10(9.98 / d); }
+    double LogOfInverse() const noexcept { return Log10(9.98 / d); }  // for the Davidson terms
 };
 
 // Distances in km, each above zero, in any order, with what the formulas need of them.
@@ -38,8 +38,9 @@ public:
     DistanceGrid(const double* km, std::size_t count);
 
     std::size_t Size() const noexcept { return points_.size(); }
-    double Km(std::size_t i) const noexcept { return points_[i].Km(); }
+    double Km(std::size_t i) const noexcept { return points_[i].Km(); }  // i below Size()
 
+    // What SingleDistance computes, kept.
     class Point {
     public:
         explicit Point(double km);
@@ -73,7 +74,8 @@ class FreshPoint {
 public:
     static constexpr std::size_t Block = 64;
 
-    // Not more than a block. Without time, which the median does not need, Time() is 0.
+    // Of count distances in km, each above zero and not more than a block, into points. Without
+    // time, which the median does not need, Time() is 0.
     static void Compute(const double* km, std::size_t count, bool time,
                         FreshPoint* points) noexcept;
 

@@ -37,6 +37,7 @@ inline double FirstHalf(double x) noexcept {
     return x;
 }
 
+// Of x above zero.
 inline LongLog LongLogOf(double x) noexcept {
     const long double log = std::log(static_cast<long double>(x));
     const double high = FirstHalf(static_cast<double>(log));

@@ -16,6 +16,7 @@ struct TermText {
     const char* source;  // its publication
 };
 
+// One line of an explanation.
 struct FormulaTerm {
     // A quantity is no summand; summands are made of it.
     enum class Role { Quantity, Added, Subtracted };
@@ -30,6 +31,7 @@ struct FormulaTerm {
 // formula's value to the last bit.
 using FormulaTerms = std::vector<FormulaTerm>;
 
+// The value alone, in dB.
 class PlainSum {
 public:
     explicit PlainSum(double head = 0.0) noexcept : total_(head) {}
@@ -42,6 +44,7 @@ private:
     double total_;
 };
 
+// The terms, with quantities noted before them. Throws std::bad_alloc.
 class ListedSum {
 public:
     void Add(const TermText& text, double term) {

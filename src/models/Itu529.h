@@ -26,8 +26,8 @@ double Itu529LossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
 double Itu529FieldStrengthWith(const ModelInputs& in, double powerWatts,
                                ModelTermsRecord& terms) noexcept;
 
-// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
-// has an antenna term of 0.
+// The same at count points of a grid, whatever in.d is, into values, which has room for as many. In
+// an urban area a city size that is not known gives an antenna term of 0.
 void Itu529LossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                      double* values) noexcept;
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
@@ -40,8 +40,7 @@ void Itu529LossCurve(const ModelInputs& in, const double* km, std::size_t count,
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept;
 
-// What they consist of at in.d. A city size that is not known gives an antenna term
-// of 0.
+// What they consist of at in.d; an unknown city size as in curves.
 FormulaTerms Itu529LossTerms(const ModelInputs& in);
 FormulaTerms Itu529FieldStrengthTerms(const ModelInputs& in, double powerWatts);
 

@@ -43,10 +43,12 @@ struct Model {
 // In the order of ModelNumber.
 extern const std::array<Model, 4> Models;
 
+// A model's place in tables.
 constexpr std::size_t IndexOf(ModelNumber number) noexcept {
     return static_cast<std::size_t>(number);
 }
 
+// Throws std::out_of_range for a number that is no model's.
 inline const Model& ModelOf(ModelNumber number) { return Models.at(IndexOf(number)); }
 
 // Those that are compared in a window, a line of the log, a graph or an archived run, in the order
@@ -54,6 +56,7 @@ inline const Model& ModelOf(ModelNumber number) { return Models.at(IndexOf(numbe
 constexpr std::array<ModelNumber, 3> ComparedModels = {ModelNumber::Itu529, ModelNumber::Davidson,
                                                        ModelNumber::Cost231};
 
+// Whether the model covers the inputs, see ModelInRange.
 inline bool InRange(const Model& model, const ModelInputs& in) noexcept {
     return ModelInRange(static_cast<int>(model.number), in.f, in.hb, in.hm, in.d, in.area);
 }

@@ -15,6 +15,7 @@
 
 namespace vardel {
 
+// How far the percentages move a path's median.
 struct PathStatistics {
     double timeLevel;  // see TimeLevel
     double location;   // dB, see LocationVariability

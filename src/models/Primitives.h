@@ -16,7 +16,7 @@ namespace vardel {
 // The environment that an area text names.
 enum class Area { Urban, Suburban, Open, Unknown };
 
-// A city size text with its surrounding blanks removed; case counts.
+// The city size that a text names.
 enum class City { SmallMedium, Large, Unknown };
 
 // Blanks around the text do not count, nor does case.
@@ -26,9 +26,11 @@ Area AreaOf(std::string_view area) noexcept;
 // about the text than the models are.
 Area AreaOfUntrimmed(std::string_view area) noexcept;
 
+// Blanks around the text do not count, but case does.
 City CityOf(std::string_view city) noexcept;
 
-// The transmitted power in watts e.r.p., the only thing besides their inputs that models read.
+// The transmitted power in watts e.r.p., the only thing besides their inputs that models read. 0,
+// with which a field strength is minus infinity, until it is set; not to be shared by threads.
 extern double PowerWatts;
 double GetPowerWatts() noexcept;
 
@@ -46,6 +48,7 @@ inline double AreaCorrection(Area area, double f, double logF) noexcept {
     return 0.0;
 }
 
+// How that is explained.
 inline constexpr TermText AreaCorrectionText(Area area) noexcept {
     if (area == Area::Suburban) return {"Suburban area", "2 (log(f / 28))² + 5.4", source::Hata};
     if (area == Area::Open)
@@ -72,7 +75,8 @@ inline double SmallCityAntennaTerm(double f, double hm) noexcept {
     return SmallCityAntennaTermOfLog(Log10(f), hm);
 }
 
-// a(hm) of a large city, in dB: one form up to and including 300 MHz, another above. hm in m.
+// a(hm) of a large city, in dB: one form up to and including 300 MHz, another above. f in MHz, hm
+// in m.
 inline double LargeCityAntennaTerm(double f, double hm) noexcept {
     if (f <= 300.0) {
         const double l = Log10(1.54 * hm);
@@ -101,6 +105,7 @@ inline void AssignHataAntennaTerm(double& term, AntennaForm form, double logF, d
         term = LargeCityAntennaTerm(f, hm);
 }
 
+// How that is explained, for f in MHz.
 inline constexpr TermText HataAntennaText(AntennaForm form, double f) noexcept {
     if (form == AntennaForm::Kept)
         return {"Mobile antenna, a city size not known", "0", source::Hata};
@@ -111,7 +116,7 @@ inline constexpr TermText HataAntennaText(AntennaForm form, double f) noexcept {
     return {"Mobile antenna a(hm), large city", "3.2 (log(11.75 hm))² − 4.97", source::Hata};
 }
 
-// hb' of ITU-R P.529, in m.
+// hb' of ITU-R P.529, in m, as is hb.
 inline double EffectiveBaseHeight(double hb) noexcept {
     return hb / std::sqrt(1.0 + 0.000007 * (hb * hb));
 }

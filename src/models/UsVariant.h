@@ -26,8 +26,7 @@ double UsLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
 double UsFieldStrengthWith(const ModelInputs& in, double powerWatts,
                            ModelTermsRecord& terms) noexcept;
 
-// The same at count points of a grid, whatever in.d is, into values. A path whose city is not known
-// has an antenna term of 0.
+// The same at count points of a grid, whatever in.d is, into values, which has room for as many.
 void UsLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
                  double* values) noexcept;
 void UsFieldStrengthCurve(const ModelInputs& in, double powerWatts,

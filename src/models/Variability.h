@@ -17,6 +17,7 @@
 
 namespace vardel {
 
+// A standard deviation of locations at a frequency.
 struct SigmaRow {
     double f;      // MHz
     double sigma;  // dB
@@ -82,6 +83,7 @@ inline double Clamped(double x, double low, double high) noexcept {
     return low <= x && x <= high ? x : ClampedFrom(x, low, high);
 }
 
+// y at x on the line through (x0, y0) and (x1, y1), x0 and x1 apart.
 inline double LinearInterpolate(double x0, double x1, double y0, double y1, double x) noexcept {
     const double t = (x - x0) / (x1 - x0);
     return (1.0 - t) * y0 + t * y1;
@@ -123,6 +125,7 @@ inline double LocationDeviate(double pct) noexcept {
     return AllQuantiles[i];
 }
 
+// Of an area that is known.
 inline const SigmaTable& SigmaTableOf(Area area) noexcept {
     return area == Area::Urban ? SigmaTableUrban : SigmaTableSuburban;
 }

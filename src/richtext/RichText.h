@@ -10,6 +10,7 @@
 
 namespace vardel {
 
+// How a stretch of text looks.
 struct TextStyle {
     bool bold = false;
     bool italic = false;
@@ -45,6 +46,7 @@ public:
     std::size_t Length() const { return text_.size(); }
     // In order; none is empty, and no two neighbours are alike.
     const std::vector<Stretch>& Stretches() const { return stretches_; }
+    // Where the stretch of that index ends.
     std::size_t StretchEnd(std::size_t index) const;
     const std::vector<PlacedPicture>& Pictures() const { return pictures_; }
 

@@ -4,6 +4,7 @@
 
 namespace vardel {
 
+// The user's own clock.
 class Clock {
 public:
     virtual ~Clock() = default;

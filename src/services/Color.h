@@ -4,6 +4,7 @@
 
 namespace vardel {
 
+// Of sRGB, opaque.
 struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;

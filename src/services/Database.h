@@ -31,11 +31,13 @@ public:
     NewRow(NewRow&& other) noexcept;
     ~NewRow();
 
+    // Throws, as do the next two, where the table has no such field.
     void Set(std::string_view field, FieldValue value);
     // Puts the bytes behind those that the field has.
     void AppendChunk(std::string_view field, const Bytes& bytes);
     // The number in a field: as it was set, or as the database gave it.
     std::int64_t Number(std::string_view field);
+    // Writes the row. Throws where that fails; the table is then as it was.
     void Update();
 
 private:
@@ -118,8 +120,9 @@ public:
     // in ms.
     static Database OpenForReading(const std::string& path, int longestWait = LongestWait);
 
+    // A table by its name, to add rows to; throws where there is none.
     Recordset OpenRecordset(const std::string& name) const;
-    // The values are for the query's ?1, ?2 and so on.
+    // The rows of a query; the values are for its ?1, ?2 and so on.
     Rows Select(const std::string& query, const std::vector<FieldValue>& values = {}) const;
     // Makes all of the changes, or none.
     void Change(const std::vector<RowChange>& changes) const;

@@ -6,8 +6,10 @@
 
 namespace vardel {
 
+// Who may read and write a new file: whom the user's umask lets, or the user alone.
 enum class Access { AsUsual, OwnerOnly };
 
+// Whether there is anything of that path.
 bool FileExists(const std::string& path);
 
 // Whether the user may write the file. The superuser may write everything, so for him the

@@ -4,8 +4,9 @@
 
 namespace vardel {
 
+// A picture of the log or the clipboard.
 struct Picture {
-    std::string png;
+    std::string png;     // the bytes of a PNG file
     int widthTwips = 0;  // 1440 twips are an inch; 0: as large as its points
     int heightTwips = 0;
 

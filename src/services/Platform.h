@@ -42,6 +42,7 @@ struct FileDialog {
     std::string name = {};  // that the dialog suggests; empty: none
 };
 
+// What the user has chosen there; the filter counts from 1.
 struct SaveChoice {
     std::string path;
     int filterIndex = 1;
@@ -54,10 +55,12 @@ struct TextQuestion {
     std::string text;  // the answer proposed
 };
 
+// The windows of the forms, and the dialogs over them.
 class Windows {
 public:
     virtual ~Windows() = default;
 
+    // Makes the form's window the active one, and returns at once.
     virtual void Show(Form& form) = 0;
     // Blocks all other forms; returns once the form is no longer visible.
     virtual void ShowModal(Form& form, Form* owner) = 0;
@@ -74,17 +77,19 @@ public:
     virtual std::string AskText(const TextQuestion& question) = 0;
     // Lets the window system handle what has come in meanwhile. Any event routine may run.
     virtual void Yield() = 0;
+    // Ends the event loop, once what is on the stack has returned.
     virtual void EndProgram() = 0;
     // Says a text to a screen reader, which of itself tells only what changes where the focus is.
     virtual void Announce(const std::string& text) = 0;
 };
 
+// The desktop's clipboard. Texts are UTF-8.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
     // Nothing when the clipboard holds no picture.
     virtual std::optional<Picture> GetPicture() = 0;
-    virtual std::string GetText() = 0;
+    virtual std::string GetText() = 0;  // empty: there is none
     virtual void SetPicture(const Picture& picture) = 0;
     // With the same as CSV beside it for spreadsheets, unless that is empty.
     virtual void SetText(const std::string& text, const std::string& csv) = 0;
@@ -140,6 +145,7 @@ public:
     virtual void OpenDocument(const std::string& path) = 0;
 };
 
+// All of it, as the forms have it.
 struct Platform {
     Windows& windows;
     SettingsStore& settings;

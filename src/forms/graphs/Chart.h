@@ -12,6 +12,7 @@
 
 namespace vardel {
 
+// A line of a chart, X and Y of one length.
 struct ChartSeries {
     bool Visible = false;
     Color LineColor;
@@ -29,6 +30,7 @@ struct ChartSeries {
     bool IsOutOfRange() const { return LineStyle == static_cast<int>(LinePattern::OutOfRange); }
 };
 
+// An axis; sizes of fonts are in points.
 struct ChartAxis {
     double Minimum = 0.0;
     double Maximum = 1.0;
