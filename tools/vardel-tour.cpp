@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -16,6 +18,7 @@
 #include "forms/archive/ArchiveForm.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/ValuesForm.h"
 #include "forms/help/AboutForm.h"
 #include "forms/help/ContextIDs.h"
 #include "forms/help/frmInfoScreen.h"
@@ -33,14 +36,41 @@
 
 namespace {
 
-bool TakePicture(QWidget& window, const QDir& folder, const QString& name) {
-    QApplication::processEvents();
+bool SavePicture(const QPixmap& picture, const QDir& folder, const QString& name) {
     const QString path = folder.filePath(name + ".png");
-    if (!window.grab().save(path)) {
+    if (!picture.save(path)) {
         std::fprintf(stderr, "The picture %s cannot be written.\n", qPrintable(path));
         return false;
     }
     return true;
+}
+
+bool TakePicture(QWidget& window, const QDir& folder, const QString& name) {
+    QApplication::processEvents();
+    return SavePicture(window.grab(), folder, name);
+}
+
+// The window with a menu open and one in it, which are windows of their own.
+bool TakeMenuPicture(QWidget& window, const char* menu, const char* entry, const QDir& folder,
+                     const QString& name) {
+    auto* outer = window.findChild<QMenu*>(menu);
+    auto* inner = window.findChild<QMenu*>(entry);
+    const auto open = [&window](QMenu& shown, QPoint at) {
+        shown.popup(window.mapToGlobal(at));
+        QApplication::processEvents();
+    };
+    open(*outer, {0, 20});
+    outer->setActiveAction(inner->menuAction());
+    const QRect below = outer->actionGeometry(inner->menuAction());
+    open(*inner, window.mapFromGlobal(outer->mapToGlobal(below.topRight())));
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    for (QMenu* shown : {outer, inner})
+        painter.drawPixmap(window.mapFromGlobal(shown->pos()), shown->grab());
+    painter.end();
+    inner->close();
+    outer->close();
+    return SavePicture(picture, folder, name);
 }
 
 // Shows the form as its menu entry does, and closes it once its picture is taken.
@@ -52,6 +82,20 @@ bool TakeModalPicture(vardel::QtPlatform& platform, vardel::Form& form, const QD
         form.CloseByFrame();
     });
     form.ShowModal();
+    return good;
+}
+
+// The loss graph's menu of files that it is saved in, and its values as a table.
+bool TakeExportAndValues(vardel::QtPlatform& platform, vardel::Program& program,
+                         const QDir& folder) {
+    program.MainForm->txtFreq.SetText("900.0");
+    vardel::GraphForm& form = *program.GraphForm;
+    QWidget& window = platform.WindowOf(form);
+    form.Show();
+    bool good = TakeMenuPicture(window, "mnuFile", "mnuFileExport", folder, "export");
+    program.ChartToRead = &form.CTWX1;
+    good &= TakeModalPicture(platform, *program.ValuesForm, folder, "values");
+    form.CloseByFrame();
     return good;
 }
 
@@ -68,7 +112,8 @@ bool TakeLossGraphs(vardel::QtPlatform& platform, vardel::Program& program, cons
     program.GraphForm->cmdUpdateGraph.Press();
     program.GraphForm->CTWX1.SaveMetafile(2,
                                           pictures.filePath("loss-graph-300km.wmf").toStdString());
-    return good & TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
+    good &= TakeModalPicture(platform, *program.GraphForm, pictures, "loss-graph-300km");
+    return good & TakeExportAndValues(platform, program, pictures);
 }
 
 bool TakeFieldStrengthGraphs(vardel::QtPlatform& platform, vardel::Program& program,
@@ -256,7 +301,8 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     good &= TakePrinting(platform, program, pictures);
     good &= TakeTools(platform, program, pictures);
-    const std::string archive = scratch + "/runs.mdb";
+    QDir::setCurrent(QString::fromStdString(scratch));  // the archive's window shows its path
+    const std::string archive = "runs.mdb";
     QFile::copy(QApplication::applicationDirPath() + "/New Model Data.mdb",
                 QString::fromStdString(archive));
     good &= TakeArchive(platform, program, pictures, archive);
@@ -268,7 +314,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
+    if (argc != 2 || *argv[1] == '-') {
         std::fprintf(stderr, "usage: vardel-tour FOLDER\n");
         return 2;
     }
@@ -286,7 +332,7 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     vardel::SetUpApplication(application);
-    const QDir pictures(QString::fromLocal8Bit(argv[1]));
+    const QDir pictures(QDir::current().filePath(QString::fromLocal8Bit(argv[1])));
     if (!pictures.mkpath(".")) return 1;
     return Tour(pictures, scratch.path().toStdString());
 }

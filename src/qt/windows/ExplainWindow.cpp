@@ -34,7 +34,7 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     constexpr int LinesShown = 31;
     const QFontMetrics metrics(terms->widget()->font());
-    ResizeWithinScreen({metrics.horizontalAdvance(QString(122, '0')) + 4 * WindowMargin,
+    ResizeWithinScreen({metrics.horizontalAdvance(QString(128, '0')) + 4 * WindowMargin,
                         metrics.lineSpacing() * LinesShown + 10 * WindowMargin});
 }
 
