@@ -26,14 +26,16 @@ check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc 
   share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
   lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
-  share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,user-guide.md,'pictures/*.png'} \
+  share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,user-guide.md,pictures} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
 check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,__init__.pyi,py.typed,_vardel.so} \
   share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,examples/field_strength.py}
 
-[[ $(readlink -f "$work/vardel/usr/bin/vardel") == "$work/vardel/usr/lib/vardel/vardel" ]] ||
-  { echo "usr/bin/vardel leads elsewhere." >&2; exit 1; }
+for link in bin/vardel share/doc/vardel/pictures; do
+  [[ $(readlink -f "$work/vardel/usr/$link") == "$work/vardel/usr/lib/vardel/${link##*/}" ]] ||
+    { echo "usr/$link leads elsewhere." >&2; exit 1; }
+done
 needs() {
   local package=$1 depends needed
   depends=$(dpkg-deb --field "$work/${package}"_*.deb Depends)
