@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks the formatting of the code; with --fix, mends it.
+# Checks the formatting of the code, with --fix mends it; and includes, links of documents, numbers of releases.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,3 +8,5 @@ mode=(--dry-run --Werror)
 git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format "${mode[@]}"
 
 scripts/check-walls.py src cli python/src
+git ls-files -z '*.md' | xargs -0 scripts/check-links.py
+scripts/release.sh --check
