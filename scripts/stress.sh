@@ -1,16 +1,19 @@
 #!/usr/bin/env bash
 # The long form of the stress tests, under AddressSanitizer and UndefinedBehaviorSanitizer: 10,000
-# random user actions, 1,000 starts with random settings, a log of 100,000 lines, 200 rounds of killing
-# a program that saves, 3,000 reaches beside a sample every metre. Another seed than 1 can be given.
+# random user actions, 1,000 starts with random settings, a log of 100,000 lines, 1,000 kills of a
+# program that saves, 3,000 reaches beside a sample every metre. Another seed than 1 can be given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh test
 scripts/build.sh sanitize
 stress=build/sanitize/tests/stress/vardel_stress
+writer=build/sanitize/tests/stress/vardel_writer
 seed=${1:-1}
 "$stress" user 10000 "$seed"
 "$stress" starts 1000 "$seed"
 "$stress" log 100000
-python3 -B tests/stress/kill_rounds.py "$stress" 200
+for kind in log settings archive exports; do
+  python3 -B tests/stress/kill_rounds.py "$writer" "$kind" 250 "$seed"
+done
 VARDEL_REACH_PATHS=3000 build/sanitize/tests/vardel_core_tests --gtest_filter='Reach.TellsEachMetre*'

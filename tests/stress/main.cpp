@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
@@ -90,29 +89,6 @@ int StartAtRandom(int starts, unsigned seed, const QString& folder) {
     return Report(faults);
 }
 
-// Calculates until it is killed. Tells how many lines the log held at first, and after each save.
-int WriteLines(const QString& folder) {
-    RealProgram real(folder.toStdString());
-    real.services.settings.Write("Vardel", "Loss_FieldStrength", "InfoScreen", "NoScreen");
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, [] {
-        if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
-    });
-    closer.start(1);
-    real.program.Start();
-    closer.stop();
-    const std::string& log = real.program.FrmReport->rtbLog.Text();
-    const auto tell = [&log](const char* what) {
-        std::printf("%s %td\n", what, std::count(log.begin(), log.end(), '\n'));
-        std::fflush(stdout);
-    };
-    tell("found");
-    for (;;) {
-        real.program.MainForm->cmdLossCalc.Press();
-        tell("saved");
-    }
-}
-
 // A log of so many lines is shown, saved, read back and added to.
 int HoldLines(int lines, const QString& folder) {
     RealProgram real(folder.toStdString());
@@ -146,8 +122,7 @@ int Run(std::string_view what, int count, unsigned seed, const QString& folder) 
 int main(int argc, char** argv) {
     const std::string_view what = argc > 2 ? argv[1] : "";
     const QTemporaryDir scratch;
-    const QString folder =
-        what == "writer" ? QString::fromLocal8Bit(argv[2]) : scratch.filePath("vardel");
+    const QString folder = scratch.filePath("vardel");
     for (const char* variable : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
         qputenv(variable, folder.toLocal8Bit());
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -156,11 +131,9 @@ int main(int argc, char** argv) {
     vardel::SetUpApplication(application);
     QApplication::setQuitOnLastWindowClosed(false);
     QDir().mkpath(folder);
-    if (what == "writer") return vardel::WriteLines(folder);
     const int result =
         vardel::Run(what, argc > 2 ? std::atoi(argv[2]) : 0,
                     argc > 3 ? static_cast<unsigned>(std::atoi(argv[3])) : 1U, folder);
-    if (result == 2)
-        std::fprintf(stderr, "usage: vardel_stress user|starts|log COUNT [SEED] | writer FOLDER\n");
+    if (result == 2) std::fprintf(stderr, "usage: vardel_stress user|starts|log COUNT [SEED]\n");
     return result;
 }
