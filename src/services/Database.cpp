@@ -80,6 +80,26 @@ void BindTo(SQLite::Statement& statement, int index, const FieldValue& value) {
         statement.bindNoCopy(index, bytes->data(), static_cast<int>(bytes->size()));
 }
 
+// Waits for other programs in steps of a few ms. The library's own grow to 100 ms, in which
+// programs that write row after row would always be the first again.
+class OpenFile : public SQLite::Database {
+public:
+    OpenFile(const std::string& path, int mode, int longestWait)
+        : SQLite::Database(path, mode), longestWait_(longestWait) {
+        sqlite3_busy_handler(getHandle(), &OpenFile::Wait, this);
+    }
+
+private:
+    static int Wait(void* file, int waits) {
+        constexpr int Step = 5;  // ms
+        if (waits * Step >= static_cast<const OpenFile*>(file)->longestWait_) return 0;
+        sqlite3_sleep(Step);
+        return 1;
+    }
+
+    int longestWait_;  // ms
+};
+
 }  // namespace
 
 NewRow::NewRow(std::shared_ptr<const OpenTable> table) : table_(std::move(table)) {
@@ -214,7 +234,7 @@ std::string Database::NewFile(const std::string& sql) {
 
 Database Database::OpenDatabase(const std::string& path) {
     const bool mayWrite = MayWriteFile(path);
-    auto file = std::make_shared<SQLite::Database>(
+    std::shared_ptr<SQLite::Database> file = std::make_shared<OpenFile>(
         path, mayWrite ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, LongestWait);
     // Nothing is read as yet: here the file is found to be a database, and free.
     if (sqlite3_db_readonly(file->getHandle(), nullptr) == 0)
@@ -226,7 +246,8 @@ Database Database::OpenDatabase(const std::string& path) {
 
 Database Database::OpenForReading(const std::string& path, int longestWait) {
     const auto open = [&](int mode) {
-        auto file = std::make_shared<SQLite::Database>(path, mode, longestWait);
+        std::shared_ptr<SQLite::Database> file =
+            std::make_shared<OpenFile>(path, mode, longestWait);
         file->execAndGet("SELECT count(*) FROM sqlite_master");
         return file;
     };

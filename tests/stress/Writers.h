@@ -10,6 +10,10 @@ namespace vardel {
 // negative. Tells in lines how many the log held at first, and each save that is done.
 int SaveUntilKilled(std::string_view what, const std::string& folder, long call);
 
+// So many actions of a user whose programs share a folder with others', and a usual end. Tells in
+// lines what was saved for good.
+int WorkBesideOthers(int actions, unsigned seed, const std::string& folder);
+
 // After so many of its calls that change a file the program dies as if it were killed; a write is
 // half done then.
 void DieAtFileCall(long call);

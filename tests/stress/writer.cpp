@@ -11,7 +11,9 @@
 
 int main(int argc, char** argv) {
     if (argc < 4) {
-        std::fprintf(stderr, "usage: vardel_writer log|settings|archive|exports FOLDER CALL\n");
+        std::fprintf(stderr,
+                     "usage: vardel_writer log|settings|archive|exports FOLDER CALL\n"
+                     "       vardel_writer beside FOLDER ACTIONS SEED\n");
         return 2;
     }
     const std::string_view what = argv[1];
@@ -21,5 +23,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     vardel::SetUpApplication(application);
     QDir().mkpath(folder);
-    return vardel::SaveUntilKilled(what, folder, std::atol(argv[3]));
+    if (what != "beside") return vardel::SaveUntilKilled(what, folder, std::atol(argv[3]));
+    const auto seed = static_cast<unsigned>(argc > 4 ? std::atoi(argv[4]) : 1);
+    return vardel::WorkBesideOthers(std::atoi(argv[3]), seed, folder);
 }

@@ -29,7 +29,9 @@ bool MakeArchive(Windows& windows, const std::string& path) {
                              .title = Title,
                              .buttons = Message::Buttons::YesNo}) != Answer::Yes)
         return false;
-    if (FileExists(path)) return true;  // since then
+    // Another program may be making it just now, and may have a run in it before this one is done.
+    const FolderLock lock(std::filesystem::path(path).parent_path().string());
+    if (FileExists(path)) return true;
     try {
         ReplaceFile(path, Database::NewFile(ArchiveSchema));
         return true;
