@@ -179,7 +179,7 @@ private:
 }  // namespace
 
 BatchCount RunBatch(const BatchRun& run, RowFormat& format) {
-    RowReader reader(run.source);
+    RowReader reader(run.source, run.readSize);
     const std::string head = reader.TakeHead();
     const std::string_view headText = WithoutLineEnd(head);
     std::vector<CsvField> names;

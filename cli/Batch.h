@@ -57,6 +57,7 @@ struct BatchRun {
     PathInputs defaults;
     unsigned threads = 1;
     std::function<void(const BatchCount&)> progress = {};  // after each written block
+    std::size_t readSize = UsualReadSize;                  // bytes; blocks are about as large
 };
 
 // Reads, calculates and writes all rows, in the order of the input. Empty lines are left out.

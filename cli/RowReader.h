@@ -22,6 +22,8 @@ struct InputError : std::runtime_error {
 // The longest row that is read, so that a quote that is never closed does not fill the memory.
 constexpr std::size_t LongestRow = std::size_t{1} << 20U;
 
+constexpr std::size_t UsualReadSize = std::size_t{1} << 18U;  // bytes
+
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 // Whole rows, one behind the other.
@@ -34,7 +36,9 @@ struct RowBlock {
 // Cuts a stream of CSV between rows. Holds a block and a row at the most.
 class RowReader {
 public:
-    explicit RowReader(Source source) : source_(std::move(source)) {}
+    // readSize: the bytes that one read brings at most.
+    explicit RowReader(Source source, std::size_t readSize = UsualReadSize)
+        : source_(std::move(source)), read_(readSize) {}
 
     // The first row, its line end included but no byte order mark. To be called first, once. Throws
     // InputError where there is none.
@@ -52,7 +56,7 @@ private:
     void FindRows(RowBlock& block, std::size_t mostRows);
 
     Source source_;
-    std::vector<char> read_ = std::vector<char>(std::size_t{1} << 18U);  // what one read brings
+    std::vector<char> read_;  // what one read brings
     std::string buffer_;
     std::size_t scanned_ = 0;  // how much of the buffer the finder has seen
     std::size_t line_ = 1;

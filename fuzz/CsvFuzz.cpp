@@ -8,9 +8,9 @@ namespace {
 
 using namespace vardel::cli;
 
-Source InPieces(std::string_view input, std::size_t piece) {
-    return [input, piece](char* bytes, std::size_t size) mutable {
-        const std::size_t come = input.copy(bytes, std::min(size, piece));
+Source Bytes(std::string_view input) {
+    return [input](char* bytes, std::size_t size) mutable {
+        const std::size_t come = input.copy(bytes, size);
         input.remove_prefix(come);
         return come;
     };
@@ -22,13 +22,15 @@ struct Outcome {
     bool refused = false;
 };
 
-Outcome Run(std::string_view input, std::size_t piece, RowFormat& format) {
+// Reads so many bytes at a time.
+Outcome Run(std::string_view input, std::size_t readSize, RowFormat& format) {
     Outcome outcome;
     try {
-        outcome.count = RunBatch({.source = InPieces(input, piece),
+        outcome.count = RunBatch({.source = Bytes(input),
                                   .output = [&](std::string_view text) { outcome.output += text; },
                                   .messages = [](std::string_view) {},
-                                  .defaults = DefaultPath(vardel::Units::English)},
+                                  .defaults = DefaultPath(vardel::Units::English),
+                                  .readSize = readSize},
                                  format);
     } catch (const InputError&) {
         outcome.refused = true;
@@ -38,7 +40,7 @@ Outcome Run(std::string_view input, std::size_t piece, RowFormat& format) {
 
 // What came out is CSV of as many rows, each with as many fields as its head.
 void CheckCsv(const Outcome& outcome) {
-    RowReader reader(InPieces(outcome.output, outcome.output.size()));
+    RowReader reader(Bytes(outcome.output), outcome.output.size());
     std::vector<CsvField> fields;
     const std::string head = reader.TakeHead();
     Check(!SplitRow(WithoutLineEnd(head), reader.Delimiter(), fields));

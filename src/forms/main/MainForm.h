@@ -31,6 +31,9 @@ public:
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
     void SetDefaultInputs();
+    // What the host or the last run has left in the settings, over the default inputs. A part of
+    // every start.
+    void TakeSettings();
     // What a run takes from the boxes, but for the distance. Nothing, after a message, where a box
     // holds no number that read takes, which can only be one that still has the focus.
     std::optional<PathInputs> ReadInputs(BoxReader read);

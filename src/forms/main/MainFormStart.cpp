@@ -84,9 +84,16 @@ void MainForm::Form_Load() {
     doors_.ReportLog().SetTitle(LogColumnHeader);
     shared_.OutOfRangeColor = OutOfRangePink;
     doors_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
+    shared_.ArchiveFile.clear();
+    TakeSettings();
+    BeginLog();
+    started_ = true;
+    ReadMeasuredTables();
+}
+
+void MainForm::TakeSettings() {
     registry_.emplace(GetPlatform().settings);
     CalledFromHost = registry_->QuorneActive();
-    shared_.ArchiveFile.clear();
     if (CalledFromHost) FillFromHost();
     registry_->SetAppname(GetPlatform().applicationTitle);
     registry_->SetSection(SettingsSection);
@@ -96,9 +103,6 @@ void MainForm::Form_Load() {
             (this->*list).SetText(text);
     recent_.Load();
     RestoreUnits();  // makes the graph forms, with the inputs that stand in the boxes then
-    BeginLog();
-    started_ = true;
-    ReadMeasuredTables();
 }
 
 // The flag leaves the store before anything else happens, so that the next start is its own.

@@ -45,6 +45,7 @@ void RecentPaths::Add(const PathInputs& path) {
 }
 
 void RecentPaths::Load() {
+    paths_.clear();
     Platform& platform = menu_.Owner().GetPlatform();
     std::istringstream stored(platform.settings.Read(platform.applicationTitle, Section, Key));
     for (std::string text; std::getline(stored, text, Separator) && paths_.size() < Most;) {

@@ -103,7 +103,9 @@ void ReachForm::WireEvents() {
     cmdClose.Click = [this] { Unload(); };
 }
 
-void ReachForm::Form_Load() {
+void ReachForm::Form_Load() { TakeSettings(); }
+
+void ReachForm::TakeSettings() {
     const auto stored = [this](const std::string& key) {
         return GetPlatform().settings.Read(GetPlatform().applicationTitle, Section, key);
     };

@@ -24,7 +24,8 @@ public:
 
     // Takes the main form's inputs as they stand.
     void BringUpToDate();
-    // What the next start begins with.
+    // What the window began with at the last start, and at the next.
+    void TakeSettings();
     void SaveSettings();
 
     Label lblPath{*this, "lblPath"};  // the main form's inputs
