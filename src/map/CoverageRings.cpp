@@ -25,7 +25,8 @@ bool IsWritable(const Coverage& coverage) {
     return IsValid(coverage.station) &&
            std::all_of(numbers.begin(), numbers.end(), [](double x) { return std::isfinite(x); }) &&
            std::all_of(coverage.rings.begin(), coverage.rings.end(), [](const CoverageRing& ring) {
-               return std::isfinite(ring.pctLoc) && ring.km > 0.0 && ring.km <= LargestRing;
+               return std::isfinite(ring.pctLoc) && ring.km >= SmallestRing &&
+                      ring.km <= LargestRing;
            });
 }
 

@@ -19,7 +19,9 @@ struct CoverageRing {
     bool inRange = false;  // the model covers that distance
 };
 
-constexpr double LargestRing = 1000.0;  // km
+// Of a ring's radius, in km. Rounding to a centimetre leaves nothing of the smallest circles.
+constexpr double SmallestRing = 0.001;
+constexpr double LargestRing = 1000.0;
 
 // The circles of one station.
 struct Coverage {
@@ -37,8 +39,8 @@ Coverage CoverageOf(const ReachTable& table, const Place& station);
 // lie on geodesics of the WGS 84 ellipsoid; where it crosses the antimeridian it is cut there into
 // two polygons, and round a pole it goes along it to the pole.
 //
-// Nothing when the station's place is not valid, another number not finite, or a radius not above
-// zero or above LargestRing.
+// Nothing when the station's place is not valid, another number not finite, or a radius below
+// SmallestRing or above LargestRing.
 std::optional<std::string> CoverageGeoJson(const Coverage& coverage);
 std::optional<std::string> CoverageKml(const Coverage& coverage);
 

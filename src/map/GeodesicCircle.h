@@ -22,8 +22,8 @@ using PolygonRing = std::vector<Position>;
 
 // The circle of a radius in km on the WGS 84 ellipsoid, a point each degree of azimuth, as polygons
 // that do not cross the antimeridian: one, two where the circle crosses it. One round a pole has
-// two sides along the antimeridian and one along the pole. place is valid, the radius at most
-// LargestRing.
+// two sides along the antimeridian and one along the pole. place is valid, the radius from
+// SmallestRing to LargestRing.
 std::vector<PolygonRing> GeodesicCircle(const Place& place, double km);
 
 }  // namespace vardel

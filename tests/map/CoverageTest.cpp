@@ -62,7 +62,7 @@ TEST(CoverageRings, AreReadByGdal) {
 TEST(CoverageRings, HaveTheirModelsColoursAndNoImpossibleRadius) {
     Coverage coverage{{50, 8}, {}, Goal::AllowedLoss(130), {{ModelNumber::Davidson, 50, 100}}};
     EXPECT_NE(CoverageKml(coverage)->find("<color>ff0000ff</color>"), std::string::npos);
-    for (const double km : {0.0, -1.0, 1000.1, std::nan("")}) {
+    for (const double km : {0.0, 1e-9, -1.0, 1000.1, std::nan("")}) {
         coverage.rings[0].km = km;
         EXPECT_FALSE(CoverageGeoJson(coverage));
     }
