@@ -21,12 +21,12 @@ check() {
 
 check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc 'include/vardel/models/*.h' \
   lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
-  share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,examples/{CMakeLists.txt,curves.cpp,path_loss.cpp}}
+  share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,models.md,examples/{CMakeLists.txt,curves.cpp,path_loss.cpp}}
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
   share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
   lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
-  share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,user-guide.md,pictures} \
+  share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,models.md,user-guide.md,pictures} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
 check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,__init__.pyi,py.typed,_vardel.so} \

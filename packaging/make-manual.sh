@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Makes the compiled manual from the user guide: make-manual.sh GUIDE.md MANUAL.chm
+# Makes the compiled manual from the user guide and the pages about the models:
+# make-manual.sh MANUAL.chm GUIDE.md MODELS.md
 set -euo pipefail
 
-guide=$1
-manual=$2
+manual=$1
+guide=$2
+models=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -12,8 +14,10 @@ cp -r "$(dirname "$guide")/pictures" "$work"
 title=$(sed -n 's/^# //p' "$guide" | head -n 1)
 {
   printf '<html><head><meta charset="utf-8"><title>%s</title></head><body>\n' "$title"
-  sed '/^<!-- topic:/d' "$guide" | cmark-gfm --extension table --to html |
-    awk '/^<h2>/ { sub("<h2>", "<h2 id=\"section" ++n "\">") } { print }'
+  sed -s '/^<!-- topic:/d; $G' "$guide" "$models" | cmark-gfm --extension table --to html |
+    sed "s/href=\"$(basename "$models")\"/href=\"#models\"/" |
+    awk '/^<h1>/ && ++titles == 2 { sub("<h1>", "<h1 id=\"models\">") }
+         /^<h2>/ { sub("<h2>", "<h2 id=\"section" ++n "\">") } { print }'
   printf '</body></html>\n'
 } > "$work/guide.html"
 

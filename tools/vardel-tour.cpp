@@ -308,6 +308,8 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeArchive(platform, program, pictures, archive);
     platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Inputs));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
+    platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Davidson));
+    good &= TakePicture(*platform.GetHelp().Window(), pictures, "help-model");
     return good ? 0 : 1;
 }
 

@@ -21,6 +21,11 @@ enum class HelpTopic : int {
     Archive = 380,
     ReportLog = 400,
     Printing = 410,
+    AllModels = 500,
+    Itu529 = 510,
+    Davidson = 520,
+    Cost231 = 530,
+    UsVariant = 540,
 };
 
 }  // namespace vardel

@@ -6,8 +6,9 @@
 
 namespace vardel {
 
-// The manual, docs/user-guide.md, as Markdown. A comment line before a heading of the second level
-// gives the topics of the context help that its section answers.
+// The manual, docs/user-guide.md and then docs/models.md, as Markdown. A comment line before a
+// heading of the second level gives the topics of the context help that its section answers. No two
+// of these headings are alike.
 extern const std::string_view UserGuide;
 
 struct GuideSection {

@@ -1,6 +1,7 @@
 #include "qt/windows/HelpWindow.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
@@ -13,6 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "controls/HelpTopic.h"
 #include "forms/help/UserGuide.h"
 #include "forms/shared/Palette.h"
 #include "qt/services/Convert.h"
@@ -85,7 +87,7 @@ HelpWindow::HelpWindow()
     for (const GuideSection& section : GuideSections()) sections_->addItem(ToQt(section.heading));
     text_->setAccessibleName("Text");
     text_->document()->setDocumentMargin(16);
-    text_->setOpenExternalLinks(true);
+    text_->setOpenLinks(false);
     AddPictures(*text_->document(), *this);
     text_->setMarkdown(ToQt(GuideMarkdown()));
     StyleTables(*text_->document()->rootFrame());
@@ -106,6 +108,13 @@ HelpWindow::HelpWindow()
     column->addWidget(splitter);
 
     QObject::connect(sections_, &QListWidget::currentRowChanged, this, &HelpWindow::ShowSection);
+    // The guide's one neighbour is part of the same text here.
+    QObject::connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+        if (link.isRelative())
+            ShowTopic(static_cast<int>(HelpTopic::AllModels));
+        else
+            QDesktopServices::openUrl(link);
+    });
     QObject::connect(search_, &QLineEdit::textChanged, this, [this] { Find(false); });
     QObject::connect(search_, &QLineEdit::returnPressed, this, [this] { Find(true); });
     QObject::connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
