@@ -31,6 +31,10 @@ public:
     bool HasOwnColors() const { return ownColors_ || backColor_ != White; }
     void SetOwnColors() { ownColors_ = true; }
 
+    // The topic of what is held down in the form, which takes no focus; None: nothing is held.
+    HelpTopic HeldTopic() const { return heldTopic_; }
+    void SetHeldTopic(HelpTopic topic) { Assign(heldTopic_, topic); }
+
     const std::vector<MenuItem*>& MenuBar() const { return menuBar_; }
     Platform& GetPlatform() const { return platform_; }
 
@@ -60,6 +64,7 @@ private:
     std::string name_;
     std::string caption_;
     Pointer pointer_ = Pointer::Normal;
+    HelpTopic heldTopic_ = HelpTopic::None;
     std::vector<MenuItem*> menuBar_;
 
     bool ownColors_ = false;

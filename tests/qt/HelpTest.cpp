@@ -40,6 +40,13 @@ TEST(QtHelp, F1AnswersWhereTheFocusOrTheOpenMenuIs) {
     EXPECT_EQ(topicAt("txtPctTime"), "Percent of time");
     EXPECT_EQ(topicAt("cmbcitysize"), "Area and city size");
     EXPECT_EQ(topicAt("mnuUnits"), "Units menu");
+    auto* davidson = window.findChild<QWidget*>("lblLDavidson(1)");
+    QTest::mousePress(davidson, Qt::LeftButton);
+    EXPECT_EQ(topicAt("txtFreq"), "Okumura-Hata-Davidson") << "while its name is held";
+    QTest::mouseRelease(davidson, Qt::LeftButton);
+    EXPECT_EQ(topicAt("txtFreq"), inputs) << "once it is let go";
+    QTest::keyPress(&window, Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(topicAt("txtFreq"), "COST 231") << "while a key holds it";
     window.activateWindow();
     program.MainForm->mnuHelpVardel.Pick();
     auto& help = *platform.GetHelp().Window();

@@ -57,6 +57,7 @@ void MainForm::SetAppearance() {
         for (Label& head : this->*labels.heads) {
             head.SetBackColor(Teal);
             head.SetForeColor(White);
+            head.SetToolTipText("Hold for the model's range, and press F1 for its formula");
         }
     }
     for (Label* head : {&Label28, &lblFieldStrength}) {

@@ -4,6 +4,7 @@
 #include "engine/Units.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
+#include "forms/help/ModelTopics.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/Palette.h"
@@ -46,7 +47,8 @@ bool Outside(const TextBox& box, double factor, double low, double high) {
 
 void MainForm::WireRangeHints() {
     for (const ModelLabels& labels : LabelsOfModels) {
-        const auto show = [this, &hint = RangeHints.at(IndexOf(labels.model))] {
+        const auto show = [this, topic = TopicOf(labels.model),
+                           &hint = RangeHints.at(IndexOf(labels.model))] {
             const bool english = mnuUnitsEnglish.Checked();
             const double height = english ? MetresPerFoot : 1.0;
             const double distance = english ? KmPerMile : 1.0;
@@ -60,6 +62,7 @@ void MainForm::WireRangeHints() {
                 txtDist.SetBackColor(shared_.OutOfRangeColor);
             lblHelpRange.SetCaption(hint.text);
             GetPlatform().windows.Announce(hint.text);
+            SetHeldTopic(topic);
         };
         for (Label& head : this->*labels.heads) {
             head.MouseDown = show;
@@ -71,6 +74,7 @@ void MainForm::WireRangeHints() {
 void MainForm::EndRangeHint() {
     for (TextBox* box : {&txtFreq, &txthb, &txthm, &txtDist}) box->SetBackColor(White);
     lblHelpRange.SetCaption("");
+    SetHeldTopic(HelpTopic::None);
 }
 
 // What is painted already keeps its colour until the next run.

@@ -3,6 +3,7 @@
 #include "engine/Explanation.h"
 #include "engine/PathText.h"
 #include "forms/Doors.h"
+#include "forms/help/ModelTopics.h"
 #include "forms/main/MainForm.h"
 #include "forms/shared/BoxRule.h"
 #include "services/Platform.h"
@@ -38,6 +39,8 @@ ExplainForm::ExplainForm(Platform& platform, Doors& doors)
 void ExplainForm::Form_Load() { BringUpToDate(); }
 
 void ExplainForm::BringUpToDate() {
+    const Model& model = ModelOf(static_cast<ModelNumber>(cmbModel.SelectedItemData()));
+    cmbModel.SetHelpContextID(TopicOf(model.number));
     if (!doors_.MainForm.Loaded()) return;
     const auto path = doors_.MainForm->ReadPathQuietly();
     cmdCopy.SetEnabled(path.has_value());
@@ -46,7 +49,6 @@ void ExplainForm::BringUpToDate() {
         lblTerms.SetCaption("");
         return;
     }
-    const Model& model = ModelOf(static_cast<ModelNumber>(cmbModel.SelectedItemData()));
     lblPath.SetCaption(DistanceText(*path) + ", " + PathText(*path) + ", " +
                        PercentText(path->pctLoc) + " of locations");
     lblTerms.SetCaption(ExplanationText(model, MetricInputs(*path), path->powerWatts));

@@ -14,7 +14,9 @@ namespace vardel {
 
 namespace {
 
-int TopicAtFocus() {
+int TopicAtHand() {
+    if (const QWidget* window = QApplication::activeWindow())
+        if (const int held = window->property("heldTopic").toInt(); held != 0) return held;
     QWidget* at = QApplication::activePopupWidget();
     if (at == nullptr) at = QApplication::focusWidget();
     if (at == nullptr) at = QApplication::activeWindow();
@@ -60,7 +62,7 @@ void QtHelp::ShowTopic(int topic) {
 bool QtHelp::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !answersF1_ || !watched->isWidgetType()) return false;
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
-    const int topic = TopicAtFocus();
+    const int topic = TopicAtHand();
     if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
     ShowTopic(topic);
     return true;

@@ -9,7 +9,8 @@
 namespace vardel {
 
 // F1 anywhere in the program opens the manual at the topic of the control that has the focus or of
-// the menu that is open, else at that of what contains it.
+// the menu that is open, else at that of what contains it; while something without focus is held
+// down, at that of this.
 class QtHelp : public QObject, public Help {
 public:
     QtHelp();

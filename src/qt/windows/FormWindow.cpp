@@ -65,6 +65,7 @@ void FormWindow::ShowProperties() {
     setWindowTitle(ToQt(form_->Caption()));
     const HelpTopic own = form_->HelpContextID();
     setProperty("helpTopic", static_cast<int>(own != HelpTopic::None ? own : topic_));
+    setProperty("heldTopic", static_cast<int>(form_->HeldTopic()));
     QPalette colors = palette();
     colors.setColor(QPalette::Window, GroundOf(*form_));
     setPalette(colors);

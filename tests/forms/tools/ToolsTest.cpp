@@ -195,6 +195,7 @@ TEST_F(Tools, ANumberIsExplained) {
     Main().mnuToolsExplain.Pick();
     ExplainForm& explain = *program.ExplainForm;
     explain.cmbModel.SetText("Cost 231");
+    EXPECT_EQ(explain.cmbModel.HelpContextID(), HelpTopic::Cost231);
     const std::string& text = explain.lblTerms.Caption();
     EXPECT_THAT(text, HasSubstr("\nFrequency                          + 33.9 log f"));
     EXPECT_THAT(text, HasSubstr("− (2 (log(f / 28))² + 5.4)"));
