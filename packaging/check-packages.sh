@@ -15,7 +15,7 @@ check() {
   expected=$(printf '%s\n' "$@" | sort)
   dpkg-deb --extract "$work/${package}"_*.deb "$work/$package"
   diff <(echo "$expected") <(cd "$work/$package/usr" && find . ! -type d -printf '%P\n' |
-    sed -E 's|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\..*|\1.so|' | sort --unique) ||
+    sed -E 's|^lib/[^/]+-linux-gnu[^/]*/|lib/|; s|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\..*|\1.so|' | sort --unique) ||
     { echo "$package holds (>) other files than it should (<)." >&2; exit 1; }
 }
 
@@ -48,6 +48,7 @@ needs python3-vardel python3-numpy 'python3 (<<' libsqlite3-0
 # It is there for servers, too.
 depends=$(dpkg-deb --field "$work"/vardel-calc_*.deb Depends)
 [[ $depends != *qt* ]] || { echo "vardel-calc depends on more than it needs: $depends" >&2; exit 1; }
+lintian --no-cfg --allow-root --fail-on error,warning "$work"/*.deb
 cd /  # where no other module of the name is
 PYTHONPATH=$work/python3-vardel/usr/lib/python3/dist-packages /usr/bin/python3 -B -c '
 import vardel

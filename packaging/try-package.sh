@@ -40,6 +40,7 @@ in_root su engineer -c '
     cat vardel.log"'
 cp "$root/home/engineer/picture.png" build/packages/installed.png
 test -s "$root/home/engineer/.config/vardel/Vardel.ini"
+in_root sh -c 'test "$(vardel --version)" = "Vardel $(dpkg-query -W -f "\${Version}" vardel)"'
 in_root vardel-calc | grep -F 143.129
 in_root su engineer -c 'python3 -c "import vardel; print(vardel.itu529_loss(450, 10))"' | grep -q ^143.129
 in_root dpkg --verify vardel vardel-calc libvardel-models-dev python3-vardel

@@ -19,7 +19,7 @@ for purpose in "$@"; do
       libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
       libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox gdal-bin
       pybind11-dev python3-dev python3-numpy python3-pytest python3-matplotlib python3-venv
-      clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream man-db dpkg-dev file) ;;
+      clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream lintian man-db dpkg-dev file) ;;
     package) packages+=(dpkg-dev file pybind11-dev python3-dev) ;;
     *) echo "usage: $0 [test] [package]" >&2; exit 2 ;;
   esac
