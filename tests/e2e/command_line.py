@@ -62,7 +62,8 @@ class CommandLine(unittest.TestCase):
             self.assertIn(error, errors)
             self.assertEqual(bool(out), status == 0, words)
         self.assertEqual([line for line in calc("--help")[1].decode().splitlines() if len(line) > 79], [])
-        for words in (["--help"], ["curve"], ["log"]):
+        self.file.write_text(HEAD + "a,450,10\n")
+        for words in (["--help"], ["curve"], ["log"], ["batch", str(self.file)]):
             with open("/dev/full", "wb") as full:
                 done = subprocess.run([PROGRAM, *words], stdout=full, stderr=subprocess.PIPE)
             self.assertEqual(done.returncode, 1)
