@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The long form of the stress tests, under AddressSanitizer and UndefinedBehaviorSanitizer: 10,000
 # random user actions, 1,000 starts with random settings, a log of 100,000 lines, 1,000 kills of a
-# program that saves, four programs at once with an hour of a user's actions each, 3,000 reaches
-# beside a sample every metre. Another seed than 1 can be given.
+# program that saves, four programs at once with an hour of a user's actions each, a lost display
+# and a signal while each of the windows is open, 3,000 reaches beside a sample every metre. Another seed than 1 can be given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -18,4 +18,5 @@ for kind in log settings archive exports; do
   python3 -B tests/stress/kill_rounds.py "$writer" "$kind" 250 "$seed"
 done
 python3 -B tests/stress/four_programs.py "$writer" 3600 "$seed"
+python3 -B tests/e2e/lost_session.py build/sanitize/vardel all
 VARDEL_REACH_PATHS=3000 build/sanitize/tests/vardel_core_tests --gtest_filter='Reach.TellsEachMetre*'

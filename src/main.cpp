@@ -40,7 +40,11 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);
     vardel::QtPlatform platform;
     vardel::Program program(platform.Services());
-    const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); });
+    const auto endWithoutDisplay = [&] {
+        platform.LetGoOfForms();
+        program.EndWithoutDisplay();
+    };
+    const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); }, endWithoutDisplay);
     program.Start();
     // From the event loop, which the end of the program ends.
     QTimer::singleShot(0, &application, [&program] { program.Introduce(); });

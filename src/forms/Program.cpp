@@ -70,6 +70,11 @@ void Program::EndSession() {
     });
 }
 
+void Program::EndWithoutDisplay() {
+    DisplayLost = true;
+    EndSession();
+}
+
 RLogClass& Program::TheReportLog() {
     if (!reportLog_) reportLog_ = std::make_unique<RLogClass>(platform, *this);
     return *reportLog_;

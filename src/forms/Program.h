@@ -22,6 +22,8 @@ public:
     // The session ends or the program is told to go: saves what an exit would that retains the log,
     // with no question asked.
     void EndSession();
+    // The same where nothing can be shown any more.
+    void EndWithoutDisplay();
 
 private:
     RLogClass& TheReportLog();  // made on first use

@@ -41,8 +41,9 @@ struct SharedData {
     // How often the session was said to end, which may be called off. Whoever waits for an answer
     // has none from the user where this has grown meanwhile.
     int SessionEnds = 0;
-    std::string TempLogFile;  // the log's file; empty: the log has none
-    std::string ArchiveFile;  // chosen since the start; empty: none yet
+    bool DisplayLost = false;  // nothing is shown any more, and the program is about to die
+    std::string TempLogFile;   // the log's file; empty: the log has none
+    std::string ArchiveFile;   // chosen since the start; empty: none yet
     vardel::MeasuredTable MeasuredTable;
     FieldStrengthGraph GraphMode = FieldStrengthGraph::Davidson;
     bool ShowMeasuredData = false;  // whether graphs lay measured data over their curves

@@ -60,6 +60,7 @@ void MainForm::MarkValuesStale() {
 }
 
 void MainForm::BringToolsUpToDate() {
+    if (shared_.DisplayLost) return;
     ShowStatus();
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->BringUpToDate();
     if (doors_.ExplainForm.Loaded()) doors_.ExplainForm->BringUpToDate();

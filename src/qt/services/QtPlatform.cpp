@@ -140,6 +140,11 @@ FormWindow& QtPlatform::WindowOf(Form& form) {
     return *window;
 }
 
+void QtPlatform::LetGoOfForms() {
+    for (auto& [form, window] : windows_) window->LetGo();
+    windows_.clear();
+}
+
 // Closed, the window gives the keyboard back to the one that it came up over.
 void QtPlatform::Show(Form& form) {
     FormWindow& window = WindowOf(form);

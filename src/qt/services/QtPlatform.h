@@ -24,6 +24,9 @@ public:
     Platform Services();
     // The window that shows the form, made when it is first asked for.
     FormWindow& WindowOf(Form& form);
+    // No window shows anything of its form any more: with its display, the toolkit has lost what
+    // that needs.
+    void LetGoOfForms();
 
     void Show(Form& form) override;
     void ShowModal(Form& form, Form* owner) override;

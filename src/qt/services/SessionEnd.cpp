@@ -8,6 +8,8 @@
 #include <QSocketNotifier>
 #include <array>
 #include <csignal>
+#include <cstdlib>
+#include <utility>
 
 namespace vardel {
 
@@ -18,6 +20,8 @@ constexpr std::array<int, 3> Signals = {SIGTERM, SIGHUP, SIGINT};
 // What a signal handler may reach: it writes a byte to the one end, the event loop reads the other.
 std::array<int, 2> ends = {-1, -1};
 
+SessionEnd* living = nullptr;
+
 void OnSignal(int) {
     const char byte = 1;
     [[maybe_unused]] const ssize_t written = ::write(ends[0], &byte, 1);
@@ -25,7 +29,14 @@ void OnSignal(int) {
 
 }  // namespace
 
-SessionEnd::SessionEnd(std::function<void()> onEnd) : onEnd_(std::move(onEnd)) {
+void SessionEnd::OnExit() {
+    if (living != nullptr) std::exchange(living, nullptr)->onDeath_();
+}
+
+SessionEnd::SessionEnd(std::function<void()> onEnd, std::function<void()> onDeath)
+    : onEnd_(std::move(onEnd)), onDeath_(std::move(onDeath)) {
+    [[maybe_unused]] static const int registered = std::atexit(OnExit);
+    living = this;
     QObject::connect(
         qApp, &QGuiApplication::commitDataRequest, this, [this] { onEnd_(); },
         Qt::DirectConnection);
@@ -41,6 +52,7 @@ SessionEnd::SessionEnd(std::function<void()> onEnd) : onEnd_(std::move(onEnd)) {
 }
 
 SessionEnd::~SessionEnd() {
+    living = nullptr;
     for (const int number : Signals) std::signal(number, SIG_DFL);
     for (int& end : ends) {
         if (end >= 0) ::close(end);

@@ -6,10 +6,11 @@
 namespace vardel {
 
 // Tells when the desktop session ends or the program is told to go by a signal (SIGTERM, SIGHUP,
-// SIGINT). After a signal the event loop ends. One at a time.
+// SIGINT), after which the event loop ends; and when the program dies by exit while this lives, as
+// the window system ends it that has lost its display. One at a time.
 class SessionEnd : public QObject {
 public:
-    explicit SessionEnd(std::function<void()> onEnd);
+    SessionEnd(std::function<void()> onEnd, std::function<void()> onDeath);
     SessionEnd(const SessionEnd&) = delete;
     SessionEnd& operator=(const SessionEnd&) = delete;
     ~SessionEnd() override;
@@ -18,8 +19,11 @@ public:
     bool Signalled() const { return signalled_; }
 
 private:
+    static void OnExit();
+
     bool signalled_ = false;
     std::function<void()> onEnd_;
+    std::function<void()> onDeath_;
 };
 
 }  // namespace vardel

@@ -55,10 +55,14 @@ FormWindow::~FormWindow() { Release(); }
 
 void FormWindow::Release() {
     if (form_ == nullptr) return;
+    LetGo();
+    hide();
+}
+
+void FormWindow::LetGo() {
     form_->SetView({});
     form_ = nullptr;
     binder.Release();
-    hide();
 }
 
 void FormWindow::ShowProperties() {

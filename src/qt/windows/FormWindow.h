@@ -33,6 +33,8 @@ public:
 
     // Hides the window and cuts every tie by which it and the form tell each other something.
     void Release();
+    // Likewise, but the window stays as it is.
+    void LetGo();
 
     // Called whenever the window has been hidden.
     void SetOnHidden(std::function<void()> onHidden) { onHidden_ = std::move(onHidden); }
