@@ -21,6 +21,8 @@ public:
     std::optional<SaveChoice> AskSaveFile(const FileDialog&) override { return saveChoice; }
     std::optional<std::string> AskOpenFile(const FileDialog&) override { return archive; }
     std::string AskText(const TextQuestion&) override { return comment; }
+    // With no event loop to end, Qt would let none wait that a window of a later test runs.
+    void EndProgram() override {}
 
     std::vector<std::string> told;  // by messages that ask nothing
     Answer yesNo = Answer::Yes;
