@@ -35,6 +35,11 @@ private:
     int fd_;
 };
 
+// Without the ending that parts have.
+std::string PartBase(const fs::path& target) {
+    return (target.parent_path() / ("." + target.filename().string().substr(0, 200))).string();
+}
+
 struct PartFile {
     Descriptor file;
     std::string path;
@@ -44,8 +49,7 @@ struct PartFile {
 // so that a program killed while writing leaves at most one, which the next save takes up; only
 // where another program is writing just now comes a number behind it.
 PartFile OpenPart(const fs::path& target, mode_t mode) {
-    const std::string base =
-        (target.parent_path() / ("." + target.filename().string().substr(0, 200))).string();
+    const std::string base = PartBase(target);
     for (int attempt = 0; attempt < 100; ++attempt) {
         const std::string path =
             base + (attempt == 0 ? ".part" : "." + std::to_string(attempt) + ".part");
@@ -156,6 +160,11 @@ void ReplaceFile(const std::string& path, std::string_view content, Access acces
         throw;
     }
     FlushFolder(target.parent_path());
+}
+
+void RemoveFile(const std::string& path) {
+    ::unlink(path.c_str());
+    ::unlink((PartBase(path) + ".part").c_str());
 }
 
 }  // namespace vardel

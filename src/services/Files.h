@@ -47,4 +47,8 @@ private:
 void ReplaceFile(const std::string& path, std::string_view content,
                  Access access = Access::AsUsual);
 
+// With what a program that was killed while replacing it has left beside. A file that has gone is
+// no error.
+void RemoveFile(const std::string& path);
+
 }  // namespace vardel

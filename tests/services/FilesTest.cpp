@@ -123,6 +123,13 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
     EXPECT_EQ(PartFiles(folder_.Path()), 0U);
 }
 
+TEST_F(FilesTest, AFileGoesWithWhatAKilledSaveLeftBesideIt) {
+    ReplaceFile(path_, "whole");
+    ReplaceFile(folder_.Path(".log.rtf.part"), "half");
+    RemoveFile(path_);
+    EXPECT_TRUE(fs::is_empty(folder_.Path()));
+}
+
 TEST_F(FilesTest, UniqueFilesAreForTheUserAlone) {
     ::umask(0);
     const std::string state = folder_.Path("deep/state");

@@ -44,7 +44,7 @@ bool TempLog::TakeUpOrphan() {
         std::error_code error;
         if (!claim || !fs::exists(path, error)) continue;
         if (fs::file_size(path, error) == 0) {
-            fs::remove(path, error);  // begun, and never saved to
+            RemoveFile(path.string());  // begun, and never saved to
             continue;
         }
         claim_ = std::move(claim);
@@ -80,8 +80,7 @@ std::string TempLog::SetAside() {
 
 void TempLog::Delete() {
     if (!claim_) return;
-    std::error_code gone;
-    fs::remove(claim_->Path(), gone);
+    RemoveFile(claim_->Path());
     claim_.reset();
 }
 
