@@ -177,6 +177,10 @@ class WholeProgram(unittest.TestCase):
         user.type("32")
         user.keys("alt+a", "Escape")  # in haste
         user.wait_until_gone("Reach")
+        user.keys("ctrl+e")  # which a box would take as End
+        user.wait_for_window("Explain This Number")
+        user.keys("Escape")
+        user.wait_until_gone("Explain This Number")
         self.exit()
         self.assertIn("5.196 km at 95 % of locations", user.log_text())
 

@@ -14,21 +14,17 @@
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
-#include "qt/services/QtPlatform.h"
 #include "stress/RandomUser.h"
+#include "support/ServicesIn.h"
 
 namespace vardel {
 namespace {
 
 struct RealProgram {
-    explicit RealProgram(const std::string& folder) {
-        services.programDirectory = folder;
-        services.stateDirectory = folder + "/state";
-    }
+    explicit RealProgram(const std::string& folder) : program(ServicesIn(folder, platform)) {}
 
     QtPlatform platform;
-    Platform services{platform.Services()};
-    Program program{services};
+    Program program;
 };
 
 // Of Qt, but for those that every program without a display and a desktop gets.
@@ -77,9 +73,10 @@ int StartAtRandom(int starts, unsigned seed, const QString& folder) {
     for (int start = 0; start < starts; ++start) {
         RealProgram real(folder.toStdString());
         for (int i = 0; i < 6; ++i)
-            real.services.settings.Write("Vardel", "Loss_FieldStrength", any(Keys), any(Texts));
-        real.services.settings.Write("Ostrel_Quorne", "Global Parameters", any(HostKeys),
-                                     any(Texts));
+            real.program.platform.settings.Write("Vardel", "Loss_FieldStrength", any(Keys),
+                                                 any(Texts));
+        real.program.platform.settings.Write("Ostrel_Quorne", "Global Parameters", any(HostKeys),
+                                             any(Texts));
         RandomUser user(static_cast<unsigned>(random()), 5, folder);
         QTimer::singleShot(0, [&real] { real.program.Start(); });
         user.Use();

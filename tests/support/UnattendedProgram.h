@@ -5,9 +5,9 @@
 
 #include "forms/Program.h"
 #include "forms/graphs/GraphForm.h"
-#include "qt/services/QtPlatform.h"
 #include "services/Files.h"
 #include "support/Exports.h"
+#include "support/ServicesIn.h"
 
 namespace vardel {
 
@@ -34,7 +34,7 @@ public:
 // The real program as it stands beside its user, with everything that it can save at hand.
 struct UnattendedProgram {
     // The archive is in the folder, and the state in a folder there.
-    explicit UnattendedProgram(const std::string& folder) : program(ServicesIn(folder)) {
+    explicit UnattendedProgram(const std::string& folder) : program(ServicesIn(folder, platform)) {
         platform.archive = folder + "/runs.mdb";
         ReplaceFile(folder + "/measured.csv", MeasuredExample);
         program.Start();
@@ -58,14 +58,6 @@ struct UnattendedProgram {
 
     UnattendedPlatform platform;
     Program program;
-
-private:
-    Platform ServicesIn(const std::string& folder) {
-        Platform services = platform.Services();
-        services.programDirectory = folder;
-        services.stateDirectory = folder + "/state";
-        return services;
-    }
 };
 
 }  // namespace vardel

@@ -24,6 +24,7 @@
 #include "qt/windows/DecimalKey.h"
 #include "qt/windows/DesktopColors.h"
 #include "qt/windows/MenuIcons.h"
+#include "qt/windows/MenuKeys.h"
 
 namespace vardel {
 
@@ -229,6 +230,7 @@ void Binder::Bind(TextBox& box, QLineEdit& edit) {
                          if (*alive) box.SetText(FromQt(text));
                      });
     edit.installEventFilter(new FocusFilter(box, alive_, edit));
+    LeaveKeysToMenus(edit);
     if (box.HoldsNumber()) TakeCommaAsPoint(edit);
 }
 
