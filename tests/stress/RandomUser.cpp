@@ -114,10 +114,11 @@ void RandomUser::Act() {
     if (QWidget* popup = QApplication::activePopupWidget()) return ActOnPopup(*popup);
     QWidget* modal = QApplication::activeModalWidget();
     QList<QWidget*> windows;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr &&
-            (modal == nullptr || window->objectName() == "HelpWindow"))
-            windows << window;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool isHelp = window->objectName() == "HelpWindow";  // which no other window blocks
+        const bool isOther = modal == nullptr && qobject_cast<QMainWindow*>(window) != nullptr;
+        if (window->isVisible() && (isHelp || isOther)) windows << window;
+    }
     if (modal != nullptr && (windows.isEmpty() || Below(10) > 0)) windows = {modal};
     if (windows.isEmpty()) return;
     QWidget& window = *windows[Below(static_cast<int>(windows.size()))];
