@@ -10,22 +10,15 @@
 #include <random>
 #include <string_view>
 
-#include "forms/Program.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
+#include "stress/DayOfUse.h"
 #include "stress/RandomUser.h"
-#include "support/ServicesIn.h"
+#include "stress/RealProgram.h"
 
 namespace vardel {
 namespace {
-
-struct RealProgram {
-    explicit RealProgram(const std::string& folder) : program(ServicesIn(folder, platform)) {}
-
-    QtPlatform platform;
-    Program program;
-};
 
 // Of Qt, but for those that every program without a display and a desktop gets.
 QStringList& Warnings() {
@@ -41,6 +34,7 @@ void KeepWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
 
 int Report(QStringList faults) {
     faults += Warnings();
+    faults.removeAll(QString());
     for (const QString& fault : faults) std::fprintf(stderr, "%s\n", qPrintable(fault));
     return faults.isEmpty() ? 0 : 1;
 }
@@ -110,6 +104,7 @@ int Run(std::string_view what, int count, unsigned seed, const QString& folder) 
     if (what == "user") return UseAtRandom(count, seed, folder);
     if (what == "starts") return StartAtRandom(count, seed, folder);
     if (what == "log") return HoldLines(count, folder);
+    if (what == "day") return Report({DayOfUse(count, folder).Use()});
     return 2;
 }
 
@@ -131,6 +126,7 @@ int main(int argc, char** argv) {
     const int result =
         vardel::Run(what, argc > 2 ? std::atoi(argv[2]) : 0,
                     argc > 3 ? static_cast<unsigned>(std::atoi(argv[3])) : 1U, folder);
-    if (result == 2) std::fprintf(stderr, "usage: vardel_stress user|starts|log COUNT [SEED]\n");
+    if (result == 2)
+        std::fprintf(stderr, "usage: vardel_stress user|starts|log|day COUNT [SEED]\n");
     return result;
 }

@@ -11,6 +11,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPixmapCache>
 #include <QPointer>
 #include <QStandardPaths>
 #include <QStyle>
@@ -101,6 +102,10 @@ void SetUpApplication(QApplication& application) {
     // Nothing here is the desktop's own look: the forms' colours are told one by one.
     LearnDesktop();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
+    // The style keeps the pictures of its buttons by the palettes of their windows, which no later
+    // window has: what a few windows need is enough.
+    constexpr int StylePictures = 2048;  // kB
+    QPixmapCache::setCacheLimit(StylePictures);
     QApplication::setPalette(ApplicationPalette());
     // Metric-compatible stand-ins for the fonts that the forms name.
     QFont::insertSubstitution("MS Sans Serif", "Liberation Sans");
