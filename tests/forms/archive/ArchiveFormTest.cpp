@@ -69,6 +69,8 @@ TEST_F(ArchiveWindows, RunsAreListedSortedAndFound) {
     EXPECT_THAT(Column(0), ElementsAre("3", "2", "1"));
     Form().lstRuns.SetSort(2, false);
     EXPECT_THAT(Column(2), ElementsAre("Fire brigade", "Fire brigade", "first light"));
+    Form().lstRuns.SetSort(3, false);
+    EXPECT_THAT(Column(0), ElementsAre("1", "3", "2")) << "the last has its heights in feet";
     Form().txtSearch.SetText("FIRE suburban");
     EXPECT_THAT(Column(0), ElementsAre("2"));
     Form().lstRuns.Select(0);
@@ -140,11 +142,35 @@ TEST_F(ArchiveWindows, RunsLieOverGraphsOfTheirQuantity) {
                     "Run 1: ITU 529 Urban", "Run 1: Davidson Urban", "Run 1: Cost 231 Urban"));
     Main().mnuGraphCompare.Pick();
     EXPECT_EQ(laid(*program.FrmOkumFieldStrength).size(), 3U);
+    StoreLoss();
+    Form().lstRuns.Select(0);
+    Form().cmdLay.Press();
+    EXPECT_THAT(Form().lblStatus.Caption(), HasSubstr("take one of them off"));
+    EXPECT_EQ(Column(5).front(), "");
+    Form().lstRuns.Select(3);
     Form().cmdLay.Press();
     Form().lstRuns.Select(0);
     Form().Unload();
     program.GraphForm->BringUpToDate();
     EXPECT_THAT(laid(*program.GraphForm), IsEmpty());
+}
+
+TEST_F(ArchiveWindows, ARunIsSavedAndNewOnesGoToTheArchiveThatIsChosen) {
+    platform.saveChoice = {platform.folder.Path("run.csv")};
+    Form().lstRuns.Select(0);
+    Form().cmdSave.Press();
+    const std::string csv = ReadWholeFile(platform.folder.Path("run.csv")).value();
+    EXPECT_THAT(csv, HasSubstr("\r\ndistance_km,ITU 529 Urban,Davidson Urban,Cost 231 Urban\r\n"));
+    EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 995) << "4 lines and 991 points";
+    const std::string other = platform.folder.Path("other.mdb");
+    std::filesystem::copy_file(archive, other);
+    platform.openChoice = other;
+    Form().cmdOpen.Press();
+    Form().cmdStoreHere.Press();
+    EXPECT_FALSE(Form().cmdStoreHere.Enabled());
+    StoreLoss();
+    EXPECT_EQ(Form().lstRuns.Count(), 4U);
+    EXPECT_EQ(Stored().size(), 3U);
 }
 
 TEST_F(ArchiveWindows, FaultsAreToldInTheWindow) {

@@ -114,6 +114,8 @@ TEST_F(Tools, WhatIsWantedAsAReceivedPowerOrALoss) {
     Form().txtCable.SetText("3");
     Form().txtWanted.SetText("-97.871292");  // 32 dB(µV/m) less 77.2 + 20 log 390 - 2.15 + 3
     EXPECT_EQ(Reach(0, 2), "5.196");
+    Form().cmdAdd.Press();
+    EXPECT_THAT(Log().Text(), HasSubstr("-97.871292 dBm, antenna 2.15 dBi, cable 3 dB"));
     Form().cmbWanted.SetText("Path loss");
     Form().txtWanted.SetText("130");
     EXPECT_EQ(Form().lblPower[0].Caption(), "-");
@@ -189,6 +191,20 @@ TEST_F(Tools, SettingsComeBack) {
     EXPECT_EQ(again.ReachForm->txtWanted.Text(), "40");
     EXPECT_EQ(again.ReachForm->txtPercent[0].Text(), "70");
     EXPECT_EQ(again.ReachForm->cmbWanted.Text(), "Path loss");
+}
+
+TEST_F(Tools, TheStationIsWhereTheHostSays) {
+    Form().Unload();
+    for (const auto& [part, text] : {std::pair("LatDeg_DD", "52"),
+                                     {"LatMin_MM", "30"},
+                                     {"LatSec_SS", "36"},
+                                     {"LonDeg_DDD", "13"},
+                                     {"LonMin_MM", "24"},
+                                     {"LonH_EW", "E"}})
+        platform.store[std::string("Ostrel_Quorne/Global Parameters/Tx") + part] = text;
+    Main().mnuToolsReach.Pick();
+    EXPECT_EQ(Form().txtLatitude.Text(), "52 30 36 N");
+    EXPECT_EQ(Form().txtLongitude.Text(), "13 24 E");
 }
 
 TEST_F(Tools, ANumberIsExplained) {
