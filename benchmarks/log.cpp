@@ -1,5 +1,5 @@
-// The report log: appending a line to a short and a long log, and saving 100,000 lines beside a
-// plain write, flush and rename of the same bytes.
+// The report log: appending a line to a short and a long log beside writing it to a plain file, and
+// saving 100,000 lines beside a plain write, flush and rename of the same bytes.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -27,6 +27,23 @@ void AppendLine(benchmark::State& state) {
     for (auto _ : state) AddSampleLine(running.program.ReportLog(), running.platform);
 }
 BENCHMARK(AppendLine)->Arg(0)->Arg(100'000)->Iterations(20'000);
+
+// The same line, computed as well, at the end of a plain file.
+void AppendLine_floor(benchmark::State& state) {
+    FakePlatform platform;
+    const int fd = ::open(platform.folder.Path("plain.txt").c_str(), O_WRONLY | O_CREAT, 0600);
+    for (auto _ : state) {
+        std::string line;
+        const Calculation calculation(SampleInputs, SamplePath.powerWatts);
+        for (const LogPiece& piece : LogLine(SamplePath, calculation, platform.Now()))
+            line += piece.text;
+        line += "\r\n";
+        if (::write(fd, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+            state.SkipWithError("cannot write");
+    }
+    ::close(fd);
+}
+BENCHMARK(AppendLine_floor)->Iterations(20'000);
 
 void SaveLog(benchmark::State& state) {
     RunningProgram& running = ProgramWithLines(state.range(0));
