@@ -71,7 +71,7 @@ QString DayOfUse::Use() {
     QTimer::singleShot(0, this, [this] {
         real_.program.Start();
         real_.program.platform.printers.SetCurrentPrinter(
-            real_.services.printers.PrinterNames().back());
+            real_.program.platform.printers.PrinterNames().back());
         real_.program.ArchiveFile = (folder_ + "/runs.mdb").toStdString();
     });
     ScheduleTick();
