@@ -1,5 +1,7 @@
+#include <chrono>
 #include <cstdio>
 #include <random>
+#include <thread>
 
 #include "forms/archive/ArchiveForm.h"
 #include "forms/main/MainForm.h"
@@ -100,7 +102,12 @@ private:
 int WorkBesideOthers(int actions, unsigned seed, const std::string& folder) {
     Worker worker(seed, folder);
     worker.StoreRun();  // each finds no archive, and makes it
-    for (int i = 0; i < actions; ++i) worker.Act();
+    // No user is so fast that the others never find the archive free.
+    constexpr std::chrono::milliseconds Pause(20);
+    for (int i = 0; i < actions; ++i) {
+        worker.Act();
+        std::this_thread::sleep_for(Pause);
+    }
     return worker.Exit() ? 0 : 1;
 }
 

@@ -269,7 +269,8 @@ void QtPlatform::Yield() { QApplication::processEvents(); }
 void QtPlatform::EndProgram() { QApplication::exit(); }
 
 void QtPlatform::Announce(const std::string& text) {
-    if (!windows_.empty()) Announcement::Make(ToQt(text));  // none is left where the display is lost
+    if (!windows_.empty())
+        Announcement::Make(ToQt(text));  // none is left where the display is lost
 }
 
 std::optional<Picture> QtPlatform::GetPicture() {
