@@ -209,6 +209,8 @@ TEST(Program, CurveMeetsItsEnd) {
         outcome.output,
         AllOf(StartsWith("distance_km,itu529_loss_db,"), HasSubstr("\r\n1,111.329250234123,"),
               HasSubstr("\r\n2.5,123.983742509894,"), HasSubstr("\r\n4,130.474757958352,")));
+    const std::string many = Calc({"curve", "--start=1", "--end=300", "--step=0.05"}).output;
+    EXPECT_EQ(std::count(many.begin(), many.end(), '\n'), 5982) << "written in pieces, each once";
     const std::string tenths =
         Calc({"curve", "--start=.1", "--end=.7", "--step=.1", "--json", "--units=english"}).output;
     EXPECT_THAT(tenths,
