@@ -84,10 +84,11 @@ private:
         const bool deletes = random_() % 2 == 0;
         running_.platform.comment = Words() + " again";
         if (run != "?") (deletes ? form.cmdDelete : form.cmdComment).Press();
+        // The change, or only the next look at the runs.
         const bool failed = !deletes && !form.lblStatus.Caption().empty();
         form.Unload();
-        if (run == "?" || failed) return;
-        Tell("run " + run + (deletes ? "" : ' ' + running_.platform.comment));
+        if (run == "?") return;
+        Tell((failed ? "maybe " : "run ") + run + (deletes ? "" : ' ' + running_.platform.comment));
     }
 
     UnattendedProgram running_;

@@ -18,11 +18,15 @@ class Told:
 
     def __init__(self, lines):
         self.runs, self.settings, self.calculations, self.log = {}, {}, None, None
+        self.maybe = {}  # comments of runs, where something failed that may have been the change
         for line in lines:
             word, rest = line.rstrip("\n").split(" ", 1)
             first, _, more = rest.partition(" ")
             if word == "run":
                 self.runs[int(first)] = more  # empty: deleted
+                self.maybe.pop(int(first), None)
+            elif word == "maybe":
+                self.maybe[int(first)] = more
             elif word == "set":
                 self.settings[first] = more
             elif word == "log":
@@ -61,6 +65,8 @@ def check(crew, folder):
         runs.update(told.runs)
     kept = {run: comment for run, comment in runs.items() if comment}
     stored = whole_runs(Path(folder) / "runs.mdb")
+    maybe = {run: comment for told in crew for run, comment in told.maybe.items()}
+    kept |= {run: comment for run, comment in maybe.items() if stored.get(run) == comment}
     assert stored == kept, (stored.items() ^ kept.items())
     own = settings(folder, "Vardel")
     assert own["Loss_FieldStrength"]["Freq"] == "450.0", own
