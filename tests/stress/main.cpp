@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
@@ -95,8 +96,8 @@ int HoldLines(int lines, const QString& folder) {
     log.Show();
     const std::string text = real.program.FrmReport->rtbLog.Text();
     const std::string file = folder.toStdString() + "/long.rtf";
-    const bool same =
-        log.SaveFile(file) && log.ReadFile(file) && real.program.FrmReport->rtbLog.Text() == text;
+    const bool same = std::count(text.begin(), text.end(), '\n') == lines && log.SaveFile(file) &&
+                      log.ReadFile(file) && real.program.FrmReport->rtbLog.Text() == text;
     return Report(same ? QStringList() : QStringList("The long log has not come back"));
 }
 
