@@ -210,6 +210,8 @@ TEST_F(GraphWindowTest, TheThresholdLineIsDraggedAndGoesIntoEveryFile) {
         EXPECT_NEAR(Graph().CTWX1.Threshold()->Value, 150.0, 0.5);
         QTest::keyClick(&Plot(), Qt::Key_Down, Qt::ControlModifier);
         EXPECT_NEAR(Graph().CTWX1.Threshold()->Value, 149.0, 0.5);
+        auto* told = Window().findChild<QWidget*>("announcement");
+        EXPECT_TRUE(told != nullptr && told->accessibleName().contains(" km")) << "and is said";
         Graph().Threshold().txtThreshold.SetText("143.1324");
         EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains("ITU 529: 10.00"));
         EXPECT_TRUE(ChartAsMetafile(Graph().CTWX1).contains("ITU 529: 10.00"));

@@ -6,6 +6,8 @@
 #include "qt/chart/ChartPlot.h"
 #include "qt/chart/ChartWidget.h"
 #include "qt/chart/ThresholdItem.h"
+#include "qt/services/Convert.h"
+#include "qt/windows/Announcement.h"
 
 // What a chart's user does with keys and mouse.
 
@@ -56,6 +58,11 @@ bool ChartWidget::IsOnThreshold(const QPointF& at) const {
 
 void ChartWidget::MoveThreshold(double step) {
     chart_.MoveThreshold(chart_.Threshold()->Value + step);
+    const auto& threshold = chart_.Threshold();
+    if (!threshold) return;
+    QString told = ToQt(threshold->Text);
+    for (const std::string& reach : threshold->Reaches) told += ", " + ToQt(reach);
+    Announcement::Make(told);
 }
 
 void ChartWidget::SwitchCurve(int number) {
