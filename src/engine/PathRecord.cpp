@@ -67,8 +67,9 @@ std::string PathRecord(const PathInputs& path) {
     const auto add = [&record](const char* name, std::string_view value) {
         record += std::string(" ") + name + '=' + std::string(value);
     };
+    // Of the height as it is written, so that a record that is read makes the same one again.
     const auto height = [&](double x, Units to) {
-        return ShortestText(Converted(x, path.units, to));
+        return ShortestText(Converted(LeadingNumber(ShortestText(x)), path.units, to));
     };
     add("frequency_mhz", ShortestText(path.frequency));
     add("base_m", height(path.hb, Units::Metric));

@@ -41,6 +41,11 @@ TEST(PathRecord, ComesBackFromWhatStandsAroundIt) {
     const auto metric = PathOfRecord(With("units=english", "units=metric"));
     EXPECT_EQ(metric->hb, 30.48);
     EXPECT_EQ(metric->hm, 1.524);
+
+    // 1.55555555555556 / 0.3048, as the height is written
+    PathInputs exact = *metric;
+    exact.hm = 1.5555555555555556;
+    EXPECT_NE(PathRecord(exact).find("mobile_ft=5.10352872557598 "), std::string::npos);
 }
 
 TEST(PathRecord, NothingOfWhatNoBoxWouldTake) {
