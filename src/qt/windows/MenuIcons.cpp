@@ -9,7 +9,7 @@ namespace {
 
 struct NamedIcon {
     std::string_view ending;  // of entries' names
-    const char* icon;         // by the naming specification of freedesktop.org
+    const char* icon;         // as freedesktop.org names icons
 };
 
 constexpr std::array<NamedIcon, 13> NamedIcons = {{

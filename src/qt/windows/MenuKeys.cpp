@@ -25,13 +25,15 @@ protected:
     bool eventFilter(QObject* box, QEvent* event) override {
         if (event->type() != QEvent::ShortcutOverride) return false;
         const auto& press = static_cast<QKeyEvent&>(*event);
+        // What is only typed asks no menu.
+        if (!(press.modifiers() & Qt::ControlModifier) || IsOfEveryBox(press)) return false;
         const auto actions = static_cast<QWidget*>(box)->window()->findChildren<QAction*>();
         const QKeySequence keys(press.keyCombination());
         const bool isOfMenu =
             std::any_of(actions.begin(), actions.end(), [&keys](const QAction* action) {
                 return action->isEnabled() && action->shortcut() == keys;
             });
-        if (!isOfMenu || IsOfEveryBox(press)) return false;
+        if (!isOfMenu) return false;
         event->ignore();
         return true;
     }
