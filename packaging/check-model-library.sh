@@ -3,6 +3,7 @@
 # against that, by CMake and by pkg-config, with each header alone and each function of it:
 # check-model-library.sh BUILD EXAMPLES COMPILER [SANITIZERS]
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
 
 build=$1 examples=$2 compiler=$3 sanitizers=${4:-}
 work=$(mktemp -d)

@@ -2,6 +2,8 @@
 # Installs the Python module by pip, without the network, into a fresh environment and tests it there.
 # Needs what scripts/setup.sh test installs.
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
+takes '' "$@"
 cd "$(dirname "$0")/.."
 
 work=$(mktemp -d)

@@ -2,6 +2,7 @@
 # Makes an empty archive: make-archive.sh SCHEMA.sql ARCHIVE.mdb
 # An archive that holds runs already is somebody's own by now, and stays as it is.
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
 
 schema=$1
 archive=$2

@@ -2,6 +2,7 @@
 # Makes the compiled manual from the user guide and the pages about the models:
 # make-manual.sh MANUAL.chm GUIDE.md MODELS.md
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
 
 manual=$1
 guide=$2

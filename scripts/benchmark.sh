@@ -3,6 +3,8 @@
 # taken in turns; or runs those of the file that is named (such as range), or those whose name fits the
 # pattern that is given; with "module", the Python module beside a loop and C++.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '[^-].*' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh test

@@ -2,6 +2,7 @@
 """Whether the links of documents lead somewhere: check-links.py FILE.md... Looks at files, folders,
 pictures and headings of this tree; no network."""
 
+import argparse
 import re
 import sys
 from pathlib import Path
@@ -44,7 +45,9 @@ def fault(file, link):
     return None
 
 
-faults = [(file, link, wrong) for file in map(Path, sys.argv[1:])
+parser = argparse.ArgumentParser(description=__doc__)
+parser.add_argument("files", type=Path, nargs="+")
+faults = [(file, link, wrong) for file in parser.parse_args().files
           for link in links(file)
           if (wrong := fault(file, link))]
 for file, link, wrong in faults:

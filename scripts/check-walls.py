@@ -3,6 +3,7 @@
 
 A folder holds rooms, or is the source of one that stands beside them."""
 
+import argparse
 import re
 import sys
 from pathlib import Path
@@ -25,7 +26,7 @@ ROOMS = {
 # Where headers of libraries and of the system may stand; elsewhere only the standard library's.
 OUTSIDE = [
     (r"Q\w+|qcustomplot\.h|private/.*|cups/.*", r"qt/.*|main\.cpp"),
-    (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database\.(h|cpp)"),
+    (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database(File)?\.(h|cpp)"),
     (r"GeographicLib/.*", r"map/.*\.cpp"),
     (r"pybind11/.*", r"python/.*"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*|cli/Streams\.cpp"),
@@ -49,8 +50,8 @@ def fault(path, quoted, name):
     return None if STANDARD.match(name) else "is of no library that the house uses"
 
 
-def includes():
-    for source in map(Path, sys.argv[1:]):
+def includes(folders):
+    for source in folders:
         source = source.resolve()
         holds_rooms = any((source / room).is_dir() for room in ROOMS)
         room = "" if holds_rooms else (source.name if source.name in ROOMS else source.parent.name) + "/"
@@ -63,8 +64,10 @@ def includes():
 
 
 def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folders", type=Path, nargs="+")
     faults = 0
-    for file, number, path, include in includes():
+    for file, number, path, include in includes(parser.parse_args().folders):
         if why := fault(path, include[1] == '"', include[2]):
             print(f"{file}:{number}: the include of {include[2]} {why}", file=sys.stderr)
             faults += 1

@@ -2,6 +2,8 @@
 # Times a redraw of the loss graph of six series to 300 km, 900 by 600 points, beside gnuplot drawing
 # the same points to a PNG. Both on this machine, one after the other, gnuplot's start not counted.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/build.sh benchmark > /dev/null

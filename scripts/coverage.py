@@ -1,9 +1,10 @@
+#!/usr/bin/env python3
 """What the counters that gcov's compiler put into a build have counted: coverage.py BUILD."""
 
+import argparse
 import collections
 import json
 import subprocess
-import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -69,4 +70,6 @@ def main(build):
     row("all", sum(rooms.values(), collections.Counter()))
 
 
-main(Path(sys.argv[1]).resolve())
+parser = argparse.ArgumentParser(description=__doc__)
+parser.add_argument("build", type=Path)
+main(parser.parse_args().build.resolve())

@@ -3,6 +3,8 @@
 # lines that it does not reach, or does not leave by each of their branches, are listed in
 # build/coverage/unreached.txt. Takes some minutes. With --again no test is run: the last run's counts.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '--again' "$@"
 cd "$(dirname "$0")/.."
 
 failed=0

@@ -5,6 +5,7 @@
 # reach something new are kept in build/fuzz/new-TARGET, what is found in build/fuzz/found, and what the
 # fuzzer said in build/fuzz/TARGET.log. Ends with 1 where anything was found.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
 cd "$(dirname "$0")/.."
 
 limit=(-max_total_time=60)
@@ -12,9 +13,12 @@ while [[ ${1:-} == --* ]]; do
   case $1 in
     --seconds) limit=(-max_total_time="${2:?}") ;;
     --runs) limit=(-runs="${2:?}" -seed=1) ;;
-    *) echo "usage: scripts/fuzz.sh [--seconds N | --runs N] [TARGET...]" >&2; exit 2 ;;
+    *) takes '' "$1" ;;
   esac
   shift 2
+done
+for target in "$@"; do
+  [[ -d fuzz/corpus/$target ]] || takes '' "$target"
 done
 scripts/setup.sh test
 scripts/build.sh fuzz

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Checks the formatting of the code, with --fix mends it; and includes, links of documents, numbers of releases.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '--fix' "$@"
 cd "$(dirname "$0")/.."
 
 mode=(--dry-run --Werror)

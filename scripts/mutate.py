@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Puts one-line faults into copies of the sources, one at a time, builds the core tests without
+"""Puts one-line faults into copies of the sources, one at a time, builds the tests of their room without
 optimisation, runs them up to the first failure, and names the faults that survive. A fault that does
 not compile is replaced by another. The copies lie below build/ and go with the run."""
 
@@ -16,13 +16,29 @@ import threading
 from collections import Counter
 from concurrent.futures import ThreadPoolExecutor
 from contextlib import suppress
+from functools import partial
 from itertools import chain, zip_longest
 from pathlib import Path
 from queue import SimpleQueue
 from typing import NamedTuple
 
 ROOT = Path(__file__).resolve().parent.parent
-ROOMS = ["models", "engine", "archive", "text", "forms"]
+CORE_TESTS = ("vardel_core_tests", ["tests/vardel_core_tests", "--gtest_fail_fast"])
+CLI_TESTS = ("vardel_cli_tests vardel-calc", ["tests/vardel_cli_tests", "--gtest_fail_fast"])
+PYTHON_TESTS = ("vardel_python vardel-calc",
+                ["/usr/bin/python3", "-B", "-m", "pytest", "-x", "-q", "-p", "no:cacheprovider",
+                 str(ROOT / "python" / "tests")])
+# Each with the targets and the command of the tests that are to see its faults.
+ROOMS = {
+    "src/models": CORE_TESTS, "src/engine": CORE_TESTS, "src/archive": CORE_TESTS, "src/map": CORE_TESTS,
+    "src/text": CORE_TESTS, "src/forms": CORE_TESTS, "cli": CLI_TESTS, "python/src": PYTHON_TESTS,
+}
+
+
+def room_of(path):
+    return next((room for room in ROOMS if path.startswith(room + "/")), None)
+
+
 TIME_LIMIT = 60  # s, ten times what the tests need; a fault may make an endless loop
 MEMORY_LIMIT = 4 << 30  # which may also fill the memory
 
@@ -121,7 +137,7 @@ def drawn(files, places, seed):
     rng = random.Random(seed)
     rooms = []
     for room in ROOMS:
-        faults = [f for path in files if path.startswith(f"src/{room}/") for f in faults_of(path)]
+        faults = [f for path in files if room_of(path) == room for f in faults_of(path)]
         faults = [f for f in faults if not places
                   or any(f"{f.path}:{f.line + 1}:".startswith(place) for place in places)]
         rng.shuffle(faults)
@@ -156,7 +172,8 @@ class Tree:
         self.scratch.mkdir()
         self.environment = dict(
             os.environ, TMPDIR=str(self.scratch), HOME=str(self.scratch),
-            LOCPATH=str(self.build_folder / "tests" / "locales"))
+            LOCPATH=str(self.build_folder / "tests" / "locales"),
+            PYTHONPATH=str(self.build_folder / "python"))
 
     def run(self, *command, seconds=None):
         """Its result, None after the time limit, and what it said."""
@@ -192,41 +209,45 @@ class Tree:
                         "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O0 -w", "-DVARDEL_GUI=OFF",
                         "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST")
 
-    def build(self):
+    def build(self, room):
         return self.run("cmake", "--build", self.build_folder, "--parallel", "1",
-                        "--target", "vardel_core_tests")
+                        "--target", *ROOMS[room][0].split())
 
-    def test(self):
+    def test(self, room):
+        program, *arguments = ROOMS[room][1]
         result = self.run("prlimit", f"--as={MEMORY_LIMIT}", f"--fsize={MEMORY_LIMIT // 4}",
-                          self.build_folder / "tests" / "vardel_core_tests", "--gtest_fail_fast",
-                          seconds=TIME_LIMIT)
+                          self.build_folder / program, *arguments, seconds=TIME_LIMIT)
         for left in self.scratch.iterdir():
             shutil.rmtree(left) if left.is_dir() else left.unlink()
         return result
 
-    def prepare(self):
-        for step in (self.configure, self.build, self.test):
+    def prepare(self, rooms):
+        steps = [self.configure]
+        for room in rooms:
+            steps += [partial(self.build, room), partial(self.test, room)]
+        for step in steps:
             result, said = step()
             if result != 0:
                 raise SystemExit(f"Without a fault, too, this fails:\n{said[-3000:]}")
 
     def try_fault(self, fault):
         """What killed it, "" where nothing did, None where it does not compile."""
+        room = room_of(fault.path)
         file = self.source / fault.path
         text = file.read_text()
         lines = text.splitlines(keepends=True)
         lines[fault.line] = fault.new + "\n"
         file.write_text("".join(lines))
         try:
-            if self.build()[0] != 0:
+            if self.build(room)[0] != 0:
                 return None
-            result, said = self.test()
+            result, said = self.test(room)
         finally:
             file.write_text(text)
         if result == 0:
             return ""
-        failed = re.search(r"\[  FAILED  \] (\S+)", said)
-        return failed[1] if failed else "the time limit" if result is None else "a crash"
+        failed = re.search(r"\[  FAILED  \] (\S+)|^FAILED (\S+)", said, re.MULTILINE)
+        return failed[1] or failed[2] if failed else "the time limit" if result is None else "a crash"
 
 
 def by_file(faults):
@@ -266,10 +287,10 @@ def tell(found):
     print(f"\n{len(survivors)} survived:")
     print("\n".join(map(str, survivors)) + "\n")
     for room in [*ROOMS, ""]:
-        of_room = [killer for fault, killer in found if fault.path.startswith(f"src/{room}")]
+        of_room = [killer for fault, killer in found if not room or room_of(fault.path) == room]
         killed = len(of_room) - of_room.count("")
         if of_room:
-            print(f"{room or 'all':8} {killed:4} of {len(of_room):4} killed, "
+            print(f"{room or 'all':12} {killed:4} of {len(of_room):4} killed, "
                   f"{100 * killed / len(of_room):.1f} %")
 
 
@@ -300,7 +321,8 @@ def main():
             ThreadPoolExecutor(options.jobs) as pool:
         try:
             trees = [Tree(Path(folder) / str(n), files) for n in range(options.jobs)]
-            list(pool.map(Tree.prepare, trees))
+            rooms = {room_of(fault.path): None for fault in faults}
+            list(pool.map(lambda tree: tree.prepare(rooms), trees))
             tell(try_all(trees, pool, faults, options.faults))
         except BaseException:
             Tree.stop_all()

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing and makes the Debian packages in build/packages.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh package

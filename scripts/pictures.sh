@@ -2,6 +2,8 @@
 # Takes the pictures of the documents anew, as the windows are now: a picture of docs/pictures is that of
 # the same name which vardel-tour takes. Look at them before they are committed.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/build.sh release

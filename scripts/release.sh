@@ -4,10 +4,11 @@
 # that the tree is clean; that there is no such tag. Then tells the command that makes the tag; with --tag,
 # runs it. With --check, only looks at the numbers and days, which must be alike between releases, too.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '--check|--tag' "$@"
 cd "$(dirname "$0")/.."
 
 mode=${1:-}
-[[ $mode =~ ^(|--check|--tag)$ ]] || { echo "usage: $0 [--check | --tag]" >&2; exit 2; }
 fail() { echo "$*" >&2; exit 1; }
 
 version=$(sed -n 's/^project(vardel VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)

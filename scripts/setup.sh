@@ -3,6 +3,8 @@
 # checks need as well, with "package", what the Debian packages need. On a system without apt it says
 # what is needed and fails.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes 'test|package' "$@"
 
 packages=(
   # building
@@ -21,7 +23,6 @@ for purpose in "$@"; do
       pybind11-dev python3-dev python3-numpy python3-pytest python3-matplotlib python3-venv
       clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream lintian man-db dpkg-dev file) ;;
     package) packages+=(dpkg-dev file pybind11-dev python3-dev) ;;
-    *) echo "usage: $0 [test] [package]" >&2; exit 2 ;;
   esac
 done
 

@@ -7,6 +7,8 @@
 # memory of a day's use: 10,000 calculations, 1,000 graphs, each other window 100 times. Another seed
 # than 1 can be given.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '[0-9]+' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh test

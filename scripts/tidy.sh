@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Looks through the code with clang-tidy, by .clang-tidy, and fails on any warning. Takes some minutes.
 set -euo pipefail
+source "$(dirname "$0")/common.sh"
+takes '--fast' "$@"
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh test
