@@ -110,6 +110,7 @@ auto ArchiveReader::Reading(Read read) const {
 ArchiveReader::ArchiveReader(std::string path, int longestWait) : path_(std::move(path)) {
     database_ = Reading([&] { return Database::OpenForReading(path_, longestWait); });
     try {
+        for (const char* table : {"ModelRun", "DataSets"}) database_->DemandTable(table);
         database_
             ->Select(
                 "SELECT ID, Model, Parameters, Comment, Date_Time, DataSetType "

@@ -6,12 +6,13 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "services/DatabaseFile.h"
 #include "services/Files.h"
 
 namespace vardel {
 
 struct OpenTable {
-    std::shared_ptr<SQLite::Database> file;
+    std::shared_ptr<DatabaseFile> file;
     std::string name;
     std::vector<std::string> fields;
     std::string key;             // the field that the database numbers; empty: none
@@ -80,25 +81,21 @@ void BindTo(SQLite::Statement& statement, int index, const FieldValue& value) {
         statement.bindNoCopy(index, bytes->data(), static_cast<int>(bytes->size()));
 }
 
-// Waits for other programs in steps of a few ms. The library's own grow to 100 ms, in which
-// programs that write row after row would always be the first again.
-class OpenFile : public SQLite::Database {
-public:
-    OpenFile(const std::string& path, int mode, int longestWait)
-        : SQLite::Database(path, mode), longestWait_(longestWait) {
-        sqlite3_busy_handler(getHandle(), &OpenFile::Wait, this);
-    }
+void BindTo(SQLite::Statement& statement, const std::vector<FieldValue>& values) {
+    int index = 0;
+    for (const FieldValue& value : values) BindTo(statement, ++index, value);
+}
 
-private:
-    static int Wait(void* file, int waits) {
-        constexpr int Step = 5;  // ms
-        if (waits * Step >= static_cast<const OpenFile*>(file)->longestWait_) return 0;
-        sqlite3_sleep(Step);
-        return 1;
+// What a statement does, with words for one that was ended because of its steps.
+template <class Work>
+auto Counted(const DatabaseFile& file, Work work) {
+    try {
+        return work();
+    } catch (const SQLite::Exception&) {
+        if (!file.HasOverrun()) throw;
+        throw std::runtime_error("it takes more steps than a file of its size can need");
     }
-
-    int longestWait_;  // ms
-};
+}
 
 }  // namespace
 
@@ -112,6 +109,7 @@ NewRow::~NewRow() = default;
 // The number is nobody else's because the file is held from the look for the highest until either
 // the sequence is past it or the row is there.
 void NewRow::GiveNumber() {
+    table_->file->BeginStatement();
     numbering_ = std::make_unique<SQLite::Transaction>(*table_->file,
                                                        SQLite::TransactionBehavior::IMMEDIATE);
     const std::int64_t number = NextNumber(*table_);
@@ -166,13 +164,14 @@ void NewRow::Update() {
         names += (names.empty() ? "" : ", ") + Quoted(field);
         places += places.empty() ? "?" : ", ?";
     }
-    {
+    table_->file->BeginStatement();
+    Counted(*table_->file, [&] {
         SQLite::Statement insert(*table_->file, "INSERT INTO " + Quoted(table_->name) + " (" +
                                                     names + ") VALUES (" + places + ')');
         int index = 0;
         for (const auto& [field, value] : fields_) BindTo(insert, ++index, value);
-        insert.exec();
-    }
+        return insert.exec();
+    });
     if (numbering_) numbering_->commit();
     numbering_.reset();
 }
@@ -186,6 +185,7 @@ NewRow Recordset::AddNew() { return NewRow(Opened()); }
 
 void Recordset::MoveLast() {
     const OpenTable& table = *Opened();
+    table.file->BeginStatement();
     current_ = table.file->execAndGet("SELECT max(rowid) FROM " + Quoted(table.name)).getInt64();
 }
 
@@ -195,13 +195,20 @@ void Recordset::Close() {
     current_ = 0;
 }
 
-Rows::Rows(std::shared_ptr<SQLite::Database> file, const std::string& query)
-    : file_(std::move(file)), query_(std::make_unique<SQLite::Statement>(*file_, query)) {}
+Rows::Rows(std::shared_ptr<DatabaseFile> file, const std::string& query,
+           std::vector<FieldValue> values)
+    : file_(std::move(file)), values_(std::move(values)) {
+    file_->BeginStatement();
+    query_ = std::make_unique<SQLite::Statement>(*file_, query);
+    BindTo(*query_, values_);
+}
 
 Rows::Rows(Rows&&) noexcept = default;
 Rows::~Rows() = default;
 
-bool Rows::Next() { return query_->executeStep(); }
+bool Rows::Next() {
+    return Counted(*file_, [this] { return query_->executeStep(); });
+}
 
 std::optional<std::int64_t> Rows::Number(int field) const {
     const SQLite::Column column = query_->getColumn(field);
@@ -234,7 +241,7 @@ std::string Database::NewFile(const std::string& sql) {
 
 Database Database::OpenDatabase(const std::string& path) {
     const bool mayWrite = MayWriteFile(path);
-    std::shared_ptr<SQLite::Database> file = std::make_shared<OpenFile>(
+    auto file = std::make_shared<DatabaseFile>(
         path, mayWrite ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, LongestWait);
     // Nothing is read as yet: here the file is found to be a database, and free.
     if (sqlite3_db_readonly(file->getHandle(), nullptr) == 0)
@@ -246,9 +253,8 @@ Database Database::OpenDatabase(const std::string& path) {
 
 Database Database::OpenForReading(const std::string& path, int longestWait) {
     const auto open = [&](int mode) {
-        std::shared_ptr<SQLite::Database> file =
-            std::make_shared<OpenFile>(path, mode, longestWait);
-        file->execAndGet("SELECT count(*) FROM sqlite_master");
+        auto file = std::make_shared<DatabaseFile>(path, mode, longestWait);
+        Counted(*file, [&] { return file->execAndGet("SELECT count(*) FROM sqlite_master"); });
         return file;
     };
     try {
@@ -265,22 +271,31 @@ Database Database::OpenForReading(const std::string& path, int longestWait) {
 void Database::Change(const std::vector<RowChange>& changes) const {
     SQLite::Transaction all(*file_, SQLite::TransactionBehavior::IMMEDIATE);
     for (const auto& [text, values] : changes) {
+        file_->BeginStatement();
         SQLite::Statement statement(*file_, text);
-        for (std::size_t i = 0; i < values.size(); ++i)
-            BindTo(statement, static_cast<int>(i) + 1, values[i]);
-        statement.exec();
+        BindTo(statement, values);
+        Counted(*file_, [&statement] { return statement.exec(); });
     }
     all.commit();
 }
 
-Rows Database::Select(const std::string& query, const std::vector<FieldValue>& values) const {
-    Rows rows(file_, query);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        BindTo(*rows.query_, static_cast<int>(i) + 1, values[i]);
-    return rows;
+Rows Database::Select(const std::string& query, std::vector<FieldValue> values) const {
+    return {file_, query, std::move(values)};
+}
+
+void Database::DemandTable(const std::string& name) const {
+    Rows found = Select(
+        "SELECT type = 'table' AND rootpage > 0 FROM sqlite_master WHERE name = ?1 COLLATE NOCASE",
+        {name});
+    if (found.Next() && found.Number(0) != 1) throw std::runtime_error(name + " is no table");
+    Rows computed = Select("SELECT name FROM pragma_table_xinfo(?1) WHERE hidden <> 0", {name});
+    if (computed.Next())
+        throw std::runtime_error(name + '.' + computed.Text(0).value_or("") +
+                                 " is computed and not stored");
 }
 
 Recordset Database::OpenRecordset(const std::string& name) const {
+    DemandTable(name);
     auto table = std::make_shared<OpenTable>();
     table->file = file_;
     table->name = name;

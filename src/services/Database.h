@@ -10,19 +10,19 @@
 #include <vector>
 
 namespace SQLite {
-class Database;
 class Statement;
 class Transaction;
 }  // namespace SQLite
 
 // Rows that are added to the tables of a database file, or read from it. Whatever fails throws
-// std::exception with the database's own text.
+// std::exception with the database's own text. A file may come from anybody: see DatabaseFile.
 
 namespace vardel {
 
 using Bytes = std::vector<unsigned char>;
 using FieldValue = std::variant<std::int64_t, std::string, Bytes>;
 
+class DatabaseFile;
 struct OpenTable;
 
 // A row that was begun. It reaches the table by Update, and not at all without.
@@ -90,9 +90,11 @@ public:
 
 private:
     friend class Database;
-    Rows(std::shared_ptr<SQLite::Database> file, const std::string& query);
+    Rows(std::shared_ptr<DatabaseFile> file, const std::string& query,
+         std::vector<FieldValue> values);
 
-    std::shared_ptr<SQLite::Database> file_;
+    std::shared_ptr<DatabaseFile> file_;
+    std::vector<FieldValue> values_;  // the statement reads them where they are
     std::unique_ptr<SQLite::Statement> query_;
 };
 
@@ -120,17 +122,20 @@ public:
     // in ms.
     static Database OpenForReading(const std::string& path, int longestWait = LongestWait);
 
+    // Throws where the file has another thing of the name than a table whose fields are all stored,
+    // such as a view, which could compute its rows without end.
+    void DemandTable(const std::string& name) const;
     // A table by its name, to add rows to; throws where there is none.
     Recordset OpenRecordset(const std::string& name) const;
     // The rows of a query; the values are for its ?1, ?2 and so on.
-    Rows Select(const std::string& query, const std::vector<FieldValue>& values = {}) const;
+    Rows Select(const std::string& query, std::vector<FieldValue> values = {}) const;
     // Makes all of the changes, or none.
     void Change(const std::vector<RowChange>& changes) const;
 
 private:
-    explicit Database(std::shared_ptr<SQLite::Database> file) : file_(std::move(file)) {}
+    explicit Database(std::shared_ptr<DatabaseFile> file) : file_(std::move(file)) {}
 
-    std::shared_ptr<SQLite::Database> file_;
+    std::shared_ptr<DatabaseFile> file_;
 };
 
 }  // namespace vardel

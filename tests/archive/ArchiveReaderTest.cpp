@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 
+#include "archive/ArchiveEditor.h"
 #include "services/Files.h"
 #include "support/FakePlatform.h"
 
@@ -129,6 +130,46 @@ TEST_F(ArchiveReading, TellsWhatIsWrong) {
     ReplaceFile(other, whole.substr(0, whole.size() / 2));
     EXPECT_EQ(Fault([&] { ArchiveReader(other).Curves(1); }),
               "The archive " + other + " cannot be read: database disk image is malformed.");
+}
+
+// Each would take the reader's time or memory without end.
+TEST_F(ArchiveReading, AFileThatIsMadeToBeEndlessIsTold) {
+    const std::string numbers = "WITH RECURSIVE n(ID) AS (SELECT 1 UNION ALL SELECT ID + 1 FROM n)";
+    const std::string run = "'' Model, '' Parameters, '' Comment, '' Date_Time, 2 DataSetType";
+    const struct {
+        std::string made;
+        std::string fault;
+    } cases[] = {
+        {"DROP TABLE ModelRun; CREATE VIEW ModelRun AS " + numbers + " SELECT ID, " + run +
+             " FROM n",
+         "ModelRun is no table."},
+        {"DROP TABLE DataSets; CREATE VIEW DataSets AS SELECT 1 ID, 'x' Legend, '' Comment, "
+         "62500000 PointCount, zeroblob(1000000000) DataSet",
+         "DataSets is no table."},
+        {"DROP TABLE DataSets; CREATE TABLE DataSets (ID, Legend, PointCount, DataSet AS "
+         "(zeroblob(PointCount * 16 + 1)))",
+         "DataSets.DataSet is computed and not stored."},
+    };
+    const std::string whole = ReadWholeFile(path).value();
+    for (const auto& c : cases) {
+        ReplaceFile(path, whole);
+        Change(c.made);
+        EXPECT_EQ(Fault([&] { ArchiveReader{path}; }), path + " is no archive: " + c.fault);
+    }
+    ReplaceFile(path, whole);
+    Change("INSERT INTO DataSets VALUES (7, 'x', '', 1, zeroblob(20000000))");
+    EXPECT_EQ(Fault([&] { ArchiveReader(path).Curves(7); }),
+              "The archive " + path + " cannot be read: string or blob too big.");
+    Change(
+        "CREATE TRIGGER endless AFTER UPDATE ON ModelRun BEGIN DELETE FROM DataSets WHERE ID IN (" +
+        numbers + " SELECT ID FROM n WHERE ID < 0); END");
+    try {
+        ArchiveEditor(path).SetComment(1, "more");
+        ADD_FAILURE() << "an endless change";
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), "it takes more steps than a file of its size can need");
+    }
+    EXPECT_EQ(ArchiveReader(path).Run(1)->comment, "b");
 }
 
 TEST_F(ArchiveReading, TakesBackWhatAKilledProgramLeftHalfWritten) {
