@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(!table.empty());
     if (fault) Check(fault->line >= 1 && static_cast<std::size_t>(fault->line) <= size + 1);
     Check(!vardel::MeasuredListing(table).empty());
-    if (fault && table[0].HeightCount == 0) {
+    if (table[0].HeightCount == 0) {
         Check(table.size() == 1 && table[0].Frequency == -1.0);
         return 0;
     }

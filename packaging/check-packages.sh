@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Makes the Debian packages of a build folder and looks at what they hold: check-packages.sh BUILD TYPE
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
 export LC_ALL=C
 
 build=$1 type=$2
@@ -25,13 +26,16 @@ check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
   share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
-  lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb'} \
+  lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb',measured.csv} \
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,models.md,user-guide.md,pictures} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
 check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,__init__.pyi,py.typed,_vardel.so} \
   share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,examples/field_strength.py}
 
+[[ $(dpkg-deb --ctrl-tarfile "$work"/vardel_*.deb | tar -xO ./conffiles) == /etc/vardel/measured.csv &&
+  $(readlink "$work/vardel/usr/lib/vardel/measured.csv") == /etc/vardel/measured.csv &&
+  -e $work/vardel/etc/vardel/measured.csv ]] || { echo "The measured data are no configuration file." >&2; exit 1; }
 for link in bin/vardel share/doc/vardel/pictures; do
   [[ $(readlink -f "$work/vardel/usr/$link") == "$work/vardel/usr/lib/vardel/${link##*/}" ]] ||
     { echo "usr/$link leads elsewhere." >&2; exit 1; }
@@ -49,6 +53,12 @@ needs python3-vardel python3-numpy 'python3 (<<' libsqlite3-0
 depends=$(dpkg-deb --field "$work"/vardel-calc_*.deb Depends)
 [[ $depends != *qt* ]] || { echo "vardel-calc depends on more than it needs: $depends" >&2; exit 1; }
 lintian --no-cfg --allow-root --fail-on error,warning "$work"/*.deb
+# Fortified functions cannot be looked for: no call has a buffer whose size the compiler knows.
+lintian --no-cfg --allow-root --fail-on info --tags hardening-no-bindnow,hardening-no-pie,hardening-no-relro "$work"/*.deb
+for file in "$work"/{vardel/usr/lib/vardel/vardel,vardel-calc/usr/bin/vardel-calc,python3-vardel/usr/lib/python3/dist-packages/vardel/_vardel.*.so}; do
+  readelf --dyn-syms --wide "$file" | grep __stack_chk_fail > /dev/null ||
+    { echo "$file has no stack protector." >&2; exit 1; }
+done
 cd /  # where no other module of the name is
 PYTHONPATH=$work/python3-vardel/usr/lib/python3/dist-packages /usr/bin/python3 -B -c '
 import vardel

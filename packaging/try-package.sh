@@ -3,6 +3,8 @@
 # installed program there on a virtual display, as a user who may write nothing outside the home folder.
 # Needs root, debootstrap and the network, and takes some minutes. A picture is left in build/packages.
 set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
+takes '' "$@"
 cd "$(dirname "$0")/.."
 
 root=$(mktemp -d)
@@ -31,8 +33,6 @@ in_root su engineer -c '
   cd && exec xvfb-run -a -s "-screen 0 1280x900x24" sh -ec "
     vardel > vardel.log 2>&1 & program=\$!
     timeout 60 xdotool search --sync --class vardel > windows
-    sleep 3
-    xdotool key Return || true  # the warning that there is no measured data
     sleep 3
     import -window root picture.png
     kill \$program

@@ -155,7 +155,6 @@ void MeasuredParser::Parse() {
         }
     }
     EndTable();
-    if (table_.empty()) throw MeasuredFault{fields_.Line(), "the file is empty."};
 }
 
 Field MeasuredParser::Need(const std::string& what) {
@@ -215,13 +214,14 @@ void MeasuredParser::EndTable() {
 
 std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTable& table) {
     table.clear();
+    std::optional<MeasuredFault> fault;
     try {
         MeasuredParser(text, table).Parse();
-    } catch (const MeasuredFault& fault) {
-        if (table.empty()) table.emplace_back().Frequency = -1.0;
-        return fault;
+    } catch (const MeasuredFault& found) {
+        fault = found;
     }
-    return std::nullopt;
+    if (table.empty()) table.emplace_back().Frequency = -1.0;
+    return fault;
 }
 
 bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& windows) {

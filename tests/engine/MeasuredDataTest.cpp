@@ -54,8 +54,6 @@ TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
         std::string fault;
         std::size_t whole;
     } cases[] = {
-        {"", 1, "the file is empty.", 0},
-        {"\n\r\n,,\n", 1, "the file is empty.", 0},
         {"0,1,1,U,1,2,30", 1, "the file ends where a base antenna height should follow.", 0},
         {"0,1,1,\"\",1", 1, "the file ends where the number of base antenna heights should follow.",
          0},
@@ -157,6 +155,13 @@ TEST(MeasuredData, TheUserIsToldWhatIsWrongWithTheFile) {
     EXPECT_TRUE(ReadMeasuredData(path, table, platform));
     EXPECT_THAT(platform.TakeMessages(), IsEmpty());
     EXPECT_EQ(table.at(0).Frequency, 450.0);
+    for (const char* nothing : {"", "\n\r\n,,\n"}) {
+        ReplaceFile(path, nothing);
+        EXPECT_TRUE(ReadMeasuredData(path, table, platform));
+        EXPECT_THAT(platform.TakeMessages(), IsEmpty());
+        EXPECT_EQ(MeasuredListing(table),
+                  "\r\nTable Segments: 1\r\n0> Freq:-1  %:0 City:  hm: 0 hb(0): \r\n\r\n");
+    }
     ReplaceFile(path, Complete + "3,90,o");
     EXPECT_TRUE(ReadMeasuredData(path, table, platform));
     EXPECT_EQ(platform.messages.at(0).title, "Okum-Hata");
