@@ -53,8 +53,9 @@ std::optional<std::string> SetPercentage(double& target, std::string_view text) 
 
 std::optional<std::string> SetPower(double& watts, std::string_view text, PowerUnit unit) {
     std::optional<std::string> wrong;
-    if (!NumberOrFault(text, wrong)) return wrong;
-    const double power = PowerTextToWatts(text, unit);
+    const auto number = NumberOrFault(text, wrong);
+    if (!number) return wrong;
+    const double power = WattsOf(*number, unit);
     if (!(power > 0.0) || !std::isfinite(power)) return Shown(text) + " is no power";
     watts = power;
     return std::nullopt;

@@ -44,7 +44,8 @@ int main(int argc, char** argv) {
         platform.LetGoOfForms();
         program.EndWithoutDisplay();
     };
-    const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); }, endWithoutDisplay);
+    const vardel::SessionEnd sessionEnd([&program] { program.EndSession(); },
+                                        [&platform] { platform.EndProgram(); }, endWithoutDisplay);
     program.Start();
     // From the event loop, which the end of the program ends.
     QTimer::singleShot(0, &application, [&program] { program.Introduce(); });

@@ -64,6 +64,7 @@ void dbOperations::TellFailure(const std::function<void()>& steps) {
 }
 
 void dbOperations::OpenArchive(const std::string& Name) {
+    hasFailed_ = false;
     TellFailure([&] {
         ArchivePath = Name;
         if (ArchivePath.empty() || ArchivePath.find('*') != std::string::npos)

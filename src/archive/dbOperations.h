@@ -35,7 +35,7 @@ public:
                     std::int32_t PointCount, std::int32_t DataSetType, std::span<const double> X,
                     std::span<const double> Y, std::span<const double> Z);
 
-    // Whether any step has failed so far.
+    // Whether any step has failed since OpenArchive was called last.
     bool HasFailed() const { return hasFailed_; }
 
     // Count points as little-endian doubles, then one byte 0. Throw std::out_of_range where there

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "services/Platform.h"
+
 namespace vardel {
 
 void Event::Raise() {
-    if (!routine_) return;
+    if (!routine_ || form_.GetPlatform().windows.IsEnding()) return;
     const auto routine = routine_;  // the control, and this with it, may be gone before it ends
     form_.Run(routine);
 }

@@ -20,7 +20,8 @@ struct PlotSeries {
     bool continued = false;  // the curve began in the series before
     LinePattern pattern = LinePattern::InRange;
     Color color;
-    bool singlePoints = false;           // values that were measured, each told from the curve
+    bool singlePoints = false;           // values that were measured, with none between them
+    bool marked = false;                 // a dot at each value
     std::vector<double> distances = {};  // km
     std::vector<double> values = {};     // dB, or dB(µV/m)
 };

@@ -33,7 +33,8 @@ PlotSeries ErrorSeries(const MeasuredFit& fit, bool inRange) {
     PlotSeries series{.curve = model.name,
                       .pattern = inRange ? LinePattern::InRange : LinePattern::OutOfRange,
                       .color = ColorOf(model),
-                      .singlePoints = true};
+                      .singlePoints = true,
+                      .marked = true};
     for (const MeasuredFit::Point& point : fit.points) {
         if (point.inRange != inRange) continue;
         series.distances.push_back(point.km);

@@ -1,11 +1,19 @@
 #include "engine/PowerUnits.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "models/Primitives.h"
 #include "text/NumberText.h"
 
 namespace vardel {
+
+namespace {
+
+bool IsLevel(PowerUnit unit) { return unit == PowerUnit::Dbm || unit == PowerUnit::Dbw; }
+
+}  // namespace
 
 double WattsOf(double x, PowerUnit unit) noexcept {
     switch (unit) {
@@ -38,7 +46,10 @@ double FromWatts(double watts, PowerUnit unit) noexcept {
 }
 
 double PowerTextToWatts(std::string_view text, PowerUnit unit) {
-    return WattsOf(LeadingNumber(text), unit);
+    const double watts = Finite(WattsOf(LeadingNumber(text), unit));
+    // Every level is a power, however small.
+    constexpr double Smallest = std::numeric_limits<double>::denorm_min();
+    return IsLevel(unit) ? std::max(watts, Smallest) : watts;
 }
 
 std::string PowerText(double watts, PowerUnit unit) {
@@ -62,9 +73,7 @@ std::string PowerText(double watts, PowerUnit unit) {
 
 std::string CorrectedPowerText(std::string_view text, PowerUnit unit) {
     double x = LeadingNumber(text);
-    // Zero and negative levels are powers; a level so extreme that no power is left is none.
-    const double watts = PowerTextToWatts(text, unit);
-    if (!(watts > 0.0) || !std::isfinite(watts)) x = 1.0;
+    if (!IsLevel(unit) && x <= 0.0) x = 1.0;
     const std::string number = ShortestText(x);
     return x < 0.0 ? number : ' ' + number;
 }

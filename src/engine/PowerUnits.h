@@ -29,14 +29,16 @@ inline constexpr std::array<NamedPowerUnit, 4> PowerUnits = {{
 double WattsOf(double x, PowerUnit unit) noexcept;
 double FromWatts(double watts, PowerUnit unit) noexcept;
 
-// The power in watts that the leading number of a text means in the unit; 0 for an unknown unit.
+// The power in watts that the leading number of a text means in the unit; 0 for an unknown unit. A
+// level beyond all that a double holds is the largest or smallest power that it does.
 double PowerTextToWatts(std::string_view text, PowerUnit unit);
 
 // The power as a box shows it in the unit: watts and kilowatts to twelve places, levels to four.
 std::string PowerText(double watts, PowerUnit unit);
 
 // What becomes of a power text when its box is left: its leading number behind a blank in the place
-// of the sign, or behind the sign. What is no power in the unit becomes 1.
+// of the sign, or behind the sign. Watts and kilowatts that are not above zero become 1; every
+// number is a level.
 std::string CorrectedPowerText(std::string_view text, PowerUnit unit);
 
 }  // namespace vardel

@@ -18,7 +18,8 @@ using Cells = std::vector<std::vector<std::string>>;
 
 Cells CellsOf(const ReachTable& table) {
     const Units units = table.path.units;
-    const std::string at = " at " + DistanceText(table.path);
+    const std::string at = " at " + DistanceText(table.path) + " and " +
+                           PercentText(table.path.pctLoc) + " of locations";
     Cells cells{{"Model"}};
     for (const double percentage : table.percentages) {
         cells[0].push_back("Reach at " + PercentText(percentage) + " of locations (" +

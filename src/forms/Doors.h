@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "archive/dbOperations.h"
 #include "controls/FormSlot.h"
 #include "services/Platform.h"
 
@@ -42,6 +43,7 @@ struct Doors {
     FormSlot<vardel::ArchiveForm> ArchiveForm;
     FormSlot<vardel::ValuesForm> ValuesForm;
     std::function<RLogClass&()> ReportLog;
+    vardel::dbOperations dbOperations;  // holds its archive open between runs
 };
 
 }  // namespace vardel

@@ -27,6 +27,12 @@ typename FormSlot<T>::Made Make(With&... with) {
     return {std::move(form), typed};
 }
 
+// One that a unit switch has made, hidden, has no inputs that the user has seen there.
+template <class Graph>
+void HandBackIfOpen(FormSlot<Graph>& slot, MainForm& main) {
+    if (slot.Loaded() && slot->Visible()) slot->HandBackInputs(main);
+}
+
 }  // namespace
 
 Program::Program(Platform services)
@@ -49,6 +55,7 @@ Program::Program(Platform services)
           .ArchiveForm{[this] { return Make<vardel::ArchiveForm>(platform, *this, *this); }},
           .ValuesForm{[this] { return Make<vardel::ValuesForm>(platform, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
+          .dbOperations = vardel::dbOperations(platform.windows),
       } {}
 
 Program::~Program() = default;
@@ -64,8 +71,8 @@ void Program::EndSession() {
     if (!MainForm.Loaded()) return;
     MainForm->Run([this] {
         if (frmLogDistRange.Loaded()) frmLogDistRange->EndSession();
-        if (GraphForm.Loaded()) GraphForm->HandBackInputs(*MainForm);
-        if (FrmOkumFieldStrength.Loaded()) FrmOkumFieldStrength->HandBackInputs(*MainForm);
+        HandBackIfOpen(GraphForm, *MainForm);
+        HandBackIfOpen(FrmOkumFieldStrength, *MainForm);
         MainForm->EndSession();
     });
 }

@@ -52,7 +52,6 @@ struct SharedData {
     GraphScales LossScales;
     GraphScales FieldStrengthScales;
     std::vector<LaidRun> LaidRuns;
-    int LaidChanges = 0;                                         // grows with every change of them
     Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to
     const Chart* ChartToRead = nullptr;                          // what ValuesForm tells
     Chart* ChartToPrint = nullptr;                               // what FrmPrintOut works on

@@ -48,6 +48,22 @@ std::string RichText::PlainText() const {
     return plain.append(text_, from);
 }
 
+RichText RichText::Part(std::size_t begin, std::size_t length) const {
+    RichText part;
+    const std::size_t end = begin + length;
+    const std::string_view text = text_;
+    // The stretch that goes on at the beginning is the one before the first that begins behind it.
+    std::size_t i = StretchAt(begin + 1);
+    for (i = i == 0 ? 0 : i - 1; i < stretches_.size() && stretches_[i].begin < end; ++i) {
+        const std::size_t from = std::max(begin, stretches_[i].begin);
+        part.Insert(part.Length(), text.substr(from, std::min(end, StretchEnd(i)) - from),
+                    stretches_[i].style);
+    }
+    for (const PlacedPicture& p : pictures_)
+        if (p.position >= begin && p.position < end) part.Place(p.position - begin, p.picture);
+    return part;
+}
+
 std::size_t RichText::StretchAt(std::size_t position) const {
     const auto it = std::lower_bound(
         stretches_.begin(), stretches_.end(), position,
@@ -120,15 +136,31 @@ std::size_t RichText::Replace(std::size_t at, std::size_t length, std::string_vi
     return full.size();
 }
 
+std::size_t RichText::Replace(std::size_t at, std::size_t length, const RichText& content) {
+    at = std::min(at, text_.size());
+    Erase(at, std::min(length, text_.size() - at));
+    const std::string_view text = content.text_;
+    for (std::size_t i = 0; i < content.stretches_.size(); ++i) {
+        const auto& [begin, style] = content.stretches_[i];
+        Insert(at + begin, text.substr(begin, content.StretchEnd(i) - begin), style);
+    }
+    for (const PlacedPicture& p : content.pictures_) Place(at + p.position, p.picture);
+    return content.Length();
+}
+
+void RichText::Place(std::size_t at, std::shared_ptr<const Picture> picture) {
+    const auto where =
+        std::partition_point(pictures_.begin(), pictures_.end(),
+                             [at](const PlacedPicture& p) { return p.position < at; });
+    pictures_.insert(where, {at, std::move(picture)});
+}
+
 std::size_t RichText::ReplaceByPicture(std::size_t at, std::size_t length, Picture picture,
                                        TextStyle style) {
     at = std::min(at, text_.size());
     Erase(at, std::min(length, text_.size() - at));
     Insert(at, PictureMark, style);
-    const auto where =
-        std::partition_point(pictures_.begin(), pictures_.end(),
-                             [at](const PlacedPicture& p) { return p.position < at; });
-    pictures_.insert(where, {at, std::make_shared<const Picture>(std::move(picture))});
+    Place(at, std::make_shared<const Picture>(std::move(picture)));
     return PictureMark.size();
 }
 

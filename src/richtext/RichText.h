@@ -52,9 +52,11 @@ public:
 
     // The text without its pictures.
     std::string PlainText() const;
+    RichText Part(std::size_t begin, std::size_t length) const;
 
     // Puts the text in place of length bytes from at on, and returns how long it has become there.
     std::size_t Replace(std::size_t at, std::size_t length, std::string_view text, TextStyle style);
+    std::size_t Replace(std::size_t at, std::size_t length, const RichText& content);
     std::size_t ReplaceByPicture(std::size_t at, std::size_t length, Picture picture,
                                  TextStyle style);
 
@@ -63,6 +65,7 @@ public:
 private:
     void Erase(std::size_t at, std::size_t length);
     void Insert(std::size_t at, std::string_view text, TextStyle style);
+    void Place(std::size_t at, std::shared_ptr<const Picture> picture);
     // Index of the first that begins there or later.
     std::size_t StretchAt(std::size_t position) const;
     void JoinAround(std::size_t index);

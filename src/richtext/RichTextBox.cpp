@@ -1,6 +1,7 @@
 #include "richtext/RichTextBox.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vardel {
 
@@ -8,7 +9,10 @@ RichTextBox::RichTextBox(Form& form, std::string name) : Control(form, std::move
 
 void RichTextBox::SetEditor(Editor editor) {
     FetchEdit();
-    if (editor_.edit) cleared_.clear();
+    if (editor_.edit) {
+        cleared_.clear();
+        unseen_.clear();
+    }
     editor_ = std::move(editor);
 }
 
@@ -29,6 +33,7 @@ const RichText& RichTextBox::Content() {
 
 void RichTextBox::SetContent(RichText content) {
     content_ = std::move(content);
+    unseen_.clear();
     Changed(0);
 }
 
@@ -65,15 +70,39 @@ void RichTextBox::Select(Selection selection) {
 }
 
 void RichTextBox::Insert(std::string_view text) {
-    FetchEdit();
-    const auto [start, length] = selection_;
-    Changed(start + content_.Replace(start, length, text, style_));
+    RichText content;
+    content.Replace(0, 0, text, style_);
+    Insert(content);
 }
 
 void RichTextBox::InsertPicture(Picture picture) {
+    RichText content;
+    content.ReplaceByPicture(0, 0, std::move(picture), style_);
+    Insert(content);
+}
+
+void RichTextBox::Insert(const RichText& content) {
     FetchEdit();
+    NoteWrite(content.Length());
     const auto [start, length] = selection_;
-    Changed(start + content_.ReplaceByPicture(start, length, std::move(picture), style_));
+    Changed(start + content_.Replace(start, length, content));
+}
+
+void RichTextBox::NoteWrite(std::size_t length) {
+    constexpr std::size_t MostWrites = 1000;
+    const bool begins = std::exchange(stepBegins_, false);
+    if (editor_.edit) return;
+    const auto [start, replaced] = selection_;
+    if (!unseen_.empty() && start < unseen_.back().End()) unseen_.clear();
+    if (unseen_.empty() && !begins) return;
+    if (!begins && replaced == 0 && start == unseen_.back().End()) {
+        unseen_.back().length += length;
+        return;
+    }
+    unseen_.push_back({start, content_.Part(start, replaced), length, begins});
+    if (unseen_.size() <= MostWrites) return;
+    do unseen_.pop_front();
+    while (!unseen_.front().beginsStep);
 }
 
 unsigned long RichTextBox::Changes() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -28,6 +29,17 @@ public:
         Selection selection;
     };
 
+    // What the program wrote while there was no editor: where, over what, and how long it became.
+    // In their order, none of them goes into another.
+    struct UnseenWrite {
+        std::size_t start = 0;
+        RichText removed;
+        std::size_t length = 0;
+        bool beginsStep = false;  // else undone with the one before
+
+        std::size_t End() const { return start + length; }
+    };
+
     // What a view lends while it has the text over.
     struct Editor {
         std::function<Edit()> edit;  // the user's, since it last read what is held here
@@ -51,8 +63,12 @@ public:
     TextStyle InsertStyle() const { return style_; }
     void SetInsertStyle(TextStyle style) { style_ = style; }
 
+    // What is put in from here on, up to the next step, is undone as one in the next editor where
+    // there is none now. Without any step, it cannot be undone there.
+    void BeginStep() { stepBegins_ = true; }
     // Puts the text in at the caret in place of what is selected; the caret comes behind it.
     void Insert(std::string_view text);
+    void Insert(const RichText& content);
     void InsertPicture(Picture picture);
     // Of the user's edits, in their editor; nothing where there is none.
     void Undo();
@@ -76,6 +92,8 @@ public:
     // What was cleared away while there was no editor, in its order and each with a line end: the
     // next editor brings it back in front of the text by one undo, and takes it along when it goes.
     const std::vector<RichText>& Cleared() const { return cleared_; }
+    // Likewise what was written behind that, the last steps only.
+    const std::deque<UnseenWrite>& Unseen() const { return unseen_; }
     // Grows with every write of the program, so that the view knows when to read again.
     unsigned long Revision() const { return revision_; }
     // Grows with those of them that are not of the selection alone.
@@ -86,11 +104,14 @@ public:
 
 private:
     void FetchEdit();
+    void NoteWrite(std::size_t length);
     Selection Within(Selection selection) const;
     void Changed(std::size_t caret);
 
     RichText content_;
     std::vector<RichText> cleared_;
+    std::deque<UnseenWrite> unseen_;
+    bool stepBegins_ = false;
     Selection selection_;
     TextStyle style_;
     TextFont font_{"Courier New", 8.25};

@@ -40,6 +40,12 @@ std::string PartBase(const fs::path& target) {
     return (target.parent_path() / ("." + target.filename().string().substr(0, 200))).string();
 }
 
+constexpr int MostWriters = 100;  // at once
+
+std::string PartPath(const std::string& base, int number) {
+    return base + (number == 0 ? ".part" : "." + std::to_string(number) + ".part");
+}
+
 struct PartFile {
     Descriptor file;
     std::string path;
@@ -47,12 +53,11 @@ struct PartFile {
 
 // Opens the file that is written before it is renamed, for this program alone. Its name is fixed,
 // so that a program killed while writing leaves at most one, which the next save takes up; only
-// where another program is writing just now comes a number behind it.
+// where another program is writing just now comes a number behind it, which the next save sweeps.
 PartFile OpenPart(const fs::path& target, mode_t mode) {
     const std::string base = PartBase(target);
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        const std::string path =
-            base + (attempt == 0 ? ".part" : "." + std::to_string(attempt) + ".part");
+    for (int number = 0; number < MostWriters; ++number) {
+        const std::string path = PartPath(base, number);
         Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode));
         if (!file.Valid()) Fail(path);
         if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) continue;
@@ -70,6 +75,18 @@ void WriteAll(int fd, std::string_view content, const std::string& path) {
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) Fail(path);
         content.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+// What programs left that were killed while they wrote beside another.
+void SweepParts(const fs::path& target) {
+    const std::string base = PartBase(target);
+    for (int number = 1; number < MostWriters; ++number) {
+        const std::string path = PartPath(base, number);
+        const Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+        if (file.Valid() && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0 &&
+            StillNames(path, file.Get()))
+            ::unlink(path.c_str());
     }
 }
 
@@ -160,11 +177,13 @@ void ReplaceFile(const std::string& path, std::string_view content, Access acces
         throw;
     }
     FlushFolder(target.parent_path());
+    SweepParts(target);
 }
 
 void RemoveFile(const std::string& path) {
     ::unlink(path.c_str());
-    ::unlink((PartBase(path) + ".part").c_str());
+    ::unlink(PartPath(PartBase(path), 0).c_str());
+    SweepParts(path);
 }
 
 }  // namespace vardel

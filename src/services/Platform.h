@@ -77,10 +77,16 @@ public:
     virtual std::string AskText(const TextQuestion& question) = 0;
     // Lets the window system handle what has come in meanwhile. Any event routine may run.
     virtual void Yield() = 0;
+    // Likewise, but what the user does meanwhile waits for the next of the other kind.
+    virtual void YieldWithoutInput() = 0;
     // Ends the event loop, once what is on the stack has returned.
     virtual void EndProgram() = 0;
+    // Whether that was asked for: no event routine begins any more.
+    virtual bool IsEnding() const = 0;
     // Says a text to a screen reader, which of itself tells only what changes where the focus is.
     virtual void Announce(const std::string& text) = 0;
+    // Likewise once nothing more has come to be said for a second, as while somebody types.
+    virtual void AnnounceAtRest(const std::string& text) = 0;
 };
 
 // The desktop's clipboard. Texts are UTF-8.

@@ -65,21 +65,21 @@ std::size_t Registry::Find(std::string_view name) const {
     return static_cast<std::size_t>(it - globals_.begin());
 }
 
-void Registry::SetQuorneGlobal(std::string_view name, const GlobalValue& value) {
-    const std::size_t i = Find(name);
+void Registry::SetQuorneGlobal(std::string_view strName, const GlobalValue& varValue) {
+    const std::size_t i = Find(strName);
     if (i == globals_.size()) return;
-    auto converted = ConvertLikeDefault(globals_[i].Value(), value);
+    auto converted = ConvertLikeDefault(globals_[i].Value(), varValue);
     if (!converted) return;
     globals_[i].SetValue(std::move(*converted));
     unreadable_.erase(globals_[i].ID());
 }
 
-GlobalValue Registry::QuorneGlobalValue(std::string_view name) const {
-    const std::size_t i = Find(name);
+GlobalValue Registry::QuorneGlobalValue(std::string_view strName) const {
+    const std::size_t i = Find(strName);
     return i == globals_.size() ? GlobalValue() : globals_[i].Value();
 }
 
-void Registry::SetQuorneActive(bool active) { SetQuorneGlobal(CalledFlag, active); }
+void Registry::SetQuorneActive(bool boolState) { SetQuorneGlobal(CalledFlag, boolState); }
 
 bool Registry::QuorneActive() const { return std::get<bool>(QuorneGlobalValue(CalledFlag)); }
 
@@ -89,17 +89,17 @@ void Registry::SaveQuorneGlobals() {
             store_.Write(HostApplication, HostSection, global.ID(), GlobalText(global.Value()));
 }
 
-std::string Registry::Param(const std::string& key) {
-    if (appname_.empty() || section_.empty() || key.empty()) return {};
-    key_ = key;
+std::string Registry::Param(const std::string& strkey) {
+    if (appname_.empty() || section_.empty() || strkey.empty()) return {};
+    key_ = strkey;
     RegGet();
     return setting_;
 }
 
-void Registry::SetParam(const std::string& key, const std::string& setting) {
-    if (appname_.empty() || section_.empty() || key.empty()) return;
-    key_ = key;
-    setting_ = setting;
+void Registry::SetParam(const std::string& strkey, const std::string& strSetting) {
+    if (appname_.empty() || section_.empty() || strkey.empty()) return;
+    key_ = strkey;
+    setting_ = strSetting;
     RegSave();
 }
 

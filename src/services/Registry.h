@@ -26,13 +26,13 @@ public:
     explicit Registry(SettingsStore& store);
 
     const std::string& Appname() const { return appname_; }
-    void SetAppname(std::string appname) { appname_ = std::move(appname); }
+    void SetAppname(std::string strAppName) { appname_ = std::move(strAppName); }
     const std::string& Section() const { return section_; }
-    void SetSection(std::string section) { section_ = std::move(section); }
+    void SetSection(std::string strSection) { section_ = std::move(strSection); }
     const std::string& Key() const { return key_; }
-    void SetKey(std::string key) { key_ = std::move(key); }
+    void SetKey(std::string strkey) { key_ = std::move(strkey); }
     const std::string& Setting() const { return setting_; }
-    void SetSetting(std::string setting) { setting_ = std::move(setting); }
+    void SetSetting(std::string strSetting) { setting_ = std::move(strSetting); }
 
     void RegGet() { setting_ = store_.Read(appname_, section_, key_); }
     void RegSave() { store_.Write(appname_, section_, key_, setting_); }
@@ -40,17 +40,17 @@ public:
 
     // Read and write in one step, with the cursor on the key afterwards. Without an application, a
     // section or a key they do nothing, and the read gives an empty text.
-    std::string Param(const std::string& key);
-    void SetParam(const std::string& key, const std::string& setting);
+    std::string Param(const std::string& strkey);
+    void SetParam(const std::string& strkey, const std::string& strSetting);
 
     // Whether the host has started the program. Stored by SaveQuorneGlobals only.
-    void SetQuorneActive(bool active);
+    void SetQuorneActive(bool boolState);
     bool QuorneActive() const;
 
     // A value goes into its parameter in the type that the parameter has, and not at all where it
     // does not fit. An unknown name is no error: nothing happens, and its value is empty.
-    void SetQuorneGlobal(std::string_view name, const GlobalValue& value);
-    GlobalValue QuorneGlobalValue(std::string_view name) const;
+    void SetQuorneGlobal(std::string_view strName, const GlobalValue& varValue);
+    GlobalValue QuorneGlobalValue(std::string_view strName) const;
 
     // Writes every parameter, but for a stored text that could not be read and was not set since.
     void SaveQuorneGlobals();

@@ -81,6 +81,10 @@ class User:
         found = self.xdotool("search", "--onlyvisible", "--name", title).split()
         return [int(window) for window in found]
 
+    def titles(self):
+        """Of all windows on the screen, to the letter."""
+        return [self.xdotool("getwindowname", window).rstrip("\n") for window in self.windows(".")]
+
     def wait_for_window(self, title):
         """Until it is there and has the keyboard."""
         def focused():

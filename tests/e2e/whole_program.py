@@ -14,6 +14,7 @@ from user import Display, User, wait_for
 PROGRAM = sys.argv.pop(1)
 
 # Of the inputs that a first start shows, in the order of the log's columns.
+MAIN_TITLE = "Okumura-Hata Field Strength / Loss Calculations"
 DEFAULT_RESULTS = ["143.13", "140.42", "143.13", "49.31", "49.3", "52.01"]
 
 
@@ -44,8 +45,6 @@ class WholeProgram(unittest.TestCase):
         """Up to the main window, with what comes before it read and put away."""
         user = self.user
         user.start()
-        user.wait_for_window("Okum-Hata")  # there is no measured data
-        user.keys("Return")
         if introduced:
             user.wait_for_window("Introduction")
             user.keys("Return")
@@ -124,6 +123,7 @@ class WholeProgram(unittest.TestCase):
         user.type("29")  # over what the box held
         user.keys("Return")
         user.wait_for_window("Vardel")
+        self.assertIn("Vardel", user.titles())
         user.keys("Return")
         lines = wait_for("the calculation behind it", user.log_lines)
         self.assertEqual(lines[0][1], "150")
@@ -144,6 +144,8 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(len(user.log_lines()), 2)
         user.keys("alt+c", "v")
         user.wait_for_window("BaseH   MobilH")
+        self.assertTrue(any(title.startswith("  Dist     Frq ") and title.endswith("   Date      Time")
+                            for title in user.titles()), user.titles())
         user.keys("Escape")
         user.wait_until_gone("BaseH   MobilH")
         self.exit(keep_log=False)
@@ -154,6 +156,7 @@ class WholeProgram(unittest.TestCase):
         self.start()
         user.keys("alt+c", "r")
         user.wait_for_window("Report Distance Range")
+        self.assertEqual(set(user.titles()), {"Report Distance Range", MAIN_TITLE})
         self.fill("1", "300", "0.0001")
         user.keys("Return", "Return")  # a second stroke in haste ends nothing
         time.sleep(0.2)
@@ -197,6 +200,16 @@ class WholeProgram(unittest.TestCase):
         self.calculate()
         self.assertEqual(len(user.log_lines()), 2)
         self.exit()
+
+    def test_a_signal_under_a_message_calculates_nothing(self):
+        user = self.user
+        self.start()
+        user.type("29")
+        user.keys("Return")
+        user.wait_for_window("Vardel")
+        user.process.terminate()
+        user.wait_for_end()
+        self.assertEqual(user.log_lines(), [])
 
     def test_each_graph_is_replotted_and_saved(self):
         user = self.user

@@ -81,5 +81,31 @@ TEST(QtHelp, F1AnswersWhereTheFocusOrTheOpenMenuIs) {
     platform.GetHelp().Quit();
 }
 
+// A picture that is not there is an icon of a few points.
+TEST(QtHelp, ThePicturesOfTheGuideArePainted) {
+    QtHelp help;
+    help.ShowTopic(0);
+    auto& text = *help.Window()->findChild<QTextBrowser*>();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(help.Window()));
+    int painted = 0;
+    for (QTextCursor at(text.document()); !at.atEnd();
+         at.movePosition(QTextCursor::NextCharacter)) {
+        if (text.document()->characterAt(at.position()) != QChar::ObjectReplacementCharacter)
+            continue;
+        text.setTextCursor(at);
+        const QRect before = text.cursorRect(at);
+        QTextCursor behind(at);
+        behind.movePosition(QTextCursor::NextCharacter);
+        const QRect place(before.topLeft(), text.cursorRect(behind).bottomLeft());
+        const QImage seen = text.viewport()->grab(place).toImage();
+        QSet<QRgb> colors;
+        for (int y = 0; y < seen.height(); y += 3)
+            for (int x = 0; x < seen.width(); x += 3) colors.insert(seen.pixel(x, y));
+        if (place.width() > 250 && colors.size() > 20) ++painted;
+    }
+    EXPECT_EQ(painted, 9);
+    help.Quit();
+}
+
 }  // namespace
 }  // namespace vardel

@@ -71,8 +71,9 @@ protected:
     void ExpectLikeTheScreen(const std::string& file) {
         const QImage drawn(QString::fromStdString(folder.Path(file)));
         ASSERT_FALSE(drawn.isNull());
-        EXPECT_GT(Covered(screen, Inked(drawn)), 0.97);
-        EXPECT_GT(Covered(Inked(drawn), screen), 0.97);
+        // Thin lines have paler edges in one than in the other; a curve is a tenth of the ink.
+        EXPECT_GT(Covered(screen, Inked(drawn)), 0.94);
+        EXPECT_GT(Covered(Inked(drawn), screen), 0.94);
     }
 
     ScratchFolder folder;

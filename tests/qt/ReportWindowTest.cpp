@@ -91,12 +91,36 @@ TEST_F(ReportWindowTest, EditingComesBackToTheLog) {
     EXPECT_EQ(Log().Text(), header + "underplain é𝄞\r\ntyped {\\}\r\nnexXt");
 }
 
-TEST_F(ReportWindowTest, WhatWasLeftSelectedIsNotReplaced) {
-    program.MainForm->cmdLossCalc.Press();
-    const std::string text = Log().Text();
-    WhileOpen([&] { Edit().selectAll(); });
-    program.ReportLog().Add("more");
-    EXPECT_EQ(Log().Text(), text + "more");
+// In a log of a few lines, and in one so long that its styles come after its text.
+TEST_F(ReportWindowTest, EachUndoTakesALineBackThatCameWhileTheWindowWasHidden) {
+    for (const std::size_t size : {0U, 1U << 20U}) {
+        program.ReportLog().Clear();
+        program.ReportLog().SetUnderline(true);
+        program.ReportLog().Add(std::string(size, 'x') + "é𝄞 before, ");
+        program.ReportLog().SetUnderline(false);
+        program.ReportLog().Add("between, after");
+        const RichText before = Log().Content();
+        const std::size_t between = before.Length() - std::string("between, after").size();
+        WhileOpen([&] {
+            QTextCursor selected = Edit().document()->find("between");
+            Edit().setTextCursor(selected);
+        });
+        program.MainForm->cmdLossCalc.Press();
+        const RichText once = Log().Content();
+        EXPECT_EQ(once.Text().substr(between, 8), "      10") << "in place of the selection";
+        program.MainForm->cmdLossCalc.Press();
+        const RichText twice = Log().Content();
+        WhileOpen([&] {
+            EXPECT_EQ(Log().Content(), twice);
+            QTest::keyClick(&Edit(), Qt::Key_Z, Qt::ControlModifier);
+            EXPECT_EQ(Log().Content(), once);
+            QTest::keyClick(&Edit(), Qt::Key_Z, Qt::ControlModifier);
+            EXPECT_EQ(Log().Content(), before);
+            QTest::keyClick(&Edit(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+            EXPECT_EQ(Log().Content(), once);
+        });
+        EXPECT_EQ(Log().Content(), once);
+    }
 }
 
 TEST_F(ReportWindowTest, TheButtonsWorkOnWhatTheUserSees) {
@@ -204,6 +228,17 @@ TEST_F(ReportWindowTest, FindsUndoesAndIsLeftByKeysWithItsHeadsAlongside) {
         EXPECT_NEAR(headAt(), textAt(), 1);
         Edit().horizontalScrollBar()->setValue(70);
         EXPECT_NEAR(headAt(), textAt(), 1);
+        EXPECT_FALSE(heads.isVisible()) << "the log's own are in view";
+        Edit().insertPlainText("x");
+        EXPECT_TRUE(heads.isVisible()) << "they are none now";
+        Edit().undo();
+        EXPECT_FALSE(heads.isVisible());
+        QTextCursor end(Edit().document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(QString(100, '\n'));
+        Edit().verticalScrollBar()->setValue(100);
+        EXPECT_TRUE(heads.isVisible());
+        Edit().undo();
 
         QTest::keyClicks(&Edit(), "typed");
         QTest::keyClick(&Edit(), Qt::Key_F, Qt::ControlModifier);

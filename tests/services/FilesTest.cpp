@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -124,8 +125,20 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
 }
 
 TEST_F(FilesTest, AFileGoesWithWhatAKilledSaveLeftBesideIt) {
+    const std::string second = folder_.Path(".log.rtf.2.part");
     ReplaceFile(path_, "whole");
+    ReplaceFile(second, "of one that was not alone");
+    {
+        const int writing = ::open(second.c_str(), O_WRONLY);
+        ::flock(writing, LOCK_EX);
+        ReplaceFile(path_, "new");
+        EXPECT_TRUE(FileExists(second)) << "somebody is writing it";
+        ::close(writing);
+    }
+    ReplaceFile(path_, "new");
+    EXPECT_FALSE(FileExists(second));
     ReplaceFile(folder_.Path(".log.rtf.part"), "half");
+    ReplaceFile(folder_.Path(".log.rtf.1.part"), "half");
     RemoveFile(path_);
     EXPECT_TRUE(fs::is_empty(folder_.Path()));
 }

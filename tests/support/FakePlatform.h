@@ -46,8 +46,11 @@ public:
     std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
+    void YieldWithoutInput() override { Yield(); }
     void EndProgram() override { ended = true; }
+    bool IsEnding() const override { return false; }
     void Announce(const std::string&) override {}
+    void AnnounceAtRest(const std::string& text) override { announcedAtRest = text; }
     std::string Read(const std::string& application, const std::string& section,
                      const std::string& key) override {
         return store[application + '/' + section + '/' + key];
@@ -105,6 +108,7 @@ public:
     std::map<std::string, std::function<void()>> whileShown;  // by a modal form's name
     std::function<void(const Message&)> onMessage;
     std::function<void()> onYield;
+    std::string announcedAtRest;
     std::vector<FileDialog> saveDialogs;
     std::optional<SaveChoice> saveChoice;
     std::vector<FileDialog> openDialogs;

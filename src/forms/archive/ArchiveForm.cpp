@@ -136,7 +136,6 @@ void ArchiveForm::cmdLay_Click() {
     else if (!curves_.empty())
         laid.push_back(
             {run->number, QuantityOf(curves_), LaidCurves(run->number, curves_, laid.size())});
-    ++shared_.LaidChanges;
     lstRuns.Refresh();
     EnableButtons();
 }

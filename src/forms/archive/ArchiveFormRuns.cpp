@@ -33,7 +33,6 @@ bool ArchiveForm::Try(const std::function<void()>& step) {
 void ArchiveForm::Open(const std::string& path) {
     lblStatus.SetCaption("");
     shared_.LaidRuns.clear();
-    ++shared_.LaidChanges;
     reader_.reset();
     Try([&] { reader_.emplace(path, LongestWait); });
     ListRuns();

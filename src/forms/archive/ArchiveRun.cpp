@@ -23,12 +23,12 @@ namespace {
 
 constexpr const char* Title = "Add To Archive";
 
-// False when the user does not want it, or, after a message, when it cannot be made.
-bool MakeArchive(Windows& windows, const std::string& path) {
+// Where the user wants it. False, after a message, when it cannot be made.
+bool OfferToMake(Windows& windows, const std::string& path) {
     if (windows.ShowMessage({.text = "The archive " + path + " does not exist. Make it?",
                              .title = Title,
                              .buttons = Message::Buttons::YesNo}) != Answer::Yes)
-        return false;
+        return true;
     // Another program may be making it just now, and may have a run in it before this one is done.
     const FolderLock lock(std::filesystem::path(path).parent_path().string());
     if (FileExists(path)) return true;
@@ -45,9 +45,11 @@ bool MakeArchive(Windows& windows, const std::string& path) {
 }
 
 // False, after a message, when the user chooses none.
-bool ChooseArchive(SharedData& shared, Platform& platform) {
+bool ChooseArchive(SharedData& shared, PlotForm& form) {
+    const Platform& platform = form.GetPlatform();
     Windows& windows = platform.windows;
-    const auto file = windows.AskOpenFile({platform.programDirectory, "*.mdb", 1});
+    form.cmdlg = {platform.programDirectory, "*.mdb", 1, "*.mdb"};
+    const auto file = windows.AskOpenFile(form.cmdlg);
     if (!file || file->empty() || file->find('*') != std::string::npos) {
         windows.ShowMessage({.text = "Cannot Open Access Database", .title = Title});
         shared.ArchiveFile.clear();
@@ -55,7 +57,7 @@ bool ChooseArchive(SharedData& shared, Platform& platform) {
     }
     std::filesystem::path path = *file;
     if (!path.has_extension() && !FileExists(*file)) path += ".mdb";
-    if (!FileExists(path.string()) && !MakeArchive(windows, path.string())) return false;
+    if (!FileExists(path.string()) && !OfferToMake(windows, path.string())) return false;
     shared.ArchiveFile = path.string();
     return true;
 }
@@ -79,10 +81,9 @@ std::optional<std::string> AskComment(const SharedData& shared, Windows& windows
     return comment;
 }
 
-void StoreRun(const SharedData& shared, PlotForm& form, const ModelInputs& inputs,
-              Quantity quantity, int sessionEnds) {
+void StoreRun(const SharedData& shared, dbOperations& archive, PlotForm& form,
+              const ModelInputs& inputs, Quantity quantity, int sessionEnds) {
     Platform& platform = form.GetPlatform();
-    dbOperations archive(platform.windows);
     archive.OpenArchive(shared.ArchiveFile);
     const std::string parameters = ParameterLine(form);
     const auto comment = AskComment(shared, platform.windows, sessionEnds);
@@ -96,14 +97,14 @@ void StoreRun(const SharedData& shared, PlotForm& form, const ModelInputs& input
 
 }  // namespace
 
-void ArchiveRun(SharedData& shared, PlotForm& form, Quantity quantity) {
+void ArchiveRun(SharedData& shared, dbOperations& archive, PlotForm& form, Quantity quantity) {
     const int sessionEnds = shared.SessionEnds;
     const Hourglass hourglass(form);
     form.GetPlatform().windows.Yield();
     if (form.Unloaded()) return;
     if (const auto inputs = form.ReadInputs())
-        if (!shared.ArchiveFile.empty() || ChooseArchive(shared, form.GetPlatform()))
-            StoreRun(shared, form, *inputs, quantity, sessionEnds);
+        if (!shared.ArchiveFile.empty() || ChooseArchive(shared, form))
+            StoreRun(shared, archive, form, *inputs, quantity, sessionEnds);
 }
 
 }  // namespace vardel

@@ -18,9 +18,9 @@ struct ChartSeries {
     Color LineColor;
     int LineStyle = 0;  // see LinePattern of the curves
     int LineWidth = 1;
-    int MarkerStyle = 0;  // 0: a plain line
+    int MarkerStyle = 0;  // 0: a plain line, 1: a dot at each point
     int MarkerSize = 0;
-    bool SinglePoints = false;  // each point a value of its own, shown as a dot on the line
+    bool SinglePoints = false;  // each point a value of its own, with none between them
     std::string Curve;          // the name of the curve that this is a stretch of
     bool Continued = false;     // the curve began in the series before
     std::string Label;

@@ -13,8 +13,8 @@ void ShowPlot(Chart& chart, const CurvePlot& plot) {
         series.LineStyle = static_cast<int>(shown.pattern);
         series.LineColor = shown.color;
         series.LineWidth = 1;
-        series.MarkerStyle = 0;
-        series.MarkerSize = 0;
+        series.MarkerStyle = shown.marked ? 1 : 0;
+        series.MarkerSize = shown.marked ? 5 : 0;
         series.SinglePoints = shown.singlePoints;
         series.Visible = true;
     }

@@ -9,7 +9,7 @@
 
 namespace vardel {
 
-bool FrmOkumFieldStrength::PlotFieldStrength(bool redrawChart) { return Plot(redrawChart); }
+bool FrmOkumFieldStrength::PlotFieldStrength(bool RedrawChart) { return Plot(RedrawChart); }
 
 GraphCurves FrmOkumFieldStrength::CurvesOf(const ModelInputs& inputs) {
     return FieldStrengthCurves(shared_.GraphMode, inputs, GetPowerWatts());

@@ -104,6 +104,7 @@ void FrmOkumFieldStrength::BringUpToDate() {
         threshold_.BringUpToDate();
         view_.BringUpToDate();
         const bool anew = TakeUnitsAfresh();
+        ShowHandBack();
         SelectPlot(shared_.GraphMode);
         if (anew && !Unloaded()) cmdUpdateGraph.Press();
     });

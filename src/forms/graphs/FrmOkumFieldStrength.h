@@ -14,7 +14,7 @@ public:
 
     // Plots what the program's GraphMode says. False, after a message, where a box holds no number:
     // the chart is as it was then.
-    bool PlotFieldStrength(bool redrawChart);
+    bool PlotFieldStrength(bool RedrawChart);
     // The graph of the variant for the United States, which no menu leads to.
     void SelectUsPlot();
     // Another graph with the inputs as they stand in the boxes.

@@ -9,16 +9,17 @@
 
 namespace vardel {
 
-void SaveGraph(Form& form, Chart& chart) {
-    SaveWithDialog(
-        form, "Windows Meta File (*.wmf)|*.wmf", 1,
-        [&chart](const SaveChoice& choice) { chart.SaveMetafile(2, choice.path); },
-        chart.Title[0].Text);
+void SaveGraph(Form& form, FileDialog& dialog, Chart& chart) {
+    dialog = {form.GetPlatform().programDirectory, "Windows Meta File (*.wmf)|*.wmf", 1,
+              chart.Title[0].Text};
+    SaveWithDialog(form, dialog,
+                   [&chart](const SaveChoice& choice) { chart.SaveMetafile(2, choice.path); });
 }
 
 void CopyGraphToLog(Doors& doors, Chart& chart) {
     doors.platform.clipboard.Clear();
     chart.CopyToClipboard();
+    doors.ReportLog().BeginStep();
     doors.ReportLog().PasteClipboard();
     doors.ReportLog().AddLine("[Clip Board Image]");
 }

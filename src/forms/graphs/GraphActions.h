@@ -5,13 +5,14 @@
 namespace vardel {
 
 struct Doors;
+struct FileDialog;
 struct SharedData;
 
 // What the menus of all graph forms do with their chart.
 
-// Asks for a file and writes the chart to it as a metafile. A failure is told; the form stays as it
-// was.
-void SaveGraph(Form& form, Chart& chart);
+// Asks by the form's dialog for a file and writes the chart to it as a metafile. A failure is told;
+// the form stays as it was.
+void SaveGraph(Form& form, FileDialog& dialog, Chart& chart);
 
 // Puts a picture of the chart into the report log, by way of the clipboard.
 void CopyGraphToLog(Doors& doors, Chart& chart);

@@ -43,8 +43,9 @@ void GraphForm::Form_Load() {
 void GraphForm::BringUpToDate() {
     threshold_.BringUpToDate();
     view_.BringUpToDate();
-    const bool laid = LaidRunsChanged();
-    if (TakeUnitsAfresh() || laid) cmdUpdateGraph.Press();
+    TakeUnitsAfresh();
+    ShowHandBack();
+    cmdUpdateGraph.Press();
 }
 
 void GraphForm::Form_Unload() {

@@ -12,8 +12,9 @@ public:
     GraphForm(Platform& platform, SharedData& shared, Doors& doors);
 
     // False where a box holds no number: the chart is as it was then. A redraw says so.
-    bool PlotLossGraph(bool redrawChart);
-    // Before it is shown where it was made earlier, hidden.
+    bool PlotLossGraph(bool RedrawChart);
+    // Before it is shown where it was made earlier, hidden: with the graph of its inputs as they
+    // stand, which a unit switch may have written since.
     void BringUpToDate();
 
     Chart& CTWX1 = chart_;

@@ -6,7 +6,7 @@
 
 namespace vardel {
 
-bool GraphForm::PlotLossGraph(bool redrawChart) { return Plot(redrawChart); }
+bool GraphForm::PlotLossGraph(bool RedrawChart) { return Plot(RedrawChart); }
 
 void GraphForm::SetScalesAndTitles() {
     SetChartScales(CTWX1, MaxDist, 50.0, 250.0);

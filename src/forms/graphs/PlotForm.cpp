@@ -88,13 +88,10 @@ void PlotForm::WireEvents() {
         box.Change = [this] { ShowHandBack(); };
     }
     cmbareatype.Click = [this] { cmbareatype_Click(); };
-    cmbcitysize.Click = [this] {
-        MarkStale();
-        ShowHandBack();
-    };
+    cmbcitysize.Click = [this] { cmbcitysize_Click(); };
     cmdPrintGraph.Click = [this] { cmdPrintGraph_Click(); };
     cmdUpdateGraph.Click = [this] { cmdUpdateGraph_Click(); };
-    mnuFileSave.Click = [this] { SaveGraph(*this, chart_); };
+    mnuFileSave.Click = [this] { SaveGraph(*this, cmdlg, chart_); };
     mnuFileSave.SetShortcut("Ctrl+S");
     mnuUnitsMetric.Click = [this] { SetMetricUnits(doors_); };
     mnuUnitsEnglish.Click = [this] { SetEnglishUnits(doors_); };
@@ -115,7 +112,6 @@ void PlotForm::LoadInputs(const MainForm& main) {
     mnuUnitsEnglish.SetChecked(main.mnuUnitsEnglish.Checked());
     for (Label* unit : {&Label10, &Label11}) unit->SetCaption(main.Label10.Caption());
     ApplyAreaRule(cmbareatype, cmbcitysize);
-    unchanged_ = Entered();
     ShowHandBack();
     MarkStale();  // until the first plot is drawn
 }
@@ -131,33 +127,14 @@ void PlotForm::TellRefusal() {
     if (std::exchange(refusalUntold_, false)) Run([this] { ReadInputs(); });
 }
 
-PlotForm::Inputs PlotForm::Entered() const {
-    return {txthm.Text(),       txthb.Text(),      txtFreq.Text(),  cmbareatype.Text(),
-            cmbcitysize.Text(), txtPctTime.Text(), txtPctLoc.Text()};
-}
-
 void PlotForm::HandBackInputs(MainForm& main) {
-    const Inputs entered = Entered();
-    const auto handBack = [&](std::string Inputs::*input, auto& control) {
-        if (entered.*input != unchanged_.*input) control.SetText(entered.*input);
-    };
-    handBack(&Inputs::hm, main.txthm);
-    handBack(&Inputs::hb, main.txthb);
-    handBack(&Inputs::f, main.txtFreq);
-    if (entered.area != unchanged_.area || entered.city != unchanged_.city) {
-        // One goes with the other.
-        main.cmbareatype.SetText(entered.area);
-        main.cmbcitysize.SetText(entered.city);
-    }
-    handBack(&Inputs::pctTime, main.txtPctTime);
-    handBack(&Inputs::pctLoc, main.txtPctLoc);
-    unchanged_ = entered;
-}
-
-void PlotForm::CountHeightsAsUnchanged() {
-    unchanged_.hb = txthb.Text();
-    unchanged_.hm = txthm.Text();
-    ShowHandBack();
+    main.txthm.SetText(txthm.Text());
+    main.txthb.SetText(txthb.Text());
+    main.txtFreq.SetText(txtFreq.Text());
+    main.cmbareatype.SetText(cmbareatype.Text());
+    main.cmbcitysize.SetText(cmbcitysize.Text());
+    main.txtPctTime.SetText(txtPctTime.Text());
+    main.txtPctLoc.SetText(txtPctLoc.Text());
 }
 
 void PlotForm::ShowValues() {
@@ -166,7 +143,7 @@ void PlotForm::ShowValues() {
 }
 
 void PlotForm::StoreInArchive(Quantity quantity) {
-    ArchiveRun(shared_, *this, quantity);
+    ArchiveRun(shared_, doors_.dbOperations, *this, quantity);
     if (doors_.MainForm.Loaded()) doors_.MainForm->Tell(lblStatus.Caption());
     if (doors_.ArchiveForm.Loaded()) doors_.ArchiveForm->BringUpToDate();
 }
@@ -178,21 +155,23 @@ void PlotForm::ShowStatus(std::string text) {
     lblStatus.SetCaption(std::move(text));
 }
 
-// Before the window closes, what will change there.
 void PlotForm::ShowHandBack() {
-    const Inputs entered = Entered();
-    const struct {
-        const Label& caption;
-        std::string Inputs::*input;
-    } inputs[] = {{Label3, &Inputs::f},     {baseAntenna_, &Inputs::hb}, {Label9, &Inputs::hm},
-                  {Label6, &Inputs::area},  {Label13, &Inputs::city},    {Label1, &Inputs::pctTime},
-                  {Label7, &Inputs::pctLoc}};
+    if (!doors_.MainForm.Loaded()) return;
+    const MainForm& main = *doors_.MainForm;
     std::string changes;
-    for (const auto& [caption, input] : inputs)
-        if (entered.*input != unchanged_.*input)
-            changes += (changes.empty() ? "" : ", ") + caption.Caption() + ' ' +
-                       std::string(Trimmed(entered.*input)) + " instead of " +
-                       std::string(Trimmed(unchanged_.*input));
+    const auto compare = [&changes](const Label& caption, const auto& here, const auto& there) {
+        if (here.Text() == there.Text()) return;
+        changes += (changes.empty() ? "" : ", ") + caption.Caption() + ' ' +
+                   std::string(Trimmed(here.Text())) + " instead of " +
+                   std::string(Trimmed(there.Text()));
+    };
+    compare(Label3, txtFreq, main.txtFreq);
+    compare(baseAntenna_, txthb, main.txthb);
+    compare(Label9, txthm, main.txthm);
+    compare(Label6, cmbareatype, main.cmbareatype);
+    compare(Label13, cmbcitysize, main.cmbcitysize);
+    compare(Label1, txtPctTime, main.txtPctTime);
+    compare(Label7, txtPctLoc, main.txtPctLoc);
     lblHandBack.SetVisible(!changes.empty());
     lblHandBack.SetCaption(
         changes.empty() ? "" : "The main window gets, when this one closes: " + changes);
@@ -211,6 +190,11 @@ void PlotForm::MarkStale() {
 void PlotForm::cmbareatype_Click() {
     MarkStale();
     ApplyAreaRule(cmbareatype, cmbcitysize);
+    ShowHandBack();
+}
+
+void PlotForm::cmbcitysize_Click() {
+    MarkStale();
     ShowHandBack();
 }
 
@@ -261,18 +245,20 @@ PathInputs PlotForm::PathOf(const ModelInputs& inputs) const {
 }
 
 void PlotForm::AddLaidRuns(CurvePlot& plot, Quantity quantity) {
-    laidChanges_ = shared_.LaidChanges;
     for (const LaidRun& run : shared_.LaidRuns)
         if (run.quantity == quantity) plot.insert(plot.end(), run.curves.begin(), run.curves.end());
 }
 
-bool PlotForm::Plot(bool redrawChart) {
+bool PlotForm::Plot(bool RedrawChart) {
     const Hourglass hourglass(*this);
-    GetPlatform().windows.Yield();
-    const auto inputs = ReadInputs(redrawChart ? ReadPositiveBox : ReadPositiveBoxQuietly);
-    refusalUntold_ = !inputs && !redrawChart;
+    Windows& windows = GetPlatform().windows;
+    // Not yet to be seen, the form may be made in the middle of a unit switch, whose half of new
+    // units no calculation must meet.
+    RedrawChart ? windows.Yield() : windows.YieldWithoutInput();
+    const auto inputs = ReadInputs(RedrawChart ? ReadPositiveBox : ReadPositiveBoxQuietly);
+    refusalUntold_ = !inputs && !RedrawChart;
     if (!inputs) return false;
-    if (redrawChart) chart_.HideSeries();
+    if (RedrawChart) chart_.HideSeries();
     GraphCurves curves = CurvesOf(*inputs);
     CurvePlot plot = PlotOf(curves, MaxDist);
     AddToPlot(plot, *inputs);
@@ -281,7 +267,7 @@ bool PlotForm::Plot(bool redrawChart) {
     chart_.Inputs = PathOf(*inputs);
     SetScalesAndTitles();
     Threshold().SetCurves(std::move(curves));
-    if (redrawChart) chart_.Redraw();
+    if (RedrawChart) chart_.Redraw();
     return true;
 }
 

@@ -9,12 +9,12 @@
 #include "forms/graphs/ThresholdLine.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModelInputs.h"
+#include "services/Platform.h"
 
 namespace vardel {
 
 class MainForm;
 struct Doors;
-struct Platform;
 
 // What the graph forms have in common: a copy of the main form's inputs, the rules of their boxes,
 // the steps of a plot, and a button that shows whether the chart is of the present inputs. The
@@ -36,6 +36,8 @@ public:
     double MaxDist = 100.0;   // the right end of the distance axis, km: 100 or 300
     std::string GoodPicture;  // the file for the button of a graph that shows the inputs
     std::string BadPicture;   // and of one whose inputs may have changed since
+
+    FileDialog cmdlg;  // as it was asked for last
 
     Button cmdPrintGraph{*this, "cmdPrintGraph", "Print Graph"};
     TextBox txtPctLoc{*this, "txtPctLoc", "50"};
@@ -81,13 +83,12 @@ public:
     // switch makes may never be opened, and says nothing.
     void TellRefusal();
 
-    // Gives the main form what was changed here: each of these writes is an edit there. What was
-    // not changed is left alone, since the main form may have moved on while this form was hidden.
+    // Gives the main form all inputs as they stand here. Each of these writes is an edit there.
     void HandBackInputs(MainForm& main);
+    // Before the window closes, what will change there.
+    void ShowHandBack();
     // Empty: there is nothing to tell.
     void ShowStatus(std::string text);
-    // A unit switch has given both the same heights.
-    void CountHeightsAsUnchanged();
 
 protected:
     PlotForm(Platform& platform, SharedData& shared, Doors& doors, const Names& names);
@@ -96,7 +97,7 @@ protected:
     // The whole plot. A redraw hides what an earlier one showed; the first plot, of the form's
     // loading, draws none. False, after a message unless it is the first, where a box holds no
     // number: the chart is as it was then.
-    bool Plot(bool redrawChart);
+    bool Plot(bool RedrawChart);
     virtual GraphCurves CurvesOf(const ModelInputs& inputs) = 0;
     // What lies over the curves besides, but for runs of an archive.
     virtual void AddToPlot(CurvePlot&, const ModelInputs&) {}
@@ -109,8 +110,6 @@ protected:
     // but where the main form has gone back to metric units by itself since, these inputs would be
     // handed back in the wrong units, and the main form's are taken. True when they were.
     bool TakeUnitsAfresh();
-    // Whether other runs of an archive are to lie over the graph than when it was plotted.
-    bool LaidRunsChanged() const { return laidChanges_ != shared_.LaidChanges; }
     void StoreInArchive(Quantity quantity);
     void ShowValues();
     void cmdPrintGraph_Click();
@@ -126,22 +125,16 @@ protected:
     Button archive_;
 
 private:
-    struct Inputs {
-        std::string hm, hb, f, area, city, pctTime, pctLoc;
-    };
-    Inputs Entered() const;
     PathInputs PathOf(const ModelInputs& inputs) const;
 
-    void ShowHandBack();
     void AddLaidRuns(CurvePlot& plot, Quantity quantity);
     void SetAppearance();
     void WireEvents();
     void cmbareatype_Click();
+    void cmbcitysize_Click();
     void cmdUpdateGraph_Click();
 
     bool refusalUntold_ = false;
-    int laidChanges_ = 0;  // of the shared data, as they were plotted
-    Inputs unchanged_;     // as the main form and this one had them alike
 };
 
 }  // namespace vardel

@@ -31,8 +31,8 @@ public:
     // What a form that takes its inputs from here may call.
     void MarkValuesStale();
     void SetDefaultInputs();
-    // What the host or the last run has left in the settings, over the default inputs. A part of
-    // every start.
+    // What the host or the last run has left in the settings, over the default inputs, as every
+    // start takes it.
     void TakeSettings();
     // What a run takes from the boxes, but for the distance. Nothing, after a message, where a box
     // holds no number that read takes, which can only be one that still has the focus.
@@ -171,6 +171,7 @@ private:
     // MainFormCalculation.cpp
     void cmdLossCalc_Click();
     std::optional<PathInputs> ReadPath(BoxReader read);
+    std::optional<PathInputs> ReadBoxes(BoxReader read, bool withDistance);
     void ShowResults(const Calculation& calculation);
 
     // MainFormInputRules.cpp
@@ -190,6 +191,9 @@ private:
     void Form_Load() override;
     void Form_Unload() override;
     void mnuFileExit_Click();
+    void OpenRegistry();
+    void RestoreNumbers();  // and their units
+    void RestoreLists();
     void FillFromHost();
     void FillFromSettings();
     void RestoreUnits();

@@ -5,6 +5,7 @@
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
+#include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/shared/BoxRule.h"
 #include "models/Primitives.h"
@@ -22,47 +23,47 @@ void MainForm::cmdLossCalc_Click() {
         return;
     }
     const Calculation calculation(inputs, path->powerWatts);
+    const bool replaces = doors_.FrmReport->rtbLog.Selected().length > 0;
+    doors_.ReportLog().BeginStep();
     doors_.ReportLog().AddCalculation(LogLine(*path, calculation, GetPlatform().clock.Now()));
     ShowResults(calculation);
     computed_ = *path;
     recent_.Add(*path);
     valuesStale_ = false;
-    Tell({});
+    Tell(replaces ? "The line took the place of what was selected in the log. There, Ctrl+Z brings "
+                    "it back."
+                  : "");
     GetPlatform().windows.Yield();
     // The program may have been closed meanwhile, and its log with it.
     if (!shared_.TempLogFile.empty()) doors_.ReportLog().SaveFile(shared_.TempLogFile);
 }
 
-std::optional<PathInputs> MainForm::ReadInputs(BoxReader read) {
-    std::array<double, 3> numbers{};
-    std::size_t n = 0;
-    for (const auto& [box, head] :
-         {std::pair(&txtFreq, &Label1), std::pair(&txthb, &Label3), std::pair(&txthm, &Label4)}) {
-        const auto number = read(*box, *head, *this);
-        if (!number) return std::nullopt;
-        numbers[n++] = *number;
-    }
-    const auto [frequency, hb, hm] = numbers;
-    return PathInputs{.frequency = frequency,
-                      .hb = hb,
-                      .hm = hm,
+std::optional<PathInputs> MainForm::ReadInputs(BoxReader read) { return ReadBoxes(read, false); }
+
+std::optional<PathInputs> MainForm::ReadPath(BoxReader read) { return ReadBoxes(read, true); }
+
+std::optional<PathInputs> MainForm::ReadPathQuietly() { return ReadPath(ReadPositiveBoxQuietly); }
+
+// In the order in which a message names the first that is wrong.
+std::optional<PathInputs> MainForm::ReadBoxes(BoxReader read, bool withDistance) {
+    const auto f = read(txtFreq, Label1, *this);
+    if (!f) return std::nullopt;
+    const auto d = withDistance ? read(txtDist, Label2, *this) : 0.0;
+    if (!d) return std::nullopt;
+    const auto hb = read(txthb, Label3, *this);
+    if (!hb) return std::nullopt;
+    const auto hm = read(txthm, Label4, *this);
+    if (!hm) return std::nullopt;
+    return PathInputs{.distance = *d,
+                      .frequency = *f,
+                      .hb = *hb,
+                      .hm = *hm,
                       .units = mnuUnitsEnglish.Checked() ? Units::English : Units::Metric,
                       .area = cmbareatype.Text(),
                       .city = cmbcitysize.Text(),
                       .pctTime = LeadingNumber(txtPctTime.Text()),
                       .pctLoc = LeadingNumber(txtPctLoc.Text()),
                       .powerWatts = GetPowerWatts()};
-}
-
-std::optional<PathInputs> MainForm::ReadPathQuietly() { return ReadPath(ReadPositiveBoxQuietly); }
-
-std::optional<PathInputs> MainForm::ReadPath(BoxReader read) {
-    auto path = ReadInputs(read);
-    if (!path) return std::nullopt;
-    const auto distance = read(txtDist, Label2, *this);
-    if (!distance) return std::nullopt;
-    path->distance = *distance;
-    return path;
 }
 
 void MainForm::ShowResults(const Calculation& calculation) {

@@ -6,7 +6,7 @@
 #include "forms/SharedData.h"
 #include "forms/help/ModelTopics.h"
 #include "forms/main/MainForm.h"
-#include "forms/reports/RLogClass.h"
+#include "forms/reports/FrmReport.h"
 #include "forms/shared/Palette.h"
 #include "models/Model.h"
 #include "text/NumberText.h"
@@ -87,8 +87,7 @@ void MainForm::mnuHideShow_Click() {
 
 // Into the log, which its next saving takes to the file.
 void MainForm::lblFieldStrength_DblClick() {
-    doors_.ReportLog().BeginLine();
-    doors_.ReportLog().Add(MeasuredListing(shared_.MeasuredTable));
+    doors_.FrmReport->AppendReportText(MeasuredListing(shared_.MeasuredTable));
 }
 
 }  // namespace vardel

@@ -84,25 +84,39 @@ void MainForm::Form_Load() {
     doors_.ReportLog().SetTitle(LogColumnHeader);
     shared_.OutOfRangeColor = OutOfRangePink;
     doors_.FrmReport->rtbLog.SetRightMargin(RLogClass::UnfoldedMargin);
+    OpenRegistry();
     shared_.ArchiveFile.clear();
-    TakeSettings();
+    RestoreNumbers();
     BeginLog();
+    RestoreLists();
     started_ = true;
     ReadMeasuredTables();
 }
 
 void MainForm::TakeSettings() {
+    OpenRegistry();
+    RestoreNumbers();
+    RestoreLists();
+}
+
+void MainForm::OpenRegistry() {
     registry_.emplace(GetPlatform().settings);
     CalledFromHost = registry_->QuorneActive();
+}
+
+void MainForm::RestoreNumbers() {
     if (CalledFromHost) FillFromHost();
     registry_->SetAppname(GetPlatform().applicationTitle);
     registry_->SetSection(SettingsSection);
     if (!CalledFromHost) FillFromSettings();
+    RestoreUnits();
+}
+
+void MainForm::RestoreLists() {
     for (const auto& [key, list] : StoredLists)
         if (const std::string text = Stored(*registry_, key); !text.empty())
             (this->*list).SetText(text);
     recent_.Load();
-    RestoreUnits();  // makes the graph forms, with the inputs that stand in the boxes then
 }
 
 // The flag leaves the store before anything else happens, so that the next start is its own.
@@ -122,6 +136,7 @@ void MainForm::FillFromSettings() {
 }
 
 // The host's numbers are metric and are converted; restored boxes hold their own units' numbers.
+// English units make the graph forms, with the inputs as they stand by then.
 void MainForm::RestoreUnits() {
     if (Stored(*registry_, "Units") != "English") return;
     if (CalledFromHost)

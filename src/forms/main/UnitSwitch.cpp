@@ -36,7 +36,7 @@ UnitControls UnitControlsOf(FormWithHeights& form) {
 }
 
 // A graph form that is not there yet is made, hidden, with the main form's inputs and units. Its
-// first plot yields, when the user may close what was there. False where that is the program.
+// first plot yields, when the program may be closed. False where it was.
 bool MakeGraphForms(Doors& doors) {
     const auto isMissing = [&doors](const auto& form) {
         return doors.MainForm.Loaded() && !form.Loaded();
@@ -48,22 +48,31 @@ bool MakeGraphForms(Doors& doors) {
     return doors.MainForm.Loaded();
 }
 
-// The main form first.
-std::vector<UnitControls> FormsWithUnits(Doors& doors) {
-    return {UnitControlsOf(*doors.MainForm), UnitControlsOf(*doors.GraphForm),
-            UnitControlsOf(*doors.FrmOkumFieldStrength)};
-}
-
-void ShowUnits(const std::vector<UnitControls>& forms, MainForm& main, bool english) {
+void ShowUnits(const std::vector<UnitControls>& forms, bool english) {
     for (const UnitControls& form : forms) {
         form.metric.SetChecked(!english);
         form.english.SetChecked(english);
     }
+    const char* const unit = HeightUnit(english ? Units::English : Units::Metric);
     for (const UnitControls& form : forms) {
-        form.hbUnit.SetCaption(HeightUnit(english ? Units::English : Units::Metric));
-        form.hmUnit.SetCaption(HeightUnit(english ? Units::English : Units::Metric));
+        form.hbUnit.SetCaption(unit);
+        form.hmUnit.SetCaption(unit);
     }
+}
+
+std::vector<UnitControls> GraphForms(Doors& doors) {
+    return {UnitControlsOf(*doors.GraphForm), UnitControlsOf(*doors.FrmOkumFieldStrength)};
+}
+
+// On the main form first: a graph form that is missing takes them from there. False where the
+// program was closed meanwhile.
+bool ShowUnitsOnAll(Doors& doors, bool english) {
+    MainForm& main = *doors.MainForm;
+    ShowUnits({UnitControlsOf(main)}, english);
     main.Label12.SetCaption(english ? "miles" : "Km");
+    if (!MakeGraphForms(doors)) return false;
+    ShowUnits(GraphForms(doors), english);
+    return true;
 }
 
 struct Lengths {
@@ -83,32 +92,29 @@ std::optional<Lengths> ReadLengths(MainForm& main) {
 }
 
 // The main form's own boxes come last: the others take their numbers from there.
-void ConvertBoxes(const std::vector<UnitControls>& forms, MainForm& main, const Lengths& from,
-                  bool toEnglish) {
+void ConvertBoxes(Doors& doors, const Lengths& from, bool toEnglish) {
+    MainForm& main = *doors.MainForm;
     const auto write = [toEnglish](TextBox& box, double x, double factor) {
         box.SetText(FormatNumber(Finite(toEnglish ? x / factor : x * factor), InputPattern));
     };
-    const auto writeHeights = [&](const UnitControls& form) {
+    std::vector<UnitControls> forms = GraphForms(doors);
+    forms.push_back(UnitControlsOf(main));
+    for (const UnitControls& form : forms) {
         write(form.hb, from.hb, MetresPerFoot);
         write(form.hm, from.hm, MetresPerFoot);
-    };
-    for (std::size_t i = 1; i < forms.size(); ++i) writeHeights(forms[i]);
-    writeHeights(forms[0]);
+    }
     write(main.txtDist, from.distance, KmPerMile);
+    doors.GraphForm->ShowHandBack();
+    doors.FrmOkumFieldStrength->ShowHandBack();
 }
 
-// Two yields, at which the program may be closed, or the entry be picked and handled once more.
+// The yield may close the program, or handle another pick of the entry.
 void Switch(Doors& doors, MainForm& main, const MenuItem& mark, bool toEnglish) {
     const Hourglass hourglass(main);
     doors.platform.windows.Yield();
-    if (!doors.MainForm.Loaded() || !MakeGraphForms(doors) || mark.Checked()) return;
+    if (!doors.MainForm.Loaded() || mark.Checked()) return;
     const auto lengths = ReadLengths(main);
-    if (!lengths) return;
-    const auto forms = FormsWithUnits(doors);
-    ShowUnits(forms, main, toEnglish);
-    ConvertBoxes(forms, main, *lengths, toEnglish);
-    doors.GraphForm->CountHeightsAsUnchanged();
-    doors.FrmOkumFieldStrength->CountHeightsAsUnchanged();
+    if (lengths && ShowUnitsOnAll(doors, toEnglish)) ConvertBoxes(doors, *lengths, toEnglish);
 }
 
 void SwitchUnlessOn(Doors& doors, bool toEnglish) {
@@ -124,9 +130,6 @@ void SetMetricUnits(Doors& doors) { SwitchUnlessOn(doors, false); }
 void SetEnglishUnits(Doors& doors) { SwitchUnlessOn(doors, true); }
 
 // The main form's boxes hold feet and miles already, and the graph forms take them as such.
-void ShowEnglishUnits(Doors& doors) {
-    ShowUnits({UnitControlsOf(*doors.MainForm)}, *doors.MainForm, true);
-    MakeGraphForms(doors);
-}
+void ShowEnglishUnits(Doors& doors) { ShowUnitsOnAll(doors, true); }
 
 }  // namespace vardel

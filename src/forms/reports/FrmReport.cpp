@@ -50,6 +50,19 @@ void FrmReport::cmdClear_Click() {
     rtbLog.SetInsertStyle({});
 }
 
+void FrmReport::AppendReportText(std::string_view text) {
+    rtbLog.BeginStep();
+    rtbLog.Insert(text);
+    rtbLog.CaretToEnd();
+}
+
+void FrmReport::AppendTable(const std::string& table) {
+    const std::string_view before =
+        std::string_view(rtbLog.Text()).substr(0, rtbLog.Selected().start);
+    const bool lineBegins = before.empty() || before.ends_with("\r\n");
+    AppendReportText(lineBegins ? table : "\r\n" + table);
+}
+
 void FrmReport::cmdClose_Click() {
     lblStatus.SetCaption({});
     Hide();
@@ -60,14 +73,14 @@ void FrmReport::cmdFile_Click() { SaveAs(TextFilter); }
 bool FrmReport::SaveAsRichText() { return SaveAs(RichTextFilter); }
 
 bool FrmReport::SaveAs(int filterIndex) {
-    return SaveWithDialog(
-        *this, "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", filterIndex,
-        [this](const SaveChoice& choice) {
-            SaveTo(choice);
-            if (doors_.MainForm.Loaded())
-                doors_.MainForm->Tell("The log was saved in " + choice.path + '.');
-        },
-        LogName);
+    cmdlg = {GetPlatform().programDirectory,
+             "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Rich Text (*.rtf)|*.rtf", filterIndex,
+             LogName};
+    return SaveWithDialog(*this, cmdlg, [this](const SaveChoice& choice) {
+        SaveTo(choice);
+        if (doors_.MainForm.Loaded())
+            doors_.MainForm->Tell("The log was saved in " + choice.path + '.');
+    });
 }
 
 // As plain text. The printer keeps the orientation.

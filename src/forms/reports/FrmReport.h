@@ -36,6 +36,8 @@ public:
     // What came of a search, of inputs that were taken back.
     Label lblStatus{*this, "lblStatus"};
 
+    FileDialog cmdlg;  // as it was asked for last
+
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileClearLog{mnuFile, "mnuFileClearLog", "&Clear Log"};
     MenuItem mnuFileSaveAs{mnuFile, "mnuFileSaveAs", "&Save As ..."};
@@ -55,6 +57,11 @@ public:
     MenuItem mnuEditSaveCsv{mnuEdit, "mnuEditSaveCsv", "Save as &CSV ..."};
 
     void ShowFind(bool show);
+    // At the caret in place of what is selected, with the caret at the log's end then; one step of
+    // undoing. The window need not be open.
+    void AppendReportText(std::string_view text);
+    // Likewise on lines of its own.
+    void AppendTable(const std::string& table);
 
 private:
     void cmdClear_Click();

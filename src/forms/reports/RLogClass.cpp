@@ -63,12 +63,7 @@ void RLogClass::Clear() {
     doors_.FrmReport->rtbLog.SetRightMargin(UnfoldedMargin);
 }
 
-void RLogClass::BeginLine() {
-    RichTextBox& box = doors_.FrmReport->rtbLog;
-    box.CaretToEnd();
-    const std::string& text = box.Text();
-    if (!text.empty() && !text.ends_with("\r\n")) AddLine();
-}
+void RLogClass::BeginStep() { doors_.FrmReport->rtbLog.BeginStep(); }
 
 void RLogClass::Add(std::string_view text) {
     RichTextBox& box = doors_.FrmReport->rtbLog;
@@ -78,13 +73,16 @@ void RLogClass::Add(std::string_view text) {
 
 void RLogClass::AddLine(std::string_view text) { Add(std::string(text) + "\r\n"); }
 
-// At a caret elsewhere it would be torn: only its first piece would go there.
 void RLogClass::AddCalculation(const std::vector<LogPiece>& line) {
-    BeginLine();
+    RichTextBox& box = doors_.FrmReport->rtbLog;
+    TextStyle style = box.InsertStyle();
+    RichText whole;
     for (const LogPiece& piece : line) {
-        SetUnderline(piece.underlined);
-        Add(piece.text);
+        style.underline = piece.underlined;
+        whole.Replace(whole.Length(), 0, piece.text, style);
     }
+    box.Insert(whole);
+    box.CaretToEnd();
     SetUnderline(false);
 }
 

@@ -45,13 +45,13 @@ public:
 
     // Leaves no header line.
     void Clear();
-    // Behind all that the log holds, on a line of its own.
-    void BeginLine();
+    // What is added from here on is undone as one in the log's window.
+    void BeginStep();
     // Goes in at the caret in place of what is selected, and leaves the caret at the end of the
     // text.
     void Add(std::string_view text = {});
     void AddLine(std::string_view text = {});
-    // A line of a calculation, on a line of its own at the end.
+    // A line of a calculation, whole as one Add.
     void AddCalculation(const std::vector<LogPiece>& line);
     // The title as a header line.
     void AddTitle();

@@ -53,10 +53,12 @@ bool TempLog::TakeUpOrphan() {
     return false;
 }
 
+std::string TempLog::GetTempLogName() const { return NewUniqueFile(folder_); }
+
 bool TempLog::Begin() {
     // Another start may tidy the new file away before it is claimed.
     for (int attempt = 0; attempt < 10; ++attempt) {
-        const std::string path = NewUniqueFile(folder_);
+        const std::string path = GetTempLogName();
         if (path.empty()) return false;
         if (Continue(path)) return true;
     }

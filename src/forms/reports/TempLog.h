@@ -23,6 +23,9 @@ public:
     // then.
     bool Begin();
 
+    // The path of a new empty file in the folder; empty where that cannot be written.
+    std::string GetTempLogName() const;
+
     // Empty: there is none.
     std::string Path() const { return claim_ ? claim_->Path() : std::string(); }
 

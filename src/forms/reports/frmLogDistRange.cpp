@@ -138,11 +138,14 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
     const auto path = doors_.MainForm->ReadInputs(ReadPositiveBox);
     if (!path) return Outcome::Refused;
 
-    const bool descending = range.end <= range.start;
-    pgbDist.SetMax(static_cast<float>(descending ? range.start : range.end));
-    pgbDist.SetMin(static_cast<float>(descending ? range.end : range.start));
+    DescendingRun = range.end <= range.start;
+    pgbDist.SetMax(static_cast<float>(DescendingRun ? range.start : range.end));
+    pgbDist.SetMin(static_cast<float>(DescendingRun ? range.end : range.start));
     ShowRunning(true);
-    if (chkClearLog.Checked()) doors_.ReportLog().Clear();
+    if (chkClearLog.Checked())
+        doors_.ReportLog().Clear();
+    else
+        doors_.ReportLog().BeginStep();
     RunRunning = true;
     restartWanted_ = false;
     const Outcome outcome = WriteLines(range, *path);
@@ -153,13 +156,12 @@ frmLogDistRange::Outcome frmLogDistRange::RunOnce() {
 // The end of the range is compared as it stands: what the additions have rounded may leave it out.
 frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, PathInputs path) {
     ModelInputs inputs = MetricInputs(path);
-    const bool descending = range.end <= range.start;
     for (double d = range.start; range.Holds(d); d += range.step) {
         GetPlatform().windows.Yield();
         // The form, or the whole program, may have been closed meanwhile.
         if (!RunRunning || !doors_.MainForm.Loaded()) return Outcome::Ended;
         if (restartWanted_) return Outcome::ToBeRestarted;
-        ShowProgress(d, descending);
+        ShowProgress(d);
         path.distance = inputs.d = d;
         doors_.ReportLog().AddCalculation(
             LogLine(path, Calculation(inputs, path.powerWatts), GetPlatform().clock.Now()));
@@ -167,9 +169,9 @@ frmLogDistRange::Outcome frmLogDistRange::WriteLines(const Range& range, PathInp
     return Outcome::Finished;
 }
 
-void frmLogDistRange::ShowProgress(double d, bool descending) {
+void frmLogDistRange::ShowProgress(double d) {
     const double min = pgbDist.Min(), max = pgbDist.Max();
-    pgbDist.SetValue(static_cast<float>(descending ? max - (d - min) : d));
+    pgbDist.SetValue(static_cast<float>(DescendingRun ? max - (d - min) : d));
     lblDist.SetCaption(FormatNumber(d, "####.0") + " Km");
 }
 

@@ -64,11 +64,12 @@ private:
     bool CheckDistanceRange();
     Outcome RunOnce();
     Outcome WriteLines(const Range& range, PathInputs path);
-    void ShowProgress(double d, bool descending);
+    void ShowProgress(double d);
     void SaveLog();
 
     SharedData& shared_;
     Doors& doors_;
+    bool DescendingRun = false;  // of the run that is going
     bool restartWanted_ = false;
 };
 

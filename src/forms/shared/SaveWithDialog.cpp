@@ -10,9 +10,14 @@ namespace vardel {
 
 bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
                     const std::function<void(const SaveChoice&)>& save, const std::string& name) {
+    return SaveWithDialog(form, {form.GetPlatform().programDirectory, filters, filterIndex, name},
+                          save);
+}
+
+bool SaveWithDialog(Form& form, const FileDialog& dialog,
+                    const std::function<void(const SaveChoice&)>& save) {
     Platform& platform = form.GetPlatform();
-    const auto choice =
-        platform.windows.AskSaveFile({platform.programDirectory, filters, filterIndex, name});
+    const auto choice = platform.windows.AskSaveFile(dialog);
     if (!choice || choice->path.empty()) return false;
     if (FileExists(choice->path) &&
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",

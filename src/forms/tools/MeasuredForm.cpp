@@ -9,7 +9,7 @@
 #include "forms/SharedData.h"
 #include "forms/graphs/ChartSetup.h"
 #include "forms/main/MainForm.h"
-#include "forms/reports/RLogClass.h"
+#include "forms/reports/FrmReport.h"
 #include "forms/shared/BoxMark.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "services/Files.h"
@@ -56,9 +56,8 @@ void MeasuredForm::Form_Load() { BringUpToDate(); }
 
 void MeasuredForm::cmdAdd_Click() {
     if (fits_.empty()) return;
-    doors_.ReportLog().BeginLine();
-    doors_.ReportLog().Add(WithCarriageReturns("Measured data: " + lblPath.Caption() + '\n' +
-                                               lblMatch.Caption() + '\n' + FitTable(fits_)));
+    doors_.FrmReport->AppendTable(WithCarriageReturns("Measured data: " + lblPath.Caption() + '\n' +
+                                                      lblMatch.Caption() + '\n' + FitTable(fits_)));
 }
 
 void MeasuredForm::cmdSave_Click() {

@@ -4,7 +4,7 @@
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"
-#include "forms/reports/RLogClass.h"
+#include "forms/reports/FrmReport.h"
 #include "forms/shared/BoxMark.h"
 #include "forms/shared/Palette.h"
 #include "forms/shared/SaveWithDialog.h"
@@ -85,15 +85,16 @@ ReachForm::ReachForm(Platform& platform, SharedData& shared, Doors& doors)
 }
 
 void ReachForm::WireEvents() {
-    const auto upToDate = [this] { BringUpToDate(); };
+    const auto upToDate = [this] {
+        BringUpToDate();
+        TellTable();
+    };
     for (TextBox* box : {&txtWanted, &txtGain, &txtCable}) box->Change = upToDate;
     for (TextBox& box : txtPercent) box.Change = upToDate;
     for (TextBox* box : {&txtLatitude, &txtLongitude}) box->Change = [this] { CheckStation(); };
     cmbWanted.Click = [this] { cmbWanted_Click(); };
     cmdAdd.Click = [this] {
-        if (!table_) return;
-        doors_.ReportLog().BeginLine();
-        doors_.ReportLog().Add(ReachLines(*table_));
+        if (table_) doors_.FrmReport->AppendTable(ReachLines(*table_));
     };
     cmdCopy.Click = [this] {
         if (table_) GetPlatform().clipboard.SetText(ReachTabbed(*table_), ReachCsv(*table_));
@@ -207,8 +208,11 @@ void ReachForm::ShowTable() {
     const std::string distance =
         std::string(Trimmed(doors_.MainForm->txtDist.Text())) + ' ' + DistanceUnit(units);
     lblReachHead.SetCaption(std::string("Reach in ") + DistanceUnit(units) + " at % of locations");
-    lblPowerHead.SetCaption("W e.r.p. for " + distance);
-    lblHeightHead.SetCaption(std::string("hb in ") + HeightUnit(units) + " for " + distance);
+    const std::string goal = " for " + distance + "\nat " +
+                             PercentText(LeadingNumber(doors_.MainForm->txtPctLoc.Text())) +
+                             " of locations";
+    lblPowerHead.SetCaption("Power (W e.r.p.)" + goal);
+    lblHeightHead.SetCaption(std::string("Base height (") + HeightUnit(units) + ')' + goal);
     for (std::size_t i = 0; i < ComparedModels.size(); ++i) {
         if (table_)
             ShowRow(i, table_->rows.at(i));
@@ -216,6 +220,20 @@ void ReachForm::ShowTable() {
             ShowNoRow(i);
     }
     for (Button* button : {&cmdAdd, &cmdCopy, &cmdGraph}) button->SetEnabled(table_.has_value());
+}
+
+// Of the columns, whose heads tell the percentages.
+void ReachForm::TellTable() {
+    std::string told = lblProblem.Caption();
+    if (table_)
+        for (const ReachTable::Row& row : table_->rows) {
+            told += ModelOf(row.model).name;
+            for (const Reach& reach : row.reaches)
+                told += (&reach == &row.reaches.front() ? ": " : ", ") +
+                        ReachText(reach, table_->path.units);
+            told += std::string(" ") + DistanceUnit(table_->path.units) + ". ";
+        }
+    GetPlatform().windows.AnnounceAtRest(told);
 }
 
 void ReachForm::ShowRow(std::size_t i, const ReachTable::Row& row) {

@@ -79,6 +79,7 @@ private:
     std::optional<std::array<double, ReachPercentages>> ReadPercentages(std::string& problem);
     void ShowHeads();
     void ShowTable();
+    void TellTable();
     void ShowRow(std::size_t i, const ReachTable::Row& row);
     void ShowNoRow(std::size_t i);
     void CheckStation();

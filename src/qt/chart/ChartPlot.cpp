@@ -31,24 +31,27 @@ QColor SwitchedOffColor() { return {170, 170, 170}; }
 
 QPen PenOf(const ChartSeries& series) {
     QPen pen(ToQt(series.LineColor));
-    pen.setWidthF(series.LineWidth * 1.3);
+    pen.setWidthF(series.LineWidth);
     pen.setCapStyle(Qt::FlatCap);
     if (series.IsOutOfRange()) pen.setDashPattern({6, 4});
     if (series.LineStyle == static_cast<int>(LinePattern::FreeSpace)) {
         // Fine dots of a light grey are lost in the grid, most of all where they are drawn small.
         const bool isLight = pen.color().lightness() > 150;
-        if (isLight) pen.setWidthF(series.LineWidth * 2.2);
-        pen.setDashPattern(isLight ? QList<qreal>{2, 1.5} : QList<qreal>{1, 3});
+        pen.setDashPattern(isLight ? QList<qreal>{3, 1} : QList<qreal>{1, 3});
     }
     if (series.LineStyle == static_cast<int>(LinePattern::Archived))
         pen.setDashPattern({9, 3, 2, 3});
     return pen;
 }
 
-QCPScatterStyle PointMark(const ChartSeries& series) {
-    constexpr double Size = 5.0;
+// A single value has a dot in any case: its line would show nothing.
+QCPScatterStyle MarkOf(const ChartSeries& series) {
+    constexpr int SingleSize = 5;
+    const bool single = series.SinglePoints && series.X.size() == 1;
+    if (series.MarkerStyle == 0 && !single) return {};
     const QColor color = ToQt(series.LineColor);
-    return {QCPScatterStyle::ssCircle, QPen(color.darker(150)), color, Size};
+    return {QCPScatterStyle::ssCircle, QPen(color.darker(150)), color,
+            static_cast<double>(std::max(series.MarkerSize, single ? SingleSize : 0))};
 }
 
 void SetAxis(QCPAxis& shown, const ChartAxis& axis, const AxisRange& range, bool logarithmic) {
@@ -70,7 +73,7 @@ QCPGraph* AddGraph(QCustomPlot& plot, const ChartSeries& series) {
     graph->setAntialiased(true);
     graph->setAdaptiveSampling(true);
     graph->setName(ToQt(series.Continued ? "(cont.)" : series.Curve));
-    if (series.SinglePoints) graph->setScatterStyle(PointMark(series));
+    graph->setScatterStyle(MarkOf(series));
     return graph;
 }
 

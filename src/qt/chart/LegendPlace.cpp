@@ -93,6 +93,13 @@ Qt::Alignment FreestCorner(const QCustomPlot& plot, Qt::Alignment now) {
     return freest;
 }
 
+// Points that lie apart may be anywhere, where a curve is known by its end.
+bool HasMarks(const Chart& chart) {
+    return std::ranges::any_of(chart.AllSeries(), [](const ChartSeries& series) {
+        return series.Visible && series.MarkerStyle != 0;
+    });
+}
+
 bool ShowsWholeGraph(const QCustomPlot& plot, const Chart& chart) {
     const auto& [x, y] = chart.Axis;
     return chart.Look() == ChartLook{} && plot.xAxis->range() == QCPRange(x.Minimum, x.Maximum) &&
@@ -109,7 +116,8 @@ void PlaceLegend(QCustomPlot& plot, const Chart& chart) {
     Qt::Alignment corner = inset.insetAlignment(0);
     if (whole || !drawn) corner = LegendCorner(chart);
     // In a small window it takes more than it is reckoned with.
-    if (drawn && (!whole || LegendShare(plot).height() > UsualHeight(chart) + SmallWindow))
+    if (drawn && (!whole || HasMarks(chart) ||
+                  LegendShare(plot).height() > UsualHeight(chart) + SmallWindow))
         corner = FreestCorner(plot, corner);
     inset.setInsetAlignment(0, corner);
 }

@@ -93,7 +93,6 @@ QString StateDirectory() {
 
 void SetUpApplication(QApplication& application) {
     QApplication::setApplicationName("Vardel");
-    QApplication::setApplicationDisplayName("Vardel");
     QApplication::setApplicationVersion(VARDEL_VERSION);
     QApplication::setDesktopFileName("vardel");
     if (const QString icon = QApplication::applicationDirPath() + "/vardel.svg";
@@ -117,7 +116,10 @@ void SetUpApplication(QApplication& application) {
     application.setQuitOnLastWindowClosed(false);
 }
 
-QtPlatform::QtPlatform() = default;
+QtPlatform::QtPlatform() {
+    rest_.setSingleShot(true);
+    QObject::connect(&rest_, &QTimer::timeout, &rest_, [this] { Announce(resting_); });
+}
 
 QtPlatform::~QtPlatform() {
     windows_.clear();
@@ -138,6 +140,23 @@ Platform QtPlatform::Services() {
             FromQt(StateDirectory()),
             QLocale::system().decimalPoint() == ","};
 }
+
+namespace {
+
+// Where a desktop leaves that to the program, it would come up in a corner. Once the user has moved
+// it it stays there.
+void CenterOver(QWidget& window, const QWidget& over) {
+    if (window.testAttribute(Qt::WA_Moved)) return;
+    if (!window.testAttribute(Qt::WA_Resized)) window.adjustSize();
+    const QRect room = over.screen()->availableGeometry();
+    QPoint corner = over.frameGeometry().center() - window.rect().center();
+    const QPoint farthest = room.bottomRight() - window.rect().bottomRight();
+    corner.setX(std::max(room.left(), std::min(corner.x(), farthest.x())));
+    corner.setY(std::max(room.top(), std::min(corner.y(), farthest.y())));
+    window.move(corner);
+}
+
+}  // namespace
 
 FormWindow& QtPlatform::WindowOf(Form& form) {
     auto& window = windows_[&form];
@@ -176,6 +195,7 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     const QPointer<FormWindow> stillThere(&window);
     QEventLoop loop;
     window.SetOnHidden([&loop] { loop.quit(); });
+    if (parent != nullptr && parent != &window) CenterOver(window, *parent);
     window.show();
     window.activateWindow();
     loop.exec();
@@ -266,11 +286,24 @@ std::string QtPlatform::AskText(const TextQuestion& question) {
 
 void QtPlatform::Yield() { QApplication::processEvents(); }
 
-void QtPlatform::EndProgram() { QApplication::exit(); }
+void QtPlatform::YieldWithoutInput() {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtPlatform::EndProgram() {
+    ending_ = true;
+    QApplication::exit();  // quit would ask the windows to close
+}
 
 void QtPlatform::Announce(const std::string& text) {
     if (!windows_.empty())
         Announcement::Make(ToQt(text));  // none is left where the display is lost
+}
+
+void QtPlatform::AnnounceAtRest(const std::string& text) {
+    constexpr int Rest = 1000;  // ms
+    resting_ = text;
+    rest_.start(Rest);
 }
 
 std::optional<Picture> QtPlatform::GetPicture() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QTimer>
 #include <map>
 #include <memory>
 
@@ -36,8 +37,11 @@ public:
     std::optional<std::string> AskOpenFile(const FileDialog& request) override;
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
+    void YieldWithoutInput() override;
     void EndProgram() override;
+    bool IsEnding() const override { return ending_; }
     void Announce(const std::string& text) override;
+    void AnnounceAtRest(const std::string& text) override;
     std::optional<Picture> GetPicture() override;
     std::string GetText() override;
     void SetPicture(const Picture& picture) override;
@@ -56,6 +60,9 @@ private:
     QString LastFolder();
     std::string Chosen(const QString& file);
 
+    bool ending_ = false;
+    QTimer rest_;          // of what is announced once nothing more comes
+    std::string resting_;  // what that is
     QtSettings settings_;
     QtHelp help_;
     QtPrinters printers_;

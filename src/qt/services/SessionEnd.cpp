@@ -33,8 +33,9 @@ void SessionEnd::OnExit() {
     if (living != nullptr) std::exchange(living, nullptr)->onDeath_();
 }
 
-SessionEnd::SessionEnd(std::function<void()> onEnd, std::function<void()> onDeath)
-    : onEnd_(std::move(onEnd)), onDeath_(std::move(onDeath)) {
+SessionEnd::SessionEnd(std::function<void()> onEnd, std::function<void()> onSignal,
+                       std::function<void()> onDeath)
+    : onEnd_(std::move(onEnd)), onSignal_(std::move(onSignal)), onDeath_(std::move(onDeath)) {
     [[maybe_unused]] static const int registered = std::atexit(OnExit);
     living = this;
     QObject::connect(
@@ -46,7 +47,7 @@ SessionEnd::SessionEnd(std::function<void()> onEnd, std::function<void()> onDeat
         notifier->setEnabled(false);
         signalled_ = true;
         onEnd_();
-        QApplication::exit();  // quit would ask the windows to close
+        onSignal_();
     });
     for (const int number : Signals) std::signal(number, OnSignal);
 }

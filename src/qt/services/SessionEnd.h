@@ -6,11 +6,12 @@
 namespace vardel {
 
 // Tells when the desktop session ends or the program is told to go by a signal (SIGTERM, SIGHUP,
-// SIGINT), after which the event loop ends; and when the program dies by exit while this lives, as
-// the window system ends it that has lost its display. One at a time.
+// SIGINT), when a second function is to end the event loop; and when the program dies by exit while
+// this lives, as the window system ends it that has lost its display. One at a time.
 class SessionEnd : public QObject {
 public:
-    SessionEnd(std::function<void()> onEnd, std::function<void()> onDeath);
+    SessionEnd(std::function<void()> onEnd, std::function<void()> onSignal,
+               std::function<void()> onDeath);
     SessionEnd(const SessionEnd&) = delete;
     SessionEnd& operator=(const SessionEnd&) = delete;
     ~SessionEnd() override;
@@ -23,6 +24,7 @@ private:
 
     bool signalled_ = false;
     std::function<void()> onEnd_;
+    std::function<void()> onSignal_;
     std::function<void()> onDeath_;
 };
 

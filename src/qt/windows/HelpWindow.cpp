@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QSet>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextBlock>
@@ -13,6 +13,7 @@
 #include <QTextTable>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "controls/HelpTopic.h"
 #include "forms/help/UserGuide.h"
@@ -57,25 +58,46 @@ void FoldCode(QTextDocument& document) {
     }
 }
 
-// No wider than the text is, and as fine as the screen.
-void AddPictures(QTextDocument& document, const QWidget& shownOn) {
-    constexpr int Widest = 660;
-    const QDir folder(QApplication::applicationDirPath() + "/pictures");
-    for (const QString& name : folder.entryList({"*.png"})) {
-        QImage picture(folder.filePath(name));
-        if (picture.isNull()) continue;
-        const qreal fineness = shownOn.devicePixelRatioF();
-        picture = picture.scaledToWidth(qRound(std::min(Widest, picture.width()) * fineness),
+// Its pictures lie beside the program. They are no wider than the text, and as fine as the screen.
+class GuideText : public QTextBrowser {
+protected:
+    QVariant loadResource(int type, const QUrl& name) override {
+        if (type != QTextDocument::ImageResource) return {};
+        names_.insert(name);
+        return Picture(name);
+    }
+
+    void resizeEvent(QResizeEvent* event) override {
+        QTextBrowser::resizeEvent(event);
+        if (std::exchange(widest_, Widest()) == widest_) return;
+        for (const QUrl& name : names_)
+            document()->addResource(QTextDocument::ImageResource, name, Picture(name));
+        document()->markContentsDirty(0, document()->characterCount());
+    }
+
+private:
+    int Widest() const {
+        return std::min(660, viewport()->width() - 2 * qCeil(document()->documentMargin()));
+    }
+
+    QVariant Picture(const QUrl& name) const {
+        QImage picture(QApplication::applicationDirPath() + '/' + name.path());
+        if (picture.isNull()) return {};
+        const qreal fineness = devicePixelRatioF();
+        picture = picture.scaledToWidth(qRound(std::min(widest_, picture.width()) * fineness),
                                         Qt::SmoothTransformation);
         picture.setDevicePixelRatio(fineness);
-        document.addResource(QTextDocument::ImageResource, QUrl("pictures/" + name), picture);
+        return picture;
     }
-}
+
+    QSet<QUrl> names_;
+    int widest_ = Widest();
+};
 
 }  // namespace
 
 HelpWindow::HelpWindow()
-    : search_(new QLineEdit), sections_(new QListWidget), text_(new QTextBrowser) {
+    : search_(new QLineEdit), sections_(new QListWidget), text_(new GuideText) {
     setObjectName("HelpWindow");
     setWindowTitle("Vardel Help");
     setPalette(style()->standardPalette());
@@ -88,7 +110,6 @@ HelpWindow::HelpWindow()
     text_->setAccessibleName("Text");
     text_->document()->setDocumentMargin(16);
     text_->setOpenLinks(false);
-    AddPictures(*text_->document(), *this);
     text_->setMarkdown(ToQt(GuideMarkdown()));
     StyleTables(*text_->document()->rootFrame());
     FoldCode(*text_->document());

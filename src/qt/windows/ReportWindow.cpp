@@ -1,5 +1,6 @@
 #include "qt/windows/ReportWindow.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QBoxLayout>
 #include <QHideEvent>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShowEvent>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include "forms/reports/FrmReport.h"
@@ -67,7 +69,20 @@ QWidget* ReportWindow::MakeHeads() {
     };
     connect(log_->horizontalScrollBar(), &QScrollBar::valueChanged, strip, place);
     place();
+    heads_ = heads;
+    connect(log_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { ShowHeadsUnlessSeen(); });
+    connect(log_, &QTextEdit::textChanged, this, [this] { ShowHeadsUnlessSeen(); });
     return strip;
+}
+
+// The log's own first line, where it has the heads, is enough while it is in view.
+void ReportWindow::ShowHeadsUnlessSeen() {
+    const QTextDocument& text = *log_->document();
+    const double below = text.documentLayout()->blockBoundingRect(text.firstBlock()).bottom();
+    const bool seen =
+        text.firstBlock().text() == heads_->text() && log_->verticalScrollBar()->value() < below;
+    heads_->setVisible(!seen);
 }
 
 QLayout* ReportWindow::MakeFindBar() {
@@ -114,6 +129,7 @@ void ReportWindow::EnableHistory() {
 void ReportWindow::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         log_->TakeOver();
+        ShowHeadsUnlessSeen();
         EnableHistory();
     }
     FormWindow::showEvent(event);

@@ -2,6 +2,7 @@
 
 #include "qt/windows/FormWindow.h"
 
+class QLabel;
 class QLayout;
 
 namespace vardel {
@@ -20,12 +21,14 @@ protected:
 
 private:
     QWidget* MakeHeads();
+    void ShowHeadsUnlessSeen();
     QLayout* MakeFindBar();
     void WireKeys();
     void EnableHistory();
 
     FrmReport& report_;
     RichTextEdit* log_;
+    QLabel* heads_ = nullptr;
 };
 
 }  // namespace vardel

@@ -47,6 +47,11 @@ TextStyle StyleOf(const QTextCharFormat& format) {
     return {format.fontWeight() >= QFont::Bold, format.fontItalic(), format.fontUnderline()};
 }
 
+void Select(QTextCursor& cursor, const TextPlace& place) {
+    cursor.setPosition(place.from);
+    cursor.setPosition(place.to, QTextCursor::KeepAnchor);
+}
+
 QString WithShortLineEnds(const std::string& text) { return ToQt(text).replace("\r\n", "\n"); }
 
 }  // namespace
@@ -74,10 +79,6 @@ void RichTextEdit::TakeOver() {
 
 void RichTextEdit::Leave() {
     if (!editing_ || !binder_.IsAlive()) return;
-    // The caret stays where it is, but the next line of the log replaces nothing.
-    QTextCursor caret = textCursor();
-    caret.clearSelection();
-    setTextCursor(caret);
     box_.SetEditor({});
     editing_ = false;
     ShowAfresh({});
@@ -125,14 +126,47 @@ void RichTextEdit::ShowAfresh(const RichText& content) {
     } else {
         InsertAt(cursor, content);
     }
+    std::vector<TextPlace> unseen;
+    if (unstyled_.Length() == 0) unseen = TakeBackUnseen(*filled, content, start);
     filled->setUndoRedoEnabled(true);
-    cursor.setPosition(0);
-    cursor.setPosition(start, QTextCursor::KeepAnchor);
+    Select(cursor, {0, start});
     cursor.removeSelectedText();
+    WriteUnseenAgain(*filled, content, unseen);
     filled->setDocumentLayout(new UnfoldedLayout(filled));
     const QPointer<QTextDocument> before(document());
     setDocument(filled);
     delete before;  // where the editor has not done so itself
+}
+
+// What lies before a write is as it was at its time, since later ones are behind it.
+std::vector<TextPlace> RichTextEdit::TakeBackUnseen(QTextDocument& document, const RichText& text,
+                                                    int unitsBefore) {
+    const auto& writes = box_.Unseen();
+    std::vector<TextPlace> places;
+    TextPosition at{0, unitsBefore};
+    for (const RichTextBox::UnseenWrite& write : writes) {
+        at = AdvanceToBytes(text.Text(), at, write.start);
+        places.push_back({at.units, AdvanceToBytes(text.Text(), at, write.End()).units});
+    }
+    QTextCursor cursor(&document);
+    for (std::size_t i = writes.size(); i-- > 0;) {
+        Select(cursor, places[i]);
+        InsertAt(cursor, writes[i].removed);
+        places[i] = {places[i].from - unitsBefore, cursor.position() - unitsBefore};
+    }
+    return places;
+}
+
+void RichTextEdit::WriteUnseenAgain(QTextDocument& document, const RichText& text,
+                                    const std::vector<TextPlace>& places) {
+    QTextCursor cursor(&document);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const RichTextBox::UnseenWrite& write = box_.Unseen()[i];
+        Select(cursor, places[i]);
+        write.beginsStep ? cursor.beginEditBlock() : cursor.joinPreviousEditBlock();
+        InsertAt(cursor, text.Part(write.start, write.length));
+        cursor.endEditBlock();
+    }
 }
 
 // What the program writes while the user has the text, such as a cleared log, can be undone like
@@ -165,9 +199,19 @@ void RichTextEdit::StyleFor(std::chrono::milliseconds time) {
         if (std::chrono::steady_clock::now() > end) break;
     }
     cursor.endEditBlock();
+    const bool done = unstyledStretches_ == 0;
+    const QTextCursor caret = textCursor();
+    const TextPlace selected{caret.anchor(), caret.position()};
+    const std::vector<TextPlace> unseen =
+        done ? TakeBackUnseen(*document(), unstyled_, 0) : std::vector<TextPlace>();
     document()->setUndoRedoEnabled(true);
+    WriteUnseenAgain(*document(), unstyled_, unseen);
+    if (!unseen.empty()) {
+        Select(cursor, selected);
+        setTextCursor(cursor);
+    }
     document()->setModified(false);
-    if (unstyledStretches_ > 0) return;
+    if (!done) return;
     styling_.stop();
     unstyled_ = {};
 }

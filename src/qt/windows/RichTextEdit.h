@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "qt/windows/Binder.h"
+#include "qt/windows/TextPositions.h"
 #include "richtext/RichTextBox.h"
 
 namespace vardel {
@@ -39,6 +40,12 @@ private:
     // beginning, for as long as allowed; all of them before they are seen or the text is edited.
     void StyleFor(std::chrono::milliseconds time);
     void StyleRest();
+    // What the program wrote into the text while it was hidden: taken out of a document that has
+    // so many units in front of it, and, once undoing is on, written into what is behind them.
+    std::vector<TextPlace> TakeBackUnseen(QTextDocument& document, const RichText& text,
+                                          int unitsBefore);
+    void WriteUnseenAgain(QTextDocument& document, const RichText& text,
+                          const std::vector<TextPlace>& places);
     // In place of what the cursor has selected; undone as one.
     void InsertAt(QTextCursor& cursor, const RichText& content);
     void InsertPicture(QTextCursor& cursor, const std::shared_ptr<const Picture>& picture,

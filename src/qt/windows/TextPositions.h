@@ -13,6 +13,12 @@ struct TextPosition {
     int units = 0;
 };
 
+// A stretch of a document, in units.
+struct TextPlace {
+    int from = 0;
+    int to = 0;
+};
+
 // Goes on from a position to the one with so many bytes.
 TextPosition AdvanceToBytes(std::string_view text, TextPosition from, std::size_t bytes);
 TextPosition AdvanceToUnits(std::string_view text, TextPosition from, int units);

@@ -35,9 +35,9 @@ protected:
         program.FrmOkumFieldStrength->cmdAddToArchive.SetVisible(true);
         program.FrmOkumFieldStrength->cmdAddToArchive.Press();
         Main().mnuUnitsMetric.Pick();
+        program.GraphForm->Unload();
         Main().txtFreq.SetText("900");
         Main().cmbareatype.SetText("Urban");
-        program.GraphForm->Unload();
         StoreLoss();
         Main().mnuToolsArchive.Pick();
     }

@@ -142,6 +142,7 @@ TEST_F(ArchiveRunTest, WithoutAnArchiveOrANumberNothingIsStored) {
         EXPECT_EQ(form.MousePointer(), Form::Pointer::Normal);
     }
     EXPECT_EQ(platform.openDialogs.size(), 2U);
+    EXPECT_EQ(platform.openDialogs[0].name + platform.openDialogs[0].filters, "*.mdb*.mdb");
     form.txtFreq.SetText("much");
     form.cmdArchiveData.Press();
     EXPECT_THAT(platform.TakeMessages(), ElementsAre("Frequency must be a number, not \"much\""));
@@ -163,15 +164,27 @@ TEST_F(ArchiveRunTest, AFileNameThatDoesNotExistMakesAnArchiveAfterAQuestion) {
     EXPECT_THAT(platform.TakeMessages().at(1), HasSubstr("new.mdb cannot be made: No such file"));
     platform.openChoice = platform.folder.Path("new");
     archive = platform.folder.Path("new.mdb");
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-        EXPECT_FALSE(FileExists(archive));
-        platform.answers.push(answer);
-        program.GraphForm->cmdArchiveData.Press();
-        EXPECT_THAT(platform.TakeMessages(),
-                    ElementsAre("The archive " + archive + " does not exist. Make it?"));
-    }
+    platform.answers.push(Answer::No);
+    program.GraphForm->cmdArchiveData.Press();
+    EXPECT_FALSE(FileExists(archive));
+    const auto messages = platform.TakeMessages();
+    EXPECT_EQ(messages.at(0), "The archive " + archive + " does not exist. Make it?");
+    EXPECT_EQ(messages.size(), 7U) << "and each step of the run tells that it has no archive";
+    EXPECT_EQ(platform.questions.size(), 1U) << "the comment is asked for all the same";
+    EXPECT_EQ(program.ArchiveFile, archive);
+    program.ArchiveFile.clear();
+    program.GraphForm->cmdArchiveData.Press();
+    EXPECT_THAT(platform.TakeMessages(),
+                ElementsAre("The archive " + archive + " does not exist. Make it?"));
     std::istringstream dump = Dump();
     EXPECT_THAT(Line(dump), HasSubstr("run|1|"));
+    EXPECT_TRUE(program.dbOperations.ArchiveDatabase.has_value()) << "open until the next run";
+    EXPECT_EQ(program.dbOperations.ArchivePath, archive);
+    EXPECT_EQ(program.dbOperations.CurrentRunId, 1);
+    program.ArchiveFile = platform.folder.Path("gone.mdb");
+    program.GraphForm->cmdArchiveData.Press();
+    EXPECT_EQ(program.dbOperations.CurrentRunId, 1) << "as a failed opening leaves it";
+    EXPECT_EQ(platform.TakeMessages().size(), 6U);
 }
 
 // The text between the fences of the guide's blocks in a language, in their order.

@@ -10,6 +10,7 @@ namespace vardel {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
@@ -257,13 +258,15 @@ TEST_F(FieldStrengthGraphs, UnitsOfAFormMadeHidden) {
         EXPECT_EQ(Graph().cmbPowerUnit.Text() + Graph().txtPowerUnit.Text(), "dBm60");
         EXPECT_EQ(Graph().mnuGraphMeasured.Caption(), "&Hide Measured Data");
         EXPECT_EQ(Graph().txthb.Text(), "328.084") << "as the switch has left it";
+        EXPECT_THAT(Graph().lblHandBack.Caption(), HasSubstr("Antenna 328.084 instead of 500.0"));
         EXPECT_TRUE(Graph().mnuModelCompare.Checked());
         EXPECT_THAT(TheChart().Title[1].Text, StartsWith("Field Strength Model Comparison"));
         EXPECT_TRUE(Graph().txthb.Enabled());
     });
-    EXPECT_EQ(Main().txthb.Text(), "500.0") << "nothing was changed in the graph form";
+    EXPECT_EQ(Main().txthb.Text(), "328.084") << "handed back as it stood";
+    Main().txthb.SetText("400.0");
     WhileOpen(Main().mnuGraphCompare, [&] {
-        EXPECT_EQ(Graph().txthb.Text(), "500.0") << "afresh from now on";
+        EXPECT_EQ(Graph().txthb.Text(), "400.0") << "afresh from now on";
         Main().mnuFileNew.Pick();
         EXPECT_EQ(Graph().Label10.Caption(), "ft");
         EXPECT_TRUE(Graph().mnuUnitsEnglish.Checked());

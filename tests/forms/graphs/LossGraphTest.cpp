@@ -147,6 +147,28 @@ TEST_F(LossGraph, WhatTheMainFormWillGetIsToldBefore) {
     EXPECT_FALSE(Graph().lblHandBack.Visible());
 }
 
+// One that unit switches have made keeps the inputs of then, and gives back all of what it shows.
+TEST_F(LossGraph, AllInputsOfAFormMadeBeforeGoBackAndTheChartIsOfThem) {
+    Main().mnuUnitsEnglish.Pick();
+    Main().mnuUnitsMetric.Pick();
+    Main().txtFreq.SetText("900");
+    Main().cmbareatype.SetText("Open");
+    program.EndSession();
+    EXPECT_EQ(Main().txtFreq.Text(), "900") << "a form that is hidden gives nothing back";
+    platform.whileShown["GraphForm"] = [&] {
+        EXPECT_NEAR(TheChart().AllSeries()[1].Y[90], 143.13, 0.005) << "not of 100 feet";
+        Graph().txthb.SetText("50");
+        EXPECT_EQ(Graph().lblHandBack.Caption(),
+                  "The main window gets, when this one closes: Frequency 450.0 instead of 900, "
+                  "Base Antenna 50 instead of 100.0, Area Urban instead of Open");
+        Graph().mnuFileClose.Pick();
+    };
+    Main().mnuGraphdBloss.Pick();
+    EXPECT_EQ(Main().txtFreq.Text() + ' ' + Main().cmbareatype.Text() + ' ' + Main().txthb.Text(),
+              "450.0 Urban 50");
+    EXPECT_TRUE(Main().cmbcitysize.Enabled());
+}
+
 TEST_F(LossGraph, ItsValuesAreATable) {
     RowList::Row at10;
     platform.whileShown["ValuesForm"] = [&] {
@@ -241,6 +263,7 @@ TEST_F(LossGraph, ClosingHandsTheInputsBack) {
     Main().mnuGraphdBloss.Pick();
     EXPECT_FALSE(program.GraphForm.Loaded());
     Graph().txtFreq.SetText("700");
+    Graph().SetVisible(true);
     program.EndSession();
     EXPECT_EQ(Main().txtFreq.Text(), "700") << "as the end of the session does";
     EXPECT_EQ(Main().txthb.Text(), "77.0");
@@ -265,16 +288,17 @@ TEST_F(LossGraph, AFormThatASwitchMadeKnowsTheUnitsItIsOpenedIn) {
     EXPECT_TRUE(Main().mnuUnitsMetric.Checked());
 }
 
-TEST_F(LossGraph, AStartInEnglishUnitsPlotsFeetOfTheStoredArea) {
+TEST_F(LossGraph, AStartInEnglishUnitsPlotsFeet) {
     Main().cmbareatype.SetText("Suburban");
     Main().mnuUnitsEnglish.Pick();
     Main().mnuFileExit.Pick();
     Program next{platform.Services()};
     next.Start();
-    const ModelInputs in{450, 10, 100, 1.5, "Suburban", "Small/Medium", 50, 50};
+    const ModelInputs in{450, 10, 100, 1.5, "Urban", "Small/Medium", 50, 50};
     EXPECT_NEAR(next.GraphForm->CTWX1.AllSeries()[1].Y[90], DavidsonLoss(in), 0.001);
-    next.GraphForm->Unload();
     EXPECT_EQ(next.MainForm->cmbareatype.Text(), "Suburban");
+    next.GraphForm->Unload();
+    EXPECT_EQ(next.MainForm->cmbareatype.Text(), "Urban") << "made before the area was restored";
     EXPECT_EQ(next.MainForm->txthb.Text(), "328.084");
 }
 

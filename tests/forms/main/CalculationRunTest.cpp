@@ -100,6 +100,10 @@ TEST_F(CalculationRun, LimitsOfARun) {
             EXPECT_EQ(Captions(), captions);
         }
     }
+    Main().SetDefaultInputs();
+    for (TextBox* box : {&Main().txtDist, &Main().txthb, &Main().txthm}) box->SetText("x");
+    Main().cmdLossCalc.Press();
+    EXPECT_THAT(platform.TakeMessages(), ElementsAre("Distance must be a number, not \"x\""));
 }
 
 TEST_F(CalculationRun, EnglishUnitsReachTheModelsInMetric) {

@@ -1,5 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <limits>
+
+#include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/GraphForm.h"
 #include "models/Primitives.h"
 #include "support/RunningProgram.h"
 
@@ -142,8 +146,8 @@ TEST_F(InputRules, LeavingThePowerBoxSetsThePower) {
         {"dBw", "0", " 0", 1},
         {"dBw", "x", " 0", 1},
         {"W e.r.p.", "x", " 1", 1},
-        {"dBw", "99999", " 1", 1.2589254117941673},
-        {"dBm", "-99999", " 1", 0.0012589254117941673},
+        {"dBw", "99999", " 99999", std::numeric_limits<double>::max()},
+        {"dBm", "-99999", "-99999", std::numeric_limits<double>::denorm_min()},
     };
     for (const auto& c : cases) {
         Main().cmbPowerUnit.SetText(c.unit);
@@ -188,6 +192,21 @@ TEST_F(InputRules, TheUnitSwitchChangesWhatIsShownAndNotThePhysics) {
         EXPECT_EQ(Main().MousePointer(), Form::Pointer::Normal);
         EXPECT_EQ(platform.TakeMessages().size(), 1U);
     }
+}
+
+// The graph forms, which a first switch makes, take marks and labels from the main form.
+TEST_F(InputRules, TheMainFormHasTheNewUnitsBeforeAGraphFormIsMade) {
+    std::vector<std::string> seen;
+    platform.onYield = [&] {
+        seen.push_back(Main().Label10.Caption() +
+                       (Main().mnuUnitsEnglish.Checked() ? " English " : " ") +
+                       Main().Label12.Caption() + ' ' + Boxes());
+    };
+    Main().mnuUnitsEnglish.Pick();
+    EXPECT_THAT(seen, ElementsAre("m Km 10.0 100.0 1.5", "ft English miles 10.0 100.0 1.5",
+                                  "ft English miles 10.0 100.0 1.5"));
+    EXPECT_EQ(program.GraphForm->txthb.Text() + program.GraphForm->Label10.Caption(), "328.084ft");
+    EXPECT_TRUE(program.FrmOkumFieldStrength->mnuUnitsEnglish.Checked());
 }
 
 TEST_F(InputRules, TheProgramMayBeClosedAtEachYieldOfASwitch) {

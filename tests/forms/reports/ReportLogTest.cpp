@@ -36,15 +36,26 @@ TEST_F(ReportLog, AddGoesInAtTheCaretInPlaceOfTheSelection) {
     EXPECT_EQ(Log().Selected().start, Log().Text().size());
 }
 
-TEST_F(ReportLog, ALineComesWholeBehindTheLogWhereverTheCaretIs) {
+TEST_F(ReportLog, ALineOrAListingGoesWholeWhereTheCaretIsInPlaceOfTheSelection) {
     Main().cmdLossCalc.Press();
-    const std::string text = Log().Text();
-    Log().Select({4, 30});
+    const std::string line = LastLine() + "\r\n";
+    TheLog().Clear();
+    TheLog().Add("before, between, after");
+    Log().Select({8, 7});
     Main().cmdLossCalc.Press();
-    EXPECT_EQ(Log().Text(), text + LastLine() + "\r\n");
-    TheLog().Add("a note without a line end");
+    EXPECT_EQ(Log().Text(), "before, " + line + ", after");
+    EXPECT_THAT(Main().lblStatus.Caption(), testing::HasSubstr("Ctrl+Z brings it back"));
     Main().cmdLossCalc.Press();
-    EXPECT_EQ(LastLine().substr(0, 8), "      10");
+    EXPECT_EQ(Log().Text(), "before, " + line + ", after" + line) << "at the end from then on";
+    EXPECT_EQ(Main().lblStatus.Caption(), "");
+
+    TheLog().Clear();
+    TheLog().Add("<>");
+    Log().Select({1, 0});
+    Main().lblFieldStrength.DblClick.Raise();
+    EXPECT_THAT(Log().Text(), testing::StartsWith("<\r\nTable Segments: 1\r\n0> Freq:-1"));
+    EXPECT_THAT(Log().Text(), testing::EndsWith("\r\n>"));
+    EXPECT_EQ(Log().Selected().start, Log().Text().size());
 }
 
 TEST_F(ReportLog, ASessionSurvivesInItsFile) {

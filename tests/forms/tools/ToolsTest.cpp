@@ -58,6 +58,10 @@ TEST_F(Tools, ReachFollowsWhatIsTypedHereAndInTheMainWindow) {
     Form().txtWanted.SetText("-300");
     EXPECT_EQ(Reach(0, 2), "over 300.000");
     Form().txtWanted.SetText("32");
+    EXPECT_THAT(platform.announcedAtRest,
+                testing::MatchesRegex("ITU 529: .*, 5.196 km. Davidson: .*, 5.192 km. "
+                                      "Cost 231: .*, 6.444 km. "));
+    EXPECT_THAT(Form().lblPowerHead.Caption(), testing::EndsWith("km\nat 95 % of locations"));
     SetPower("1000000");
     EXPECT_EQ(Reach(0, 0), "119.522");
     SetPower("25");
