@@ -47,17 +47,68 @@ const DistanceGrid& ReachGrid() {
     return Grid;
 }
 
+// Every so many points of the grid are looked at first.
+constexpr std::size_t CoarseStride = 16;
+
+// These points, the last of the grid among them.
+const DistanceGrid& CoarseReachGrid() {
+    static const DistanceGrid Grid = [] {
+        const DistanceGrid& fine = ReachGrid();
+        std::vector<double> km;
+        for (std::size_t i = 0; i + 1 < fine.Size(); i += CoarseStride) km.push_back(fine.Km(i));
+        km.push_back(fine.Km(fine.Size() - 1));
+        return DistanceGrid(km.data(), km.size());
+    }();
+    return Grid;
+}
+
+// Of count points of a grid from first on, behind the samples there are.
+void AddSamples(std::vector<MarginSample>& samples, const Model& model, const ModelInputs& in,
+                const Goal& goal, const DistanceGrid& grid, std::size_t first, std::size_t count) {
+    std::vector<double> values(count);
+    if (goal.quantity == Quantity::Loss)
+        model.lossCurve(in, grid.begin() + first, count, values.data());
+    else
+        model.fieldStrengthCurve(in, goal.powerWatts, grid.begin() + first, count, values.data());
+    for (std::size_t i = 0; i < count; ++i)
+        samples.push_back({grid.Km(first + i), MarginOf(goal, values[i])});
+}
+
+// Whether the margin may change its sign between a coarse sample and the next. It does not where
+// both are farther from the goal, on one side, than twice what it changes by thereabouts: the
+// curves have no spikes, and near a turn the neighbours show how much they bend.
+bool MayMeetGoal(const std::vector<MarginSample>& coarse, std::size_t i) {
+    double change = 0.0;
+    const std::size_t first = i > 0 ? i - 1 : 0;
+    const std::size_t last = std::min(i + 2, coarse.size() - 1);
+    for (std::size_t k = first; k < last; ++k)
+        change = std::max(change, std::fabs(coarse[k + 1].margin - coarse[k].margin));
+    const double a = coarse[i].margin, b = coarse[i + 1].margin;
+    return (a >= 0.0) != (b >= 0.0) || !(std::min(std::fabs(a), std::fabs(b)) > 2.0 * change);
+}
+
+// Of the whole grid where the goal may be met or missed between them, coarse ones elsewhere.
 std::vector<MarginSample> DistanceSamples(const Model& model, const ModelInputs& in,
                                           const Goal& goal) {
-    const DistanceGrid& grid = ReachGrid();
-    std::vector<double> values(grid.Size());
-    if (goal.quantity == Quantity::Loss)
-        model.lossCurve(in, grid.begin(), grid.Size(), values.data());
-    else
-        model.fieldStrengthCurve(in, goal.powerWatts, grid.begin(), grid.Size(), values.data());
-    std::vector<MarginSample> samples(grid.Size());
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        samples[i] = {grid.Km(i), MarginOf(goal, values[i])};
+    const DistanceGrid& fine = ReachGrid();
+    std::vector<MarginSample> coarse;
+    coarse.reserve(CoarseReachGrid().Size());
+    AddSamples(coarse, model, in, goal, CoarseReachGrid(), 0, CoarseReachGrid().Size());
+    const std::size_t intervals = coarse.size() - 1;
+    std::vector<MarginSample> samples;
+    samples.reserve(2 * coarse.size());
+    for (std::size_t i = 0; i < intervals;) {
+        std::size_t end = i;  // of neighbouring intervals that are looked at together
+        while (end < intervals && MayMeetGoal(coarse, end)) ++end;
+        if (end > i) {
+            const std::size_t last = std::min(end * CoarseStride, fine.Size() - 1);
+            AddSamples(samples, model, in, goal, fine, i * CoarseStride, last - i * CoarseStride);
+            i = end;
+        } else {
+            samples.push_back(coarse[i++]);
+        }
+    }
+    samples.push_back(coarse.back());
     return samples;
 }
 
