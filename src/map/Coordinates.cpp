@@ -108,4 +108,23 @@ std::optional<double> ParseLongitude(std::string_view text) {
     return ParseCoordinate(text, 'E', 'W', HighestLongitude);
 }
 
+std::optional<Place> ParsePlace(std::string_view text) {
+    const bool isParted = text.find_first_of(",;") != text.npos;
+    const char* const partings = isParted ? ",;" : " \t";
+    std::optional<Place> place;
+    for (std::size_t at = text.find_first_of(partings); at != text.npos;
+         at = text.find_first_of(partings, at + 1)) {
+        const auto latitude = ParseLatitude(text.substr(0, at));
+        const auto longitude = ParseLongitude(text.substr(at + 1));
+        if (!latitude || !longitude) continue;
+        const Place found{*latitude, *longitude};
+        // Blanks in a row part the same two texts.
+        const bool isSame =
+            place && place->latitude == found.latitude && place->longitude == found.longitude;
+        if (place && !isSame) return std::nullopt;
+        place = found;
+    }
+    return place;
+}
+
 }  // namespace vardel

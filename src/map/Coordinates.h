@@ -21,4 +21,8 @@ bool IsValid(const Place& place) noexcept;
 std::optional<double> ParseLatitude(std::string_view text);
 std::optional<double> ParseLongitude(std::string_view text);
 
+// Both, latitude first, with a comma or a semicolon between them, or with blanks where only one
+// parting can be meant: "49.8 6.1", "52 30 N 13 24 E", "52 30, 13 24".
+std::optional<Place> ParsePlace(std::string_view text);
+
 }  // namespace vardel

@@ -6,6 +6,7 @@
 
 #include "engine/ReachTable.h"
 #include "map/Coordinates.h"
+#include "map/GeodesicCircle.h"
 
 // How far a station reaches, as circles that maps and geographic information systems read.
 
@@ -18,10 +19,6 @@ struct CoverageRing {
     double km;             // the radius
     bool inRange = false;  // the model covers that distance
 };
-
-// Of a ring's radius, in km. Rounding to a centimetre leaves nothing of the smallest circles.
-constexpr double SmallestRing = 0.001;
-constexpr double LargestRing = 1000.0;
 
 // The circles of one station.
 struct Coverage {

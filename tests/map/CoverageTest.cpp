@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "map/CoverageRings.h"
+#include "map/MapFeatures.h"
 #include "support/FakePlatform.h"
 #include "support/Shell.h"
 
@@ -59,6 +60,64 @@ TEST(CoverageRings, AreReadByGdal) {
     }
 }
 
+// What GDAL says of a polygon: whether it is valid, its parts, and its area in square degrees.
+struct SeenPolygon {
+    int valid, parts;
+    double area;
+};
+
+SeenPolygon SeenByGdal(const std::vector<PolygonRing>& polygons) {
+    const ScratchFolder folder;
+    std::ofstream(folder.Path("Outline.geojson"))
+        << GeoJsonOf({{"", ModelNumber::Itu529, {}, polygons}});
+    std::string read = Output("ogr2ogr -f CSV /vsistdout/ " + folder.Path("Outline.geojson") +
+                              " -dialect sqlite -sql 'SELECT ST_IsValid(geometry), "
+                              "ST_NumGeometries(geometry), ST_Area(geometry) FROM Outline'");
+    std::erase(read, '"');
+    SeenPolygon seen{};
+    std::sscanf(read.c_str() + read.find('\n'), "%d,%d,%lf", &seen.valid, &seen.parts, &seen.area);
+    return seen;
+}
+
+// Outlines with spikes that cross the antimeridian many times have there the area that they have
+// elsewhere, in more parts; so do those that are nothing in some directions.
+TEST(GeodesicOutline, IsWholeAtTheAntimeridian) {
+    std::vector<double> spikes, lobes;
+    for (int i = 0; i < 72; ++i) {
+        spikes.push_back(i % 4 < 2 ? 20 : 100);
+        lobes.push_back(i % 12 == 3 ? 0 : 100);
+    }
+    const SeenPolygon whole = SeenByGdal(GeodesicOutline({-17, 10}, spikes));
+    EXPECT_EQ(whole.valid, 1);
+    EXPECT_EQ(whole.parts, 1);
+    const SeenPolygon cut = SeenByGdal(GeodesicOutline({-17, 179.7}, spikes));
+    EXPECT_EQ(cut.valid, 1);
+    EXPECT_GT(cut.parts, 4);
+    EXPECT_NEAR(cut.area, whole.area, 1e-5);
+
+    const SeenPolygon apart = SeenByGdal(GeodesicOutline({-17, 10}, lobes));
+    EXPECT_EQ(apart.valid, 1);
+    EXPECT_EQ(apart.parts, 6);
+    const SeenPolygon apartCut = SeenByGdal(GeodesicOutline({-17, 180}, lobes));
+    EXPECT_EQ(apartCut.valid, 1);
+    EXPECT_NEAR(apartCut.area, apart.area, 1e-5);
+    EXPECT_TRUE(GeodesicOutline({-17, 10}, std::vector<double>(36, 0.0)).empty());
+
+    // Round a pole, where the longitudes run back and forth.
+    for (double& km : spikes) km += 130;
+    const SeenPolygon pole = SeenByGdal(GeodesicOutline({89.3, 178}, spikes));
+    EXPECT_EQ(pole.valid, 1);
+    EXPECT_NEAR(pole.area, SeenByGdal(GeodesicOutline({89.3, 31}, spikes)).area, 0.01);
+}
+
+TEST(GeodesicWay, IsTheShortest) {
+    // By GeographicLib's Python package.
+    const GeodesicWay way = WayBetween({36.59, -84.245}, {36.65, -84.3});
+    EXPECT_NEAR(way.km, 8.2787334, 1e-6);
+    EXPECT_NEAR(way.azimuth, 323.5549895, 1e-6);
+    EXPECT_NEAR(WayBetween({-17, 179.9}, {-17, -179.9}).azimuth, 90.029237, 1e-5);
+}
+
 TEST(CoverageRings, HaveTheirModelsColoursAndNoImpossibleRadius) {
     Coverage coverage{{50, 8}, {}, Goal::AllowedLoss(130), {{ModelNumber::Davidson, 50, 100}}};
     EXPECT_NE(CoverageKml(coverage)->find("<color>ff0000ff</color>"), std::string::npos);
@@ -70,6 +129,21 @@ TEST(CoverageRings, HaveTheirModelsColoursAndNoImpossibleRadius) {
     EXPECT_TRUE(CoverageKml(coverage));
     coverage.station.latitude = 90.1;
     EXPECT_FALSE(CoverageKml(coverage));
+}
+
+TEST(Coordinates, OfAPlaceArePartedWhereOnlyOnePartingCanBeMeant) {
+    constexpr std::tuple<const char*, double, double> Read[] = {
+        {"49.8 6.1", 49.8, 6.1},       {"-33.5,  151.25", -33.5, 151.25},
+        {"52 30, 13 15", 52.5, 13.25}, {"52 30 N 13 15 E", 52.5, 13.25},
+        {"49.8  -6.1", 49.8, -6.1},    {"52°30' 13°15'", 52.5, 13.25}};
+    for (const auto& [text, latitude, longitude] : Read) {
+        const auto place = ParsePlace(text);
+        ASSERT_TRUE(place) << text;
+        EXPECT_NEAR(place->latitude, latitude, 1e-12) << text;
+        EXPECT_NEAR(place->longitude, longitude, 1e-12) << text;
+    }
+    for (const char* text : {"", "49.8", "52 30 13 15", "91 6", "49,8 6,1", "x y", "1 2 3"})
+        EXPECT_FALSE(ParsePlace(text)) << text;
 }
 
 TEST(Coordinates, AreReadAsPeopleTypeThem) {
