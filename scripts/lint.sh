@@ -9,6 +9,6 @@ mode=(--dry-run --Werror)
 [[ ${1:-} == --fix ]] && mode=(-i)
 git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format "${mode[@]}"
 
-scripts/check-walls.py src cli python/src
+scripts/check-walls.py src cli elevation python/src
 git ls-files -z '*.md' | xargs -0 scripts/check-links.py
 scripts/release.sh --check

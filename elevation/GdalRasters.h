@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "terrain/RasterMosaic.h"
+
+namespace vardel::elevation {
+
+// The rasters of files and of folders as one ground, read through GDAL. Throws ElevationError for a
+// path that is no raster with heights and a place on the earth, and for a folder without any; what
+// else of a folder cannot be used is a note.
+std::unique_ptr<RasterMosaic> OpenRasters(const std::vector<std::string>& paths);
+
+}  // namespace vardel::elevation
