@@ -186,7 +186,7 @@ BatchCount RunBatch(const BatchRun& run, RowFormat& format) {
     if (const auto fault = SplitRow(headText, reader.Delimiter(), names))
         throw InputError("line 1, column " + std::to_string(fault->field + 1) + ": " +
                          fault->fault);
-    const Columns columns(names, run.defaults, format.AddedColumns());
+    const Columns columns(names, run.defaults, format.AddedColumns(), run.ground);
     if (run.notes)
         for (const std::string& note : columns.Notes()) run.notes(note);
     std::string out;

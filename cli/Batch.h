@@ -55,6 +55,7 @@ struct BatchRun {
     Sink messages;
     std::function<void(const std::string&)> notes = {};  // of Columns, before any row
     PathInputs defaults;
+    const PathGround* ground = nullptr;  // nothing: base heights are effective ones
     unsigned threads = 1;
     std::function<void(const BatchCount&)> progress = {};  // after each written block
     std::size_t readSize = UsualReadSize;                  // bytes; blocks are about as large

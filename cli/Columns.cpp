@@ -68,8 +68,8 @@ double& LengthOf(PathInputs& path, PathField field) {
 }  // namespace
 
 Columns::Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
-                 const std::vector<std::string>& reserved)
-    : defaults_(defaults) {
+                 const std::vector<std::string>& reserved, const PathGround* ground)
+    : places_(ground), defaults_(defaults) {
     std::array<const KnownColumn*, PathFieldCount> taken{};
     std::array<Units, PathFieldCount> units{};
     units.fill(defaults.units);
@@ -79,6 +79,7 @@ Columns::Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
         const std::string name = LowerCase(names_.back());
         if (std::find(reserved.begin(), reserved.end(), name) != reserved.end())
             throw InputError(place + name + " is the name of a column that is added");
+        if (places_.Take(i, name, place)) continue;
         const KnownColumn* const known = Find(name);
         if (known == nullptr) continue;
         const auto index = static_cast<std::size_t>(known->field);
@@ -89,10 +90,19 @@ Columns::Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
         units.at(index) = known->units;
         inputs_.push_back({i, known->field, 1.0, known->power});
     }
-    if (inputs_.empty())
+    const auto nameOf = [&](PathField field) {
+        const KnownColumn* const known = taken.at(static_cast<std::size_t>(field));
+        return known == nullptr ? nullptr : known->name;
+    };
+    places_.Check(nameOf(PathField::Distance), nameOf(PathField::BaseHeight));
+    if (inputs_.empty() && !places_.HasPlaces())
         throw InputError("line 1: no column is an input; these are: " + KnownColumns());
     NoteLikenesses();
     SettleUnits(units);
+    const auto added = AddedNames();
+    for (const std::string& name : names_)
+        if (std::find(added.begin(), added.end(), LowerCase(name)) != added.end())
+            throw InputError("line 1: " + name + " is the name of a column that is added");
 }
 
 // A mistyped name would have all rows calculated by a default unseen.
@@ -102,7 +112,8 @@ void Columns::NoteLikenesses() {
         return std::any_of(inputs_.begin(), inputs_.end(), same);
     };
     for (std::size_t i = 0; i < names_.size(); ++i) {
-        if (isInput([i](const Input& input) { return input.column == i; })) continue;
+        if (places_.Has(i) || isInput([i](const Input& input) { return input.column == i; }))
+            continue;
         const std::string start = LowerCase(names_[i].substr(0, AlikeLetters));
         const auto like = std::find_if(Known.begin(), Known.end(), [&](const KnownColumn& known) {
             return start == std::string_view(known.name).substr(0, AlikeLetters) &&
@@ -133,10 +144,11 @@ void Columns::SettleUnits(const std::array<Units, PathFieldCount>& units) {
 }
 
 bool Columns::IsNumber(std::size_t column) const {
-    return std::any_of(inputs_.begin(), inputs_.end(), [column](const Input& input) {
-        return input.column == column && input.field != PathField::Area &&
-               input.field != PathField::City;
-    });
+    return places_.Has(column) ||
+           std::any_of(inputs_.begin(), inputs_.end(), [column](const Input& input) {
+               return input.column == column && input.field != PathField::Area &&
+                      input.field != PathField::City;
+           });
 }
 
 std::optional<std::string> Columns::Read(const std::vector<CsvField>& fields, RowPath& row) const {
@@ -147,15 +159,15 @@ std::optional<std::string> Columns::Read(const std::vector<CsvField>& fields, Ro
             SetPathField(row.path, input.field, field.raw, input.factor, input.power);
         if (wrong) return "column " + names_[input.column] + ": " + *wrong;
     }
+    if (auto wrong = places_.Read(fields, names_, row.path, row.found)) return wrong;
     row.inputs = MetricInputs(row.path);
     return RefusalOf(row.inputs);
 }
 
 std::string KnownColumns() {
     std::string names;
-    for (const KnownColumn& column : Known)
-        names += (names.empty() ? "" : ", ") + std::string(column.name);
-    return names;
+    for (const KnownColumn& column : Known) names += column.name + std::string(", ");
+    return names + KnownPlaceColumns();
 }
 
 }  // namespace vardel::cli

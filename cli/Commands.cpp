@@ -1,13 +1,12 @@
 #include "cli/Commands.h"
 
 #include <cmath>
-#include <variant>
 
 #include "cli/Json.h"
+#include "cli/Records.h"
 #include "cli/Results.h"
 #include "cli/RowFormats.h"
 #include "engine/PathText.h"
-#include "text/CsvText.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
@@ -15,76 +14,6 @@ namespace vardel::cli {
 namespace {
 
 constexpr std::size_t WriteSize = std::size_t{1} << 16U;
-constexpr const char* LineEnd = "\r\n";  // of RFC 4180
-
-std::string DistanceColumn(const char* quantity, Units units) {
-    return quantity + std::string(units == Units::English ? "_mi" : "_km");
-}
-
-// A value of a record, or none.
-using Cell = std::variant<std::monostate, std::string, double, bool>;
-using Record = std::vector<std::pair<std::string, Cell>>;
-
-std::string CellText(const Cell& cell) {
-    if (const auto* const text = std::get_if<std::string>(&cell)) return *text;
-    if (const auto* const number = std::get_if<double>(&cell)) return ShortestText(*number);
-    if (const auto* const yes = std::get_if<bool>(&cell)) return YesOrNo(*yes);
-    return {};
-}
-
-std::string JsonOf(const Record& record) {
-    std::string out;
-    JsonLine line(out);
-    for (const auto& [name, cell] : record) {
-        if (const auto* const number = std::get_if<double>(&cell))
-            line.Number(name, *number);
-        else if (const auto* const yes = std::get_if<bool>(&cell))
-            line.YesNo(name, *yes);
-        else if (std::holds_alternative<std::string>(cell))
-            line.Text(name, std::get<std::string>(cell));
-        else
-            line.Null(name);
-    }
-    line.End();
-    return out;
-}
-
-std::string CsvOf(const std::vector<std::string>& fields) {
-    std::string out;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i > 0) out += ',';
-        AppendCsvField(out, fields[i]);
-    }
-    return out + LineEnd;
-}
-
-std::string CsvOf(const std::vector<Record>& records) {
-    std::vector<std::string> names;
-    for (const auto& [name, cell] : records.front()) names.push_back(name);
-    std::string out = CsvOf(names);
-    for (const Record& record : records) {
-        std::vector<std::string> fields;
-        for (const auto& [name, cell] : record) fields.push_back(CellText(cell));
-        out += CsvOf(fields);
-    }
-    return out;
-}
-
-Cell ReachOutcome(const Reach& reach) {
-    switch (reach.outcome) {
-        case Reach::Outcome::Never:
-            return "never";
-        case Reach::Outcome::Ends:
-            return "ends";
-        case Reach::Outcome::Everywhere:
-            return "everywhere";
-        case Reach::Outcome::Late:
-            return "late";
-        case Reach::Outcome::Invalid:
-            break;
-    }
-    return {};
-}
 
 Cell HeightOutcome(const NeededHeight& height) {
     switch (height.outcome) {
@@ -121,7 +50,7 @@ Record ReachRecord(const Model& model, const Options& options) {
         {"met_again", reach.Again()},
         {"power_w", power},
         {"base_height", HeightOutcome(height)},
-        {std::string("base_height_") + HeightUnit(units),
+        {HeightColumn("base_height", units),
          heightMet ? Cell(height.metres / MetresPerHeight(units)) : Cell()},
     };
 }
@@ -167,7 +96,7 @@ void WriteCurve(const Options& options, const Sink& output) {
     if (!options.json) {
         std::vector<std::string> head = ResultColumns();
         head.insert(head.begin(), distanceName);
-        out = CsvOf(head);
+        out = CsvRow(head);
     }
     PathInputs path = options.path;
     // A step may meet the end but for its rounding.
@@ -198,12 +127,7 @@ void WriteReach(const Options& options, const Sink& output) {
     records.reserve(ComparedModels.size());
     for (const ModelNumber model : ComparedModels)
         records.push_back(ReachRecord(ModelOf(model), options));
-    std::string out;
-    if (options.json)
-        for (const Record& record : records) out += JsonOf(record);
-    else
-        out = CsvOf(records);
-    output(out);
+    output(options.json ? JsonOf(records) : CsvOf(records));
 }
 
 void WriteLogLine(const Options& options, const CalendarTime& time, const Sink& output) {

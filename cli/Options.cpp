@@ -18,16 +18,22 @@ namespace vardel::cli {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, Command>, 4> Commands = {{
+constexpr std::array<std::pair<const char*, Command>, 6> Commands = {{
     {"batch", Command::Batch},
     {"curve", Command::Curve},
     {"reach", Command::Reach},
     {"log", Command::Log},
+    {"heights", Command::Heights},
+    {"contour", Command::Contour},
 }};
 
 constexpr unsigned Bit(Command command) { return 1U << static_cast<unsigned>(command); }
-constexpr unsigned All = 31;
 constexpr unsigned Files = Bit(Command::Batch) | Bit(Command::Log);
+constexpr unsigned Sites = Bit(Command::Heights) | Bit(Command::Contour);
+constexpr unsigned Reaches = Bit(Command::Reach) | Bit(Command::Contour);
+// Those that have a distance and a base height of their own, and all that have a path.
+constexpr unsigned Paths = Files | Bit(Command::Path) | Bit(Command::Curve) | Bit(Command::Reach);
+constexpr unsigned All = Paths | Bit(Command::Contour);
 
 enum class Name {
     Units,
@@ -43,6 +49,13 @@ enum class Name {
     PathLoss,
     AntennaGain,
     CableLoss,
+    Elevation,
+    Site,
+    Antenna,
+    Ground,
+    Azimuths,
+    Definition,
+    Format,
     Help,
     Version,
     Field
@@ -56,10 +69,10 @@ struct KnownOption {
     PathField field = PathField::Frequency;  // of Name::Field
 };
 
-constexpr std::array<KnownOption, 24> Known = {{
+constexpr std::array<KnownOption, 31> Known = {{
     {"frequency", Name::Field, All, true, PathField::Frequency},
-    {"distance", Name::Field, All & ~Bit(Command::Curve), true, PathField::Distance},
-    {"base-height", Name::Field, All, true, PathField::BaseHeight},
+    {"distance", Name::Field, Paths & ~Bit(Command::Curve), true, PathField::Distance},
+    {"base-height", Name::Field, Paths, true, PathField::BaseHeight},
     {"mobile-height", Name::Field, All, true, PathField::MobileHeight},
     {"area", Name::Field, All, true, PathField::Area},
     {"city", Name::Field, All, true, PathField::City},
@@ -67,20 +80,27 @@ constexpr std::array<KnownOption, 24> Known = {{
     {"locations", Name::Field, All, true, PathField::PercentLocations},
     {"power", Name::Field, All, true, PathField::Power},
     {"power-unit", Name::PowerUnit, All},
-    {"units", Name::Units, All},
-    {"json", Name::Json, All & ~Bit(Command::Log), false},
+    {"units", Name::Units, All | Sites},
+    {"json", Name::Json, (All | Sites) & ~Bit(Command::Log), false},
     {"header", Name::Header, Bit(Command::Log), false},
     {"threads", Name::Threads, Files},
     {"start", Name::Start, Bit(Command::Curve)},
     {"end", Name::End, Bit(Command::Curve)},
     {"step", Name::Step, Bit(Command::Curve)},
-    {"field-strength", Name::FieldStrength, Bit(Command::Reach)},
-    {"received-power", Name::ReceivedPower, Bit(Command::Reach)},
-    {"path-loss", Name::PathLoss, Bit(Command::Reach)},
-    {"antenna-gain", Name::AntennaGain, Bit(Command::Reach)},
-    {"cable-loss", Name::CableLoss, Bit(Command::Reach)},
-    {"help", Name::Help, All, false},
-    {"version", Name::Version, All, false},
+    {"field-strength", Name::FieldStrength, Reaches},
+    {"received-power", Name::ReceivedPower, Reaches},
+    {"path-loss", Name::PathLoss, Reaches},
+    {"antenna-gain", Name::AntennaGain, Reaches},
+    {"cable-loss", Name::CableLoss, Reaches},
+    {"elevation", Name::Elevation, Sites | Files},
+    {"site", Name::Site, Sites},
+    {"antenna", Name::Antenna, Sites | Files},
+    {"ground", Name::Ground, Sites},
+    {"azimuths", Name::Azimuths, Sites},
+    {"definition", Name::Definition, Sites | Files},
+    {"format", Name::Format, Bit(Command::Contour)},
+    {"help", Name::Help, All | Sites, false},
+    {"version", Name::Version, All | Sites, false},
 }};
 
 struct Given {
@@ -145,6 +165,15 @@ Value OneOf(const Given& given, const std::array<std::pair<const char*, Value>, 
         names += (names.empty() ? "" : ", ") + std::string(name);
     }
     throw UsageError(Dashed(*given.option) + ": " + Shown(given.value) + " is none of " + names);
+}
+
+// What a text means by a function that tells what is wrong with it.
+template <class Function>
+auto ValueOf(const Given& given, Function function) {
+    std::optional<std::string> wrong;
+    const auto value = function(given.value, wrong);
+    if (!value) throw UsageError(Dashed(*given.option) + ": " + *wrong);
+    return *value;
 }
 
 class Reader {
@@ -234,6 +263,42 @@ private:
                 break;
             default:
                 TakeWanted(given);
+                TakeTerrain(given);
+                break;
+        }
+    }
+
+    void TakeTerrain(const Given& given) {
+        using Format = std::pair<const char*, ContourFormat>;
+        TerrainOptions& terrain = options_.terrain;
+        switch (given.option->name) {
+            case Name::Elevation:
+                if (given.value.empty()) throw UsageError("--elevation: the file's name is empty");
+                terrain.files.push_back(given.value);
+                break;
+            case Name::Site:
+                terrain.site = ValueOf(given, SiteOf);
+                break;
+            case Name::Antenna:
+                terrain.antenna = NumberOf(given) * MetresPerHeight(units_);
+                if (!(*terrain.antenna > 0.0))
+                    throw UsageError("--antenna: " + Shown(given.value) + " is not above zero");
+                break;
+            case Name::Ground:
+                terrain.ground = NumberOf(given) * MetresPerHeight(units_);
+                break;
+            case Name::Azimuths:
+                terrain.azimuths = ValueOf(given, AzimuthsOf);
+                break;
+            case Name::Definition:
+                terrain.definition = ValueOf(given, DefinitionOf);
+                break;
+            case Name::Format:
+                terrain.format = OneOf(given, std::array{Format{"csv", ContourFormat::Csv},
+                                                         Format{"geojson", ContourFormat::GeoJson},
+                                                         Format{"kml", ContourFormat::Kml}});
+                break;
+            default:
                 break;
         }
     }
@@ -268,13 +333,22 @@ private:
     }
 
     void TakeKind(const Given& given, Wanted::Kind kind) {
-        if (wantedGiven_ && options_.wanted.kind != kind) throw UsageError(OneWanted);
+        if (wantedGiven_ && options_.wanted.kind != kind) throw UsageError(command_ + OneWanted);
         wantedGiven_ = true;
         options_.wanted.kind = kind;
         options_.wanted.value = NumberOf(given);
     }
 
     void TakeFile() {
+        if ((Sites & Bit(options_.command)) != 0) {
+            // A pattern of the shell behind --elevation becomes several.
+            if (!options_.terrain.files.empty())
+                for (std::string& file : line_.operands)
+                    options_.terrain.files.push_back(std::move(file));
+            else if (!line_.operands.empty())
+                throw UsageError("too much: " + Shown(line_.operands.back()));
+            return;
+        }
         const bool takesFile = (Files & Bit(options_.command)) != 0;
         if (line_.operands.size() > (takesFile ? 1U : 0U))
             throw UsageError("too much: " + Shown(line_.operands.back()));
@@ -289,14 +363,31 @@ private:
 
     void Check() const {
         if (powerUnitGiven_ && !powerGiven_) throw UsageError("--power-unit wants --power, too");
+        CheckTerrain();
         if (!options_.file.empty()) return;  // each row is looked at by itself
-        if (options_.command == Command::Reach) {
-            if (!wantedGiven_) throw UsageError(OneWanted);
+        if ((Reaches & Bit(options_.command)) != 0) {
+            if (!wantedGiven_) throw UsageError(command_ + OneWanted);
             if (receiverGiven_ && options_.wanted.kind != Wanted::Kind::ReceivedPower)
                 throw UsageError("--antenna-gain and --cable-loss go with --received-power");
         }
         if (options_.command == Command::Curve) return CheckCurve();
         if (const auto refusal = RefusalOf(MetricInputs(options_.path))) throw UsageError(*refusal);
+    }
+
+    void CheckTerrain() const {
+        const TerrainOptions& terrain = options_.terrain;
+        if ((Sites & Bit(options_.command)) != 0) {
+            if (!terrain.site) throw UsageError(command_ + " wants --site");
+            if (!terrain.antenna) throw UsageError(command_ + " wants --antenna");
+            if (terrain.files.empty()) throw UsageError(command_ + " wants --elevation");
+            if (options_.json && terrain.format.value_or(ContourFormat::Csv) != ContourFormat::Csv)
+                throw UsageError("--json goes with --format csv only");
+            return;
+        }
+        if (terrain.files.empty() && (terrain.antenna || terrain.definition))
+            throw UsageError("--antenna and --definition want --elevation, too");
+        if (!terrain.files.empty() && options_.file.empty())
+            throw UsageError("--elevation wants a file of paths");
     }
 
     void CheckCurve() const {
@@ -313,7 +404,7 @@ private:
     }
 
     static constexpr const char* OneWanted =
-        "reach wants one of --field-strength, --received-power and --path-loss";
+        " wants one of --field-strength, --received-power and --path-loss";
 
     CommandLine line_;
     Options options_;

@@ -4,11 +4,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "cli/TerrainOptions.h"
 #include "engine/ReachTable.h"
 
 namespace vardel::cli {
 
-enum class Command { Path, Batch, Curve, Reach, Log };
+enum class Command { Path, Batch, Curve, Reach, Log, Heights, Contour };
 
 // What is wrong with a command line, in words for the user.
 struct UsageError : std::runtime_error {
@@ -28,7 +29,9 @@ struct Options {
     double start = 1.0;     // of the curve, in the units of the path
     double end = 100.0;
     double step = 1.0;
-    Wanted wanted = {};  // of the reach
+    Wanted wanted = {};           // of the reach and the contour
+    TerrainOptions terrain = {};  // of heights, contour, batch and log; site and antenna are there
+                                  // for the first two
 };
 
 // Options stand anywhere, and may be shortened as far as they are clear. Throws UsageError. Uses

@@ -2,12 +2,14 @@
 
 #include <chrono>
 #include <new>
+#include <optional>
 #include <system_error>
 
 #include "cli/Commands.h"
 #include "cli/Help.h"
 #include "cli/Options.h"
 #include "cli/RowFormats.h"
+#include "cli/Terrain.h"
 
 namespace vardel::cli {
 
@@ -51,9 +53,24 @@ void Tell(const World& world, const std::string& text) {
     world.errors("vardel-calc: " + text + '\n');
 }
 
+std::unique_ptr<Elevations> OpenGround(const Options& options, const World& world) {
+    auto elevations = world.ground(options.terrain.files);
+    for (const std::string& note : elevations->Notes()) Tell(world, note);
+    return elevations;
+}
+
+std::optional<PathGround> GroundOfPaths(const Options& options, const World& world) {
+    const TerrainOptions& terrain = options.terrain;
+    if (terrain.files.empty()) return std::nullopt;
+    return std::optional<PathGround>(
+        std::in_place, OpenGround(options, world),
+        terrain.definition.value_or(*FindHeightDefinition(UsualPathDefinition)), terrain.antenna);
+}
+
 ExitStatus RunFile(const Options& options, const World& world) {
     const auto format = FormatOf(options, world);
     const std::string name = options.file == "-" ? "standard input" : options.file;
+    const auto ground = GroundOfPaths(options, world);
     Progress progress(world);
     try {
         const BatchCount count =
@@ -62,6 +79,7 @@ ExitStatus RunFile(const Options& options, const World& world) {
                       .messages = world.errors,
                       .notes = [&](const std::string& note) { Tell(world, name + ": " + note); },
                       .defaults = options.path,
+                      .ground = ground ? &*ground : nullptr,
                       .threads = options.threads,
                       .progress = [&](const BatchCount& sofar) { progress.Tell(sofar); }},
                      *format);
@@ -84,7 +102,14 @@ ExitStatus RunCommand(const Options& options, const World& world) {
     if (options.help) return world.output(HelpText()), ExitStatus::Done;
     if (options.version) return world.output(VersionText()), ExitStatus::Done;
     if (!options.file.empty()) return RunFile(options, world);
+    const auto note = [&](const std::string& text) { Tell(world, text); };
     switch (options.command) {
+        case Command::Heights:
+            WriteHeights(options, *OpenGround(options, world), world.output, note);
+            break;
+        case Command::Contour:
+            WriteContour(options, *OpenGround(options, world), world.output, note);
+            break;
         case Command::Curve:
             WriteCurve(options, world.output);
             break;

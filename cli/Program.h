@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "cli/Batch.h"
+#include "terrain/Elevations.h"
 #include "text/CalendarTime.h"
 
 namespace vardel::cli {
@@ -13,6 +15,8 @@ struct World {
     Sink output;
     Sink errors;
     CalendarTime now;
+    // Elevations of files and folders; throws ElevationError.
+    std::function<std::unique_ptr<Elevations>(const std::vector<std::string>& paths)> ground;
     bool progress = false;  // whether a long batch tells how far it is
 };
 

@@ -34,12 +34,15 @@ std::vector<std::string> ResultsAndError() {
 std::vector<std::string> CsvRows::AddedColumns() const { return ResultsAndError(); }
 
 void CsvRows::Begin(std::string& out, std::string_view head, const RowReader& input,
-                    const Columns& /*columns*/) {
+                    const Columns& columns) {
     delimiter_ = input.Delimiter();
     lineEnd_ = head.ends_with("\r\n") ? "\r\n" : "\n";
     if (input.HadByteOrderMark()) out += ByteOrderMark;
     out += WithoutLineEnd(head);
-    for (const std::string& name : AddedColumns()) out += delimiter_ + name;
+    std::vector<std::string> added = columns.AddedNames();
+    found_ = added.size();
+    for (const std::string& name : AddedColumns()) added.push_back(name);
+    for (const std::string& name : added) out += delimiter_ + name;
     out += lineEnd_;
 }
 
@@ -51,6 +54,10 @@ void CsvRows::Row(std::string& out, std::string& /*messages*/, const BatchRow& r
             if (i > 0) out += delimiter_;
             AppendCsvField(out, row.fields[i].Text(), delimiter_);
         }
+    }
+    for (std::size_t i = 0; i < found_; ++i) {
+        out += delimiter_;
+        if (row.path != nullptr) out += ShortestText(row.path->found.at(i));
     }
     const auto calculation = CalculationOf(row);
     AppendResults(out, AddressOf(calculation), delimiter_);
@@ -71,6 +78,7 @@ void JsonRows::Begin(std::string& /*out*/, std::string_view /*head*/, const RowR
                              "', which JSON cannot tell from the first");
         columns_.push_back({name, columns.IsNumber(i)});
     }
+    found_ = columns.AddedNames();
 }
 
 void JsonRows::Row(std::string& out, std::string& /*messages*/, const BatchRow& row) const {
@@ -82,6 +90,12 @@ void JsonRows::Row(std::string& out, std::string& /*messages*/, const BatchRow& 
             line.Number(columns_[i].name, *number);
         else
             line.Text(columns_[i].name, text);
+    }
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        if (row.path != nullptr)
+            line.Number(found_[i], row.path->found.at(i));
+        else
+            line.Null(found_[i]);
     }
     const auto calculation = CalculationOf(row);
     AddResults(line, AddressOf(calculation));

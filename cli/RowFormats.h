@@ -16,6 +16,7 @@ public:
 private:
     char delimiter_ = ',';
     std::string lineEnd_;
+    std::size_t found_ = 0;  // columns
 };
 
 // An object for each row, with the same names.
@@ -32,6 +33,7 @@ private:
         bool number;
     };
     std::vector<Column> columns_;
+    std::vector<std::string> found_;  // names
 };
 
 // A line of the report log for each row that can be calculated; the others are messages.

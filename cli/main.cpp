@@ -2,6 +2,7 @@
 
 #include "cli/Program.h"
 #include "cli/Streams.h"
+#include "terrain/ElevationModule.h"
 
 namespace {
 
@@ -22,5 +23,6 @@ int main(int argc, char** argv) {
                                         .output = StandardOutput(),
                                         .errors = StandardError(),
                                         .now = Now(),
+                                        .ground = vardel::OpenElevations,
                                         .progress = ProgressIsSeen()}));
 }

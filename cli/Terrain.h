@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "cli/Batch.h"
+#include "cli/Options.h"
+
+// The commands that ask for the ground. Each writes all of its output at once, and tells in the
+// notes what the user is to know besides. Throws ElevationError, before anything is written.
+
+namespace vardel::cli {
+
+using NoteSink = std::function<void(const std::string& note)>;
+
+// A row for each azimuth: the ground's average and the effective height.
+void WriteHeights(const Options& options, Elevations& elevations, const Sink& output,
+                  const NoteSink& notes);
+// A row for each azimuth with the models' reaches, or their outlines for maps.
+void WriteContour(const Options& options, Elevations& elevations, const Sink& output,
+                  const NoteSink& notes);
+
+}  // namespace vardel::cli
