@@ -16,7 +16,7 @@ struct World {
     Sink errors;
     CalendarTime now;
     // Elevations of files and folders; throws ElevationError.
-    std::function<std::unique_ptr<Elevations>(const std::vector<std::string>& paths)> ground;
+    std::function<std::unique_ptr<Elevations>(const std::vector<std::string>& paths)> ground = {};
     bool progress = false;  // whether a long batch tells how far it is
 };
 

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <system_error>
 
+#include "cli/Calc.h"
+
 namespace vardel::cli {
 namespace {
 
@@ -12,32 +14,6 @@ using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-struct Outcome {
-    ExitStatus status;
-    std::string output, errors;
-};
-
-// The program with such words on its command line and such an input.
-Outcome Calc(std::vector<std::string> words, const std::string& input = {}) {
-    words.insert(words.begin(), "vardel-calc");
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    Outcome outcome{};
-    std::size_t at = 0;
-    const Source source = [&input, &at](char* bytes, std::size_t size) {
-        const std::size_t come = input.copy(bytes, size, at);
-        at += come;
-        return come;
-    };
-    outcome.status = RunProgram(static_cast<int>(words.size()), arguments.data(),
-                                {.open = [&](const std::string&) { return source; },
-                                 .output = [&](std::string_view text) { outcome.output += text; },
-                                 .errors = [&](std::string_view text) { outcome.errors += text; },
-                                 .now = {2024, 2, 29, 13, 5, 0}});
-    return outcome;
-}
 
 constexpr const char* Added =
     "itu529_loss_db,itu529_field_dbuvm,itu529_in_range,davidson_loss_db,davidson_field_dbuvm,"
