@@ -68,9 +68,9 @@ void PlacesAlong(const Place& from, double azimuth, double fromKm, double toKm, 
         const double part = static_cast<double>(i) / last;
         if (isSmooth) {
             const double at = part * static_cast<double>(spaces);
-            const double first =
-                std::clamp(std::floor(at) - 1.0, 0.0, static_cast<double>(spaces - 3));
-            places[i] = OnCubic(&nodes[static_cast<std::size_t>(first)], at - first);
+            const std::size_t space = std::max<std::size_t>(static_cast<std::size_t>(at), 1);
+            const std::size_t first = std::min(space - 1, spaces - 3);
+            places[i] = OnCubic(&nodes[first], at - static_cast<double>(first));
             places[i].longitude = OnMap(places[i].longitude);
         } else {
             line.Position((fromKm + part * length) * 1000.0, places[i].latitude,

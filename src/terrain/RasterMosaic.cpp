@@ -134,19 +134,33 @@ double RasterMosaic::InRaster(std::size_t raster, double x, double y) {
     const RasterGrid& grid = rasters_[raster].grid;
     const CellPoint at = Apply(rasters_[raster].toCell, x, y);
     if (!Covers(grid, at)) return Unknown;
+    // Centres count from 0; the first half cell is before them.
     const double u = at.column - HalfCell, v = at.row - HalfCell;
-    const double left = std::floor(u), top = std::floor(v);
-    const double right = u - left, down = v - top;
-    const int column = static_cast<int>(left), row = static_cast<int>(top);
+    const auto column = static_cast<std::int64_t>(u + 1.0) - 1;
+    const auto row = static_cast<std::int64_t>(v + 1.0) - 1;
+    const double right = u - static_cast<double>(column), down = v - static_cast<double>(row);
+    const std::array<double, 4> weights = {(1.0 - right) * (1.0 - down), right * (1.0 - down),
+                                           (1.0 - right) * down, right * down};
+    const bool isWithin = column >= 0 && row >= 0 && column + 1 < grid.columns &&
+                          row + 1 < grid.rows && column % BlockSize != BlockSize - 1 &&
+                          row % BlockSize != BlockSize - 1;
+    if (isWithin) {
+        const float* const cells =
+            BlockOf(raster, static_cast<int>(column), static_cast<int>(row)) +
+            (row % BlockSize) * BlockSize + column % BlockSize;
+        const double metres = weights[0] * static_cast<double>(cells[0]) +
+                              weights[1] * static_cast<double>(cells[1]) +
+                              weights[2] * static_cast<double>(cells[BlockSize]) +
+                              weights[3] * static_cast<double>(cells[BlockSize + 1]);
+        if (!std::isnan(metres)) return metres;
+    }
     double metres = 0.0;
     // A cell of no weight need not be known.
-    const auto add = [&](int across, int along, double weight) {
-        if (weight > 0.0) metres += weight * CellOrNeighbour(raster, column + across, row + along);
-    };
-    add(0, 0, (1.0 - right) * (1.0 - down));
-    add(1, 0, right * (1.0 - down));
-    add(0, 1, (1.0 - right) * down);
-    add(1, 1, right * down);
+    for (std::size_t i = 0; i < weights.size(); ++i)
+        if (weights.at(i) > 0.0)
+            metres += weights.at(i) *
+                      CellOrNeighbour(raster, static_cast<int>(column + static_cast<int>(i % 2)),
+                                      static_cast<int>(row + static_cast<int>(i / 2)));
     return metres;
 }
 
