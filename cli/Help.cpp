@@ -8,6 +8,8 @@ std::string HelpText() {
        vardel-calc curve [OPTION]...       a path at many distances
        vardel-calc reach [OPTION]...       how far a station reaches
        vardel-calc log [FILE] [OPTION]...  lines of the report log
+       vardel-calc heights [OPTION]...     effective heights over real ground
+       vardel-calc contour [OPTION]...     how far a station reaches over it
 Radio path loss and field strength by ITU-R P.529, Davidson and COST 231.
 
 The path; in batch and log FILE, what a column is missing for:
@@ -31,19 +33,32 @@ The output:
 curve:
   --start D, --end D, --step D   distances, in km or miles (1, 100, 1)
 
-reach, one of:
+reach and contour, one of:
   --field-strength DBUV          wanted at the antenna, dB(µV/m)
   --received-power DBM           wanted at the receiver; with
     --antenna-gain DBI, --cable-loss DB   of the receiver (0, 0)
   --path-loss DB                 allowed between isotropic antennas
 
+heights and contour, the ground:
+  --site "LAT LON"      of the mast, in degrees, such as "49.8 6.1"
+  --antenna H           above the ground, in m or ft
+  --elevation FILE...   elevations, files or folders (package vardel-terrain)
+  --ground H            of the site above the sea, in place of the data's
+  --azimuths N          8 to 3600, from north on (36; contour: 360)
+  --definition KEY      of the average: 3-16, 3-15, 3.2-16.1, p1546, or own
+                        bounds in km such as 2-20 (3-16)
+  --format NAME         of the contour: csv, geojson or kml (csv)
+
 batch: the first line names the columns, in any order and case: frequency_mhz,
 distance_km or distance_mi, base_height_m or _ft, mobile_height_m or _ft, area,
 city, percent_time, percent_locations, power_w, _kw, _dbm or _dbw. Others pass
-through. FILE may be - for standard input. Commas or semicolons part fields;
-numbers have a decimal point. Results are added to each row, for each model
-loss, field strength and whether the model covers the path, and an error that
-says why a row could not be calculated. Empty lines are left out.
+through. In place of the distance there may be base_lat, base_lon, mobile_lat
+and mobile_lon; with --elevation FILE the base height is found, too, from the
+antenna's by --antenna or antenna_above_ground_m, and --definition (p1546).
+FILE may be - for standard input. Commas or semicolons part fields; numbers
+have a decimal point. Results are added to each row, for each model loss, field
+strength and whether the model covers the path, and an error that says why a
+row could not be calculated. Empty lines are left out.
 
   -h, --help            show this text and end
   --version             show the version and end

@@ -24,7 +24,8 @@ check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc
   lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
   share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,models.md,examples/{CMakeLists.txt,curves.cpp,path_loss.cpp}}
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
-  share/doc/vardel-calc/{changelog.gz,copyright,scripting.md}
+  share/doc/vardel-calc/{changelog.gz,copyright,scripting.md,terrain.md}
+check vardel-terrain lib/vardel/vardel-elevation.so share/doc/vardel-terrain/{changelog.gz,copyright,terrain.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
   lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb',measured.csv} \
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,models.md,user-guide.md,pictures} \
@@ -48,10 +49,17 @@ needs() {
   done
 }
 needs vardel fonts-liberation libqt6widgets6 libqcustomplot
+needs vardel-terrain libgdal
 needs python3-vardel python3-numpy 'python3 (<<' libsqlite3-0
-# It is there for servers, too.
-depends=$(dpkg-deb --field "$work"/vardel-calc_*.deb Depends)
-[[ $depends != *qt* ]] || { echo "vardel-calc depends on more than it needs: $depends" >&2; exit 1; }
+# The one is there for servers, too, and GDAL only for who has elevation data.
+without() {
+  local depends
+  depends=$(dpkg-deb --field "$work/$1"_*.deb Depends)
+  [[ $depends != *$2* ]] || { echo "$1 depends on more than it needs: $depends" >&2; exit 1; }
+}
+without vardel-calc qt
+without vardel-calc gdal
+without vardel gdal
 lintian --no-cfg --allow-root --fail-on error,warning "$work"/*.deb
 # Fortified functions cannot be looked for: no call has a buffer whose size the compiler knows.
 lintian --no-cfg --allow-root --fail-on info --tags hardening-no-bindnow,hardening-no-pie,hardening-no-relro "$work"/*.deb

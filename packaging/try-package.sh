@@ -42,8 +42,9 @@ cp "$root/home/engineer/picture.png" build/packages/installed.png
 test -s "$root/home/engineer/.config/vardel/Vardel.ini"
 in_root sh -c 'test "$(vardel --version)" = "Vardel $(dpkg-query -W -f "\${Version}" vardel)"'
 in_root vardel-calc | grep -F 143.129
+in_root sh -c 'vardel-calc heights --site "0 0" --antenna 9 --elevation /usr/bin 2>&1 || true' | grep -F 'holds no raster'
 in_root su engineer -c 'python3 -c "import vardel; print(vardel.itu529_loss(450, 10))"' | grep -q ^143.129
-in_root dpkg --verify vardel vardel-calc libvardel-models-dev python3-vardel
-in_root apt-get remove -q -y vardel vardel-calc libvardel-models-dev python3-vardel > /dev/null
+in_root dpkg --verify vardel vardel-calc vardel-terrain libvardel-models-dev python3-vardel
+in_root apt-get remove -q -y vardel vardel-calc vardel-terrain libvardel-models-dev python3-vardel > /dev/null
 test ! -e "$root/usr/lib/vardel" && test ! -e "$root/usr/bin/vardel"
 echo "The packages install, start, and go again. The picture is build/packages/installed.png."

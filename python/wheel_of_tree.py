@@ -51,6 +51,7 @@ def build(work):
 
     made = work / "build"
     cmake("-S", TREE, "-B", made, "-DCMAKE_BUILD_TYPE=Release", "-DVARDEL_GUI=OFF", "-DVARDEL_TESTS=OFF",
+          "-DVARDEL_TERRAIN=OFF",
           "-DVARDEL_PYTHON=REQUIRED", f"-DPython3_EXECUTABLE={sys.executable}", "-DVARDEL_PYTHON_FOLDER=.")
     cmake("--build", made, "--target", "vardel_python", "--parallel", os.cpu_count() or 1)
     cmake("--install", made / "python", "--prefix", work / "package", "--strip")

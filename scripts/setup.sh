@@ -12,6 +12,8 @@ packages=(
   # the program
   qt6-base-dev qt6-svg-dev libcups2-dev qt6-qpa-plugins qt6-wayland libqcustomplot-dev fonts-liberation
   libsqlitecpp-dev libsqlite3-dev sqlite3 libgeographiclib-dev
+  # the module that reads elevation data
+  libgdal-dev
   # the compiled manual
   cmark-gfm fp-utils
 )
@@ -20,7 +22,7 @@ for purpose in "$@"; do
     test) packages+=(
       libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
       libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox gdal-bin
-      pybind11-dev python3-dev python3-numpy python3-pytest python3-matplotlib python3-venv
+      pybind11-dev python3-dev python3-geographiclib python3-numpy python3-pytest python3-matplotlib python3-venv
       clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream lintian man-db dpkg-dev file) ;;
     package) packages+=(dpkg-dev file pybind11-dev python3-dev) ;;
   esac

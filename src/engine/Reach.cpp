@@ -48,7 +48,7 @@ const DistanceGrid& ReachGrid() {
 }
 
 // Every so many points of the grid are looked at first.
-constexpr std::size_t CoarseStride = 16;
+constexpr std::size_t CoarseStride = 24;
 
 // These points, the last of the grid among them.
 const DistanceGrid& CoarseReachGrid() {
