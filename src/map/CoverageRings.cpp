@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "map/MapFeatures.h"
+#include "map/CoverageProperties.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -23,36 +23,22 @@ bool IsWritable(const Coverage& coverage) {
 }
 
 std::vector<FeatureProperty> PropertiesOf(const Coverage& coverage, const CoverageRing& ring) {
-    const ModelInputs& path = coverage.path;
-    const Goal& goal = coverage.goal;
-    const bool isLoss = goal.quantity == Quantity::Loss;
+    ModelInputs path = coverage.path;
+    path.pctLoc = ring.pctLoc;
     std::vector<FeatureProperty> properties = {
         {"model", ModelOf(ring.model).name, true},
         {"distance_km", ShortestText(std::round(ring.km * 1000.0) / 1000.0)},
-        {"in_range", ring.inRange ? "true" : "false"},
-        {"goal", isLoss ? "path loss" : "field strength", true},
-        {"goal_value", ShortestText(goal.value)},
-        {"goal_unit", isLoss ? "dB" : "dB(µV/m)", true},
-        {"percent_locations", ShortestText(ring.pctLoc)},
-        {"percent_time", ShortestText(path.pctTime)},
-        {"frequency_mhz", ShortestText(path.f)},
-        {"base_height_m", ShortestText(path.hb)},
-        {"mobile_height_m", ShortestText(path.hm)},
-        {"area", path.area, true},
-        {"city", path.city, true},
-        {"station_latitude", ShortestText(coverage.station.latitude)},
-        {"station_longitude", ShortestText(coverage.station.longitude)},
-    };
-    if (!isLoss) properties.push_back({"power_w_erp", ShortestText(goal.powerWatts)});
+        {"in_range", ring.inRange ? "true" : "false"}};
+    AddInputs(properties, coverage.goal, path, BaseHeight::Told, coverage.station);
+    AddPower(properties, coverage.goal);
     return properties;
 }
 
 std::vector<MapFeature> FeaturesOf(const Coverage& coverage) {
     std::vector<MapFeature> features;
     for (const CoverageRing& ring : coverage.rings)
-        features.push_back({std::string(ModelOf(ring.model).name) + ", " +
-                                ShortestText(ring.pctLoc) + " % of locations",
-                            ring.model, PropertiesOf(coverage, ring),
+        features.push_back({FeatureName(ring.model, ring.pctLoc), ring.model,
+                            PropertiesOf(coverage, ring),
                             GeodesicCircle(coverage.station, ring.km)});
     return features;
 }

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "map/MapFeatures.h"
+#include "map/CoverageProperties.h"
 #include "terrain/Contours.h"
 #include "text/NumberText.h"
 
@@ -48,9 +48,7 @@ bool IsNever(const Reach& reach) { return reach.outcome == Reach::Outcome::Never
 bool IsUnknown(const Reach& reach) { return reach.outcome == Reach::Outcome::Invalid; }
 
 std::vector<FeatureProperty> PropertiesOf(const ContourTable& table, const Contour& contour) {
-    const ModelInputs& path = table.path;
     const EffectiveHeightTable& heights = table.heights;
-    const bool isLoss = table.goal.quantity == Quantity::Loss;
     const Span km = SpanOf(contour.reaches, [](const Reach& reach) {
         return IsUnknown(reach) ? std::nan("") : reach.km;
     });
@@ -58,21 +56,11 @@ std::vector<FeatureProperty> PropertiesOf(const ContourTable& table, const Conto
         SpanOf(heights.radials, [](const RadialHeight& radial) { return radial.effectiveHeight; });
     const Span seen =
         SpanOf(heights.radials, [](const RadialHeight& radial) { return radial.seen; });
-    std::vector<FeatureProperty> properties = {
-        {"model", ModelOf(contour.model).name, true},
-        {"distance_km_least", Rounded(km.least)},
-        {"distance_km_most", Rounded(km.most)},
-        {"goal", isLoss ? "path loss" : "field strength", true},
-        {"goal_value", ShortestText(table.goal.value)},
-        {"goal_unit", isLoss ? "dB" : "dB(µV/m)", true},
-        {"percent_locations", ShortestText(path.pctLoc)},
-        {"percent_time", ShortestText(path.pctTime)},
-        {"frequency_mhz", ShortestText(path.f)},
-        {"mobile_height_m", ShortestText(path.hm)},
-        {"area", path.area, true},
-        {"city", path.city, true},
-        {"station_latitude", ShortestText(heights.mast.site.latitude)},
-        {"station_longitude", ShortestText(heights.mast.site.longitude)},
+    std::vector<FeatureProperty> properties = {{"model", ModelOf(contour.model).name, true},
+                                               {"distance_km_least", Rounded(km.least)},
+                                               {"distance_km_most", Rounded(km.most)}};
+    AddInputs(properties, table.goal, table.path, BaseHeight::Left, heights.mast.site);
+    const std::vector<FeatureProperty> ground = {
         {"antenna_above_ground_m", ShortestText(heights.mast.antenna)},
         {"ground_m", Rounded(heights.ground)},
         {"height_definition", std::string(heights.definition.name), true},
@@ -94,7 +82,8 @@ std::vector<FeatureProperty> PropertiesOf(const ContourTable& table, const Conto
         {"azimuths_met_again",
          CountText(CountOf(contour.reaches, [](const Reach& reach) { return reach.Again(); }))},
     };
-    if (!isLoss) properties.push_back({"power_w_erp", ShortestText(table.goal.powerWatts)});
+    properties.insert(properties.end(), ground.begin(), ground.end());
+    AddPower(properties, table.goal);
     return properties;
 }
 
@@ -104,9 +93,8 @@ std::vector<MapFeature> FeaturesOf(const ContourTable& table) {
         std::vector<double> km;
         km.reserve(contour.reaches.size());
         for (const Reach& reach : contour.reaches) km.push_back(reach.km);
-        features.push_back({std::string(ModelOf(contour.model).name) + ", " +
-                                ShortestText(table.path.pctLoc) + " % of locations",
-                            contour.model, PropertiesOf(table, contour),
+        features.push_back({FeatureName(contour.model, table.path.pctLoc), contour.model,
+                            PropertiesOf(table, contour),
                             GeodesicOutline(table.heights.mast.site, km)});
     }
     return features;
