@@ -10,7 +10,7 @@ scripts/build.sh test
 # The static analyzer takes longer than all the rest.
 checks=()
 [[ ${1:-} == --fast ]] && checks=(-checks=-clang-analyzer-*)
-run-clang-tidy "${checks[@]}" -quiet -p build/test -j "$(nproc)" "^$PWD/(src|cli|python/src|tools|tests/support)/" > build/test/tidy.log 2>&1 || {
+run-clang-tidy "${checks[@]}" -quiet -p build/test -j "$(nproc)" "^$PWD/(src|cli|elevation|python/src|tools|tests/support)/" > build/test/tidy.log 2>&1 || {
   # A header's warning comes once for each file that includes it.
   sed 's/\x1b\[[0-9;]*m//g' build/test/tidy.log | grep -E ': (warning|error): ' | sort -u >&2
   exit 1

@@ -13,7 +13,8 @@ constexpr const char* ModuleName = "vardel-elevation.so";
 std::string InstalledModule() {
     std::error_code none;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
-    for (const auto& beside : {folder / ModuleName, folder / "../lib/vardel" / ModuleName})
+    for (const auto& beside : {folder / ModuleName, folder / "modules" / ModuleName,
+                               folder / "../lib/vardel/modules" / ModuleName})
         if (std::filesystem::exists(beside, none)) return beside.string();
     throw ElevationError("elevation data need the package vardel-terrain, which is not installed");
 }

@@ -24,7 +24,8 @@ struct ElevationModule {
 using ElevationModuleEntry = const ElevationModule* (*)();
 constexpr const char* ElevationModuleEntryName = "VardelElevationModule";
 
-// Of the module beside the running program, or in the folder lib/vardel beside its own folder.
+// Of the module beside the running program, or in the folder "modules" there or in lib/vardel of
+// the same prefix.
 // Throws ElevationError where it is not installed or of another version, and where the files are
 // not good.
 std::unique_ptr<Elevations> OpenElevations(const std::vector<std::string>& paths);

@@ -56,7 +56,7 @@ void PlacesAlong(const Place& from, double azimuth, double fromKm, double toKm, 
     const double length = toKm - fromKm;
     const auto spaces =
         std::max<std::size_t>(3, static_cast<std::size_t>(std::ceil(length / NodeKm)));
-    const double last = static_cast<double>(count - 1);
+    const auto last = static_cast<double>(count - 1);
     std::vector<Place> nodes;
     if (spaces + 1 < count)
         nodes = NodesOn(line, fromKm, length / static_cast<double>(spaces), spaces + 1);

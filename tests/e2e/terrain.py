@@ -146,7 +146,7 @@ class Terrain(unittest.TestCase):
         numpy.full(SIDE * SIDE, -32768, ">i2").tofile(void)
         huge = self.folder / "huge.vrt"
         huge.write_text('<VRTDataset rasterXSize="2147483647" rasterYSize="2147483647"><SRS>EPSG:4326</SRS>'
-                        "<GeoTransform>9,1e-9,0,51,0,-1e-9</GeoTransform>"
+                        "<GeoTransform>9,1e-7,0,51,0,-1e-7</GeoTransform>"
                         '<VRTRasterBand dataType="Int16" band="1"/></VRTDataset>')
         for words, site, error in [
                 ([text], SITE, "text.tif is no raster, or is damaged"),
@@ -176,7 +176,7 @@ class Terrain(unittest.TestCase):
         status, out, errors = run(*words, program=alone)
         self.assertEqual((status, out), (1, ""))
         self.assertIn("elevation data need the package vardel-terrain, which is not installed", errors)
-        installed = self.folder / "lib" / "vardel"
+        installed = self.folder / "lib" / "vardel" / "modules"
         installed.mkdir(parents=True)
         (installed / MODULE.name).write_text("no module")
         self.assertIn("the package vardel-terrain cannot be used: ", run(*words, program=alone)[2])
