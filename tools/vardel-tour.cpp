@@ -306,7 +306,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     QFile::copy(QApplication::applicationDirPath() + "/New Model Data.mdb",
                 QString::fromStdString(archive));
     good &= TakeArchive(platform, program, pictures, archive);
-    platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Inputs));
+    platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::None));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help");
     platform.GetHelp().ShowTopic(static_cast<int>(vardel::HelpTopic::Davidson));
     good &= TakePicture(*platform.GetHelp().Window(), pictures, "help-model");

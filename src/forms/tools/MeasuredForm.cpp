@@ -129,7 +129,8 @@ void MeasuredForm::ShowErrors(double pctLoc) {
     const CurvePlot plot = ErrorPlot(fits_, pctLoc);
     ShowPlot(CTWXErrors, plot);
     CTWXErrors.Legend.Visible = !plot.empty();
-    SetChartScales(CTWXErrors, Tens(1.1 * farthest), -Tens(1.2 * greatest), Tens(1.2 * greatest));
+    // The legend has its place behind the last point.
+    SetChartScales(CTWXErrors, Tens(1.3 * farthest), -Tens(1.2 * greatest), Tens(1.2 * greatest));
     CTWXErrors.Axis[0].MajorStep = 0.0;
     SetChartTitles(CTWXErrors, plot.empty() ? "" : PercentText(pctLoc) + " of locations",
                    lblPath.Caption());

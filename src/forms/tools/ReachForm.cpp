@@ -208,7 +208,7 @@ void ReachForm::ShowTable() {
     const std::string distance =
         std::string(Trimmed(doors_.MainForm->txtDist.Text())) + ' ' + DistanceUnit(units);
     lblReachHead.SetCaption(std::string("Reach in ") + DistanceUnit(units) + " at % of locations");
-    const std::string goal = " for " + distance + "\nat " +
+    const std::string goal = "\nfor " + distance + "\nat " +
                              PercentText(LeadingNumber(doors_.MainForm->txtPctLoc.Text())) +
                              " of locations";
     lblPowerHead.SetCaption("Power (W e.r.p.)" + goal);
