@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -31,8 +32,10 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 #include "qt/services/QtPlatform.h"
 #include "services/Files.h"
+#include "terrain/RasterMosaic.h"
 
 namespace {
 
@@ -194,9 +197,9 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     good &= TakeModalPicture(platform, *program.GraphForm, pictures, "reach-graph-loss");
     program.FieldStrengthThreshold.shown = program.LossThreshold.shown = false;
     vardel::ReachForm& wrong = *program.ReachForm;
-    wrong.cmbWanted.SetText("Received power");
-    wrong.txtWanted.SetText("-97");
-    wrong.txtGain.SetText("2 dBi");
+    wrong.wanted.cmbWanted.SetText("Received power");
+    wrong.wanted.txtWanted.SetText("-97");
+    wrong.wanted.txtGain.SetText("2 dBi");
     good &= TakeModalPicture(platform, wrong, pictures, "reach-wrong");
     good &= TakeModalPicture(platform, *program.ExplainForm, pictures, "explain");
     main.txtPctLoc.SetText("50");
@@ -209,6 +212,38 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     main.txtPowerUnit.LostFocus.Raise();
     program.MeasuredForm->txtPercents.SetText("50, 90");
     return good & TakeModalPicture(platform, *program.MeasuredForm, pictures, "measured");
+}
+
+// A made ground: waves of several lengths, rougher where they are higher.
+std::unique_ptr<vardel::Elevations> MadeHills(const std::vector<std::string>&) {
+    constexpr int Size = 2000;
+    std::vector<float> metres(static_cast<std::size_t>(Size) * Size);
+    for (int row = 0; row < Size; ++row)
+        for (int column = 0; column < Size; ++column) {
+            double height = 260.0, weight = 130.0, x = 0.011 * column, y = 0.014 * row;
+            for (int octave = 0; octave < 7; ++octave) {
+                height += weight * std::sin(x + 1.7 * std::sin(0.6 * y)) *
+                          std::cos(y + 1.3 * std::sin(0.7 * x));
+                weight *= 0.48;
+                std::tie(x, y) = std::pair(1.6 * x - 1.1 * y, 1.1 * x + 1.6 * y);
+            }
+            metres[static_cast<std::size_t>(row) * Size + static_cast<std::size_t>(column)] =
+                static_cast<float>(height);
+        }
+    return vardel::ElevationsOfArray({Size, Size, {5.5, 0.001, 0.0, 50.8, 0.0, -0.001}},
+                                     std::move(metres));
+}
+
+bool TakeTerrain(vardel::QtPlatform& platform, vardel::Program& program, const QDir& pictures) {
+    program.OpenElevations = MadeHills;
+    vardel::TerrainForm& form = *program.TerrainForm;
+    for (const auto& [box, text] :
+         {std::pair(&form.txtLatitude, "49.8"), std::pair(&form.txtLongitude, "6.5"),
+          std::pair(&form.txtFiles, "hills.tif"), std::pair(&form.wanted.txtWanted, "40")})
+        box->SetText(text);
+    form.cmdRead.Press();
+    form.lstAzimuths.Select(9);
+    return TakeModalPicture(platform, form, pictures, "terrain");
 }
 
 // An archive of three runs, one of which lies over the graphs.
@@ -301,6 +336,7 @@ int Tour(const QDir& pictures, const std::string& scratch) {
     good &= TakeFieldStrengthGraphs(platform, program, pictures);
     good &= TakePrinting(platform, program, pictures);
     good &= TakeTools(platform, program, pictures);
+    good &= TakeTerrain(platform, program, pictures);
     QDir::setCurrent(QString::fromStdString(scratch));  // the archive's window shows its path
     const std::string archive = "runs.mdb";
     QFile::copy(QApplication::applicationDirPath() + "/New Model Data.mdb",

@@ -19,6 +19,7 @@ enum class HelpTopic : int {
     Explanation = 360,
     MeasuredData = 370,
     Archive = 380,
+    Terrain = 390,
     ReportLog = 400,
     Printing = 410,
     AllModels = 500,

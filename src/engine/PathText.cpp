@@ -10,13 +10,22 @@ std::string DistanceText(const PathInputs& path) {
 
 std::string PercentText(double percentage) { return ShortestText(percentage) + " %"; }
 
-std::string PathText(const PathInputs& path) {
-    const std::string height = std::string(" ") + HeightUnit(path.units);
-    std::string text = ShortestText(path.frequency) + " MHz, hb " + ShortestText(path.hb) + height +
-                       ", hm " + ShortestText(path.hm) + height + ", " + path.area;
+namespace {
+
+std::string TextOf(const PathInputs& path, const std::string& baseHeight) {
+    std::string text = ShortestText(path.frequency) + " MHz, hb " + baseHeight + ", hm " +
+                       ShortestText(path.hm) + ' ' + HeightUnit(path.units) + ", " + path.area;
     if (Trimmed(path.area) == "Urban") text += ", " + path.city;
     return text + ", " + ShortestText(path.powerWatts) + " W e.r.p., " + PercentText(path.pctTime) +
            " of time";
 }
+
+}  // namespace
+
+std::string PathText(const PathInputs& path) {
+    return TextOf(path, ShortestText(path.hb) + ' ' + HeightUnit(path.units));
+}
+
+std::string StationText(const PathInputs& path) { return TextOf(path, "by azimuth"); }
 
 }  // namespace vardel

@@ -14,5 +14,7 @@ std::string DistanceText(const PathInputs& path);
 std::string PercentText(double percentage);
 // All but the distance and the percentage of locations.
 std::string PathText(const PathInputs& path);
+// Likewise, of a station whose base height differs by azimuth.
+std::string StationText(const PathInputs& path);
 
 }  // namespace vardel

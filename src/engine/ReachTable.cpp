@@ -2,8 +2,8 @@
 
 #include "engine/LinkBudget.h"
 #include "engine/PathText.h"
-#include "text/CsvText.h"
 #include "text/NumberText.h"
+#include "text/TableText.h"
 
 namespace vardel {
 
@@ -12,9 +12,6 @@ namespace {
 std::string Distance(double km, Units units) {
     return FormatNumber(km / KmPerDistance(units), "0.000");
 }
-
-// Text of the table in cells, its head first.
-using Cells = std::vector<std::vector<std::string>>;
 
 Cells CellsOf(const ReachTable& table) {
     const Units units = table.path.units;
@@ -156,25 +153,10 @@ std::string ReachLines(const ReachTable& table) {
 }
 
 std::string ReachTabbed(const ReachTable& table) {
-    std::string text =
-        "Wanted\t" + WantedText(table.wanted) + "\nPath\t" + PathText(table.path) + '\n';
-    for (const auto& line : CellsOf(table)) {
-        for (std::size_t i = 0; i < line.size(); ++i) text += (i == 0 ? "" : "\t") + line[i];
-        text += '\n';
-    }
-    return text;
+    return "Wanted\t" + WantedText(table.wanted) + "\nPath\t" + PathText(table.path) + '\n' +
+           TabbedText(CellsOf(table));
 }
 
-std::string ReachCsv(const ReachTable& table) {
-    std::string text;
-    for (const auto& line : CellsOf(table)) {
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (i > 0) text += ',';
-            AppendCsvField(text, line[i]);
-        }
-        text += "\r\n";
-    }
-    return text;
-}
+std::string ReachCsv(const ReachTable& table) { return CsvText(CellsOf(table)); }
 
 }  // namespace vardel

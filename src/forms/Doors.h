@@ -2,10 +2,13 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "archive/dbOperations.h"
 #include "controls/FormSlot.h"
 #include "services/Platform.h"
+#include "terrain/ElevationModule.h"
 
 namespace vardel {
 
@@ -20,6 +23,7 @@ class MainForm;
 class MeasuredForm;
 class RLogClass;
 class ReachForm;
+class TerrainForm;
 class ValuesForm;
 class frmInfoScreen;
 class frmLogDistRange;
@@ -38,11 +42,15 @@ struct Doors {
     FormSlot<vardel::FrmPrintOut> FrmPrintOut;
     FormSlot<vardel::frmPrinterSelect> frmPrinterSelect;
     FormSlot<vardel::ReachForm> ReachForm;
+    FormSlot<vardel::TerrainForm> TerrainForm;
     FormSlot<vardel::ExplainForm> ExplainForm;
     FormSlot<vardel::MeasuredForm> MeasuredForm;
     FormSlot<vardel::ArchiveForm> ArchiveForm;
     FormSlot<vardel::ValuesForm> ValuesForm;
     std::function<RLogClass&()> ReportLog;
+    // Of elevation data in these files and folders; throws ElevationError.
+    std::function<std::unique_ptr<Elevations>(const std::vector<std::string>&)> OpenElevations =
+        &vardel::OpenElevations;
     vardel::dbOperations dbOperations;  // holds its archive open between runs
 };
 

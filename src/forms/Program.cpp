@@ -15,6 +15,7 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 
 namespace vardel {
 
@@ -50,6 +51,7 @@ Program::Program(Platform services)
           .FrmPrintOut{[this] { return Make<vardel::FrmPrintOut>(platform, *this); }},
           .frmPrinterSelect{[this] { return Make<vardel::frmPrinterSelect>(platform); }},
           .ReachForm{[this] { return Make<vardel::ReachForm>(platform, *this, *this); }},
+          .TerrainForm{[this] { return Make<vardel::TerrainForm>(platform, *this); }},
           .ExplainForm{[this] { return Make<vardel::ExplainForm>(platform, *this); }},
           .MeasuredForm{[this] { return Make<vardel::MeasuredForm>(platform, *this, *this); }},
           .ArchiveForm{[this] { return Make<vardel::ArchiveForm>(platform, *this, *this); }},

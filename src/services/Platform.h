@@ -73,6 +73,8 @@ public:
     virtual std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) = 0;
     // A path, of a file that need not exist; nothing when the user names none.
     virtual std::optional<std::string> AskOpenFile(const FileDialog& dialog) = 0;
+    // A folder that exists; nothing when the user names none.
+    virtual std::optional<std::string> AskFolder() = 0;
     // An empty text when the user cancels.
     virtual std::string AskText(const TextQuestion& question) = 0;
     // Lets the window system handle what has come in meanwhile. Any event routine may run.

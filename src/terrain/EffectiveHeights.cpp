@@ -91,14 +91,17 @@ RadialHeight EffectiveHeightToward(Elevations& elevations, const Mast& mast, dou
 }
 
 EffectiveHeightTable EffectiveHeights(Elevations& elevations, const Mast& mast,
-                                      const HeightDefinition& definition, std::size_t azimuths) {
+                                      const HeightDefinition& definition, std::size_t azimuths,
+                                      const std::function<bool(std::size_t done)>& goOn) {
     EffectiveHeightTable table{mast, definition, GroundAt(elevations, mast), {}};
     table.radials.reserve(azimuths);
     Averager averager(elevations, mast, table.ground, definition,
                       {definition.fromKm, definition.toKm});
-    for (std::size_t i = 0; i < azimuths; ++i)
+    for (std::size_t i = 0; i < azimuths; ++i) {
+        if (!goOn(i)) return table;
         table.radials.push_back(
             averager.Toward(360.0 * static_cast<double>(i) / static_cast<double>(azimuths)));
+    }
     if (std::all_of(table.radials.begin(), table.radials.end(),
                     [](const RadialHeight& radial) { return radial.seen == 0.0; }))
         throw ElevationError("the elevation data have nothing from " +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -50,8 +51,11 @@ RadialHeight EffectiveHeightToward(Elevations& elevations, const Mast& mast, dou
 
 // All directions. The site is valid, the azimuths are FewestAzimuths to MostAzimuths. Throws
 // ElevationError where elevations cannot be read, and where the site's ground or all of the radials
-// are unknown.
-EffectiveHeightTable EffectiveHeights(Elevations& elevations, const Mast& mast,
-                                      const HeightDefinition& definition, std::size_t azimuths);
+// are unknown. goOn is asked before each direction with the number of those that are done; where it
+// says no, the table has these.
+EffectiveHeightTable EffectiveHeights(
+    Elevations& elevations, const Mast& mast, const HeightDefinition& definition,
+    std::size_t azimuths,
+    const std::function<bool(std::size_t done)>& goOn = [](std::size_t) { return true; });
 
 }  // namespace vardel

@@ -103,7 +103,7 @@ TEST(QtHelp, ThePicturesOfTheGuideArePainted) {
             for (int x = 0; x < seen.width(); x += 3) colors.insert(seen.pixel(x, y));
         if (place.width() > 250 && colors.size() > 20) ++painted;
     }
-    EXPECT_EQ(painted, 9);
+    EXPECT_EQ(painted, 10);
     help.Quit();
 }
 

@@ -61,7 +61,7 @@ private:
     std::string Words() const { return name_ + ' ' + std::to_string(action_); }
 
     void SetSettings() {
-        running_.program.ReachForm->txtWanted.SetText(std::to_string(action_));
+        running_.program.ReachForm->wanted.txtWanted.SetText(std::to_string(action_));
         running_.program.ReachForm->Unload();
         running_.program.platform.settings.Write("Vardel", "Workers", name_,
                                                  std::to_string(action_));

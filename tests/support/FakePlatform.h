@@ -44,6 +44,7 @@ public:
     Answer ShowMessage(const Message& message) override;
     std::optional<SaveChoice> AskSaveFile(const FileDialog& dialog) override;
     std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+    std::optional<std::string> AskFolder() override { return openChoice; }
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void YieldWithoutInput() override { Yield(); }

@@ -16,6 +16,7 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 #include "models/ModelRanges.h"
 #include "services/Platform.h"
 
@@ -121,6 +122,8 @@ void MainForm::WireEvents() {
     mnuFileExit.SetShortcut("Ctrl+Q");
     mnuToolsReach.Click = [this] { doors_.ReachForm->Show(); };
     mnuToolsReach.SetShortcut("Ctrl+R");
+    mnuToolsTerrain.Click = [this] { doors_.TerrainForm->Show(); };
+    mnuToolsTerrain.SetShortcut("Ctrl+T");
     mnuToolsExplain.Click = [this] { doors_.ExplainForm->Show(); };
     mnuToolsExplain.SetShortcut("Ctrl+E");
     mnuToolsMeasured.Click = [this] { doors_.MeasuredForm->Show(); };

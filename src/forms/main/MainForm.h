@@ -142,6 +142,7 @@ public:
     MenuItem mnuGraphMeasured{mnuGraph, "mnuGraphMeasured", "&Show Measured Data"};
     MenuItem mnuTools{*this, "mnuTools", "&Tools"};
     MenuItem mnuToolsReach{mnuTools, "mnuToolsReach", "&Reach ..."};
+    MenuItem mnuToolsTerrain{mnuTools, "mnuToolsTerrain", "&Terrain ..."};
     MenuItem mnuToolsExplain{mnuTools, "mnuToolsExplain", "&Explain This Number ..."};
     MenuItem mnuToolsMeasured{mnuTools, "mnuToolsMeasured", "&Measured Data ..."};
     MenuItem mnuToolsArchive{mnuTools, "mnuToolsArchive", "&Archive ..."};

@@ -9,6 +9,7 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 #include "models/Primitives.h"
 
 namespace vardel {
@@ -63,6 +64,7 @@ void MainForm::BringToolsUpToDate() {
     if (shared_.DisplayLost) return;
     ShowStatus();
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->BringUpToDate();
+    if (doors_.TerrainForm.Loaded()) doors_.TerrainForm->BringUpToDate();
     if (doors_.ExplainForm.Loaded()) doors_.ExplainForm->BringUpToDate();
     if (doors_.MeasuredForm.Loaded()) doors_.MeasuredForm->BringUpToDate();
 }

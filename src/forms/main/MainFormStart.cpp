@@ -13,6 +13,7 @@
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 #include "models/Primitives.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"
@@ -296,6 +297,7 @@ void MainForm::SaveSettings(bool retainLog) {
     for (const auto& [key, list] : StoredLists) Store(*registry_, key, (this->*list).Text());
     for (const auto& [key, box] : StoredBoxes) Store(*registry_, key, (this->*box).Text());
     if (doors_.ReachForm.Loaded()) doors_.ReachForm->SaveSettings();
+    if (doors_.TerrainForm.Loaded()) doors_.TerrainForm->SaveSettings();
     recent_.Save();
 }
 

@@ -25,23 +25,12 @@ struct StoredBox {
     TextBox ReachForm::*box;
 };
 
-constexpr std::array<StoredBox, 5> StoredBoxes = {{
-    {"Value", &ReachForm::txtWanted},
-    {"Gain", &ReachForm::txtGain},
-    {"CableLoss", &ReachForm::txtCable},
+constexpr std::array<StoredBox, 2> StoredBoxes = {{
     {"Latitude", &ReachForm::txtLatitude},
     {"Longitude", &ReachForm::txtLongitude},
 }};
 
 std::string PercentKey(std::size_t i) { return "PctLoc" + std::to_string(i); }
-
-// As ReadMarked; the first rule that was broken is the problem.
-std::optional<double> Read(TextBox& box, double low, double high, const char* rule,
-                           std::string& problem) {
-    const auto number = ReadMarked(box, low, high, rule);
-    if (!number && problem.empty()) problem = rule;
-    return number;
-}
 
 void ShowCell(Label& cell, const std::string& text, const std::string& remark, bool marked) {
     cell.SetCaption(text);
@@ -89,10 +78,9 @@ void ReachForm::WireEvents() {
         BringUpToDate();
         TellTable();
     };
-    for (TextBox* box : {&txtWanted, &txtGain, &txtCable}) box->Change = upToDate;
+    wanted.OnChange(upToDate);
     for (TextBox& box : txtPercent) box.Change = upToDate;
     for (TextBox* box : {&txtLatitude, &txtLongitude}) box->Change = [this] { CheckStation(); };
-    cmbWanted.Click = [this] { cmbWanted_Click(); };
     cmdAdd.Click = [this] {
         if (table_) doors_.FrmReport->AppendTable(ReachLines(*table_));
     };
@@ -115,9 +103,8 @@ void ReachForm::TakeSettings() {
     for (std::size_t i = 0; i < txtPercent.size(); ++i)
         if (const std::string text = stored(PercentKey(i)); !text.empty())
             txtPercent.at(i).SetText(text);
-    cmbWanted.SetText(stored("Wanted"));
+    wanted.TakeSettings(Section);
     FillStation();
-    ShowHeads();
     BringUpToDate();
 }
 
@@ -139,40 +126,7 @@ void ReachForm::SaveSettings() {
     for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
     for (std::size_t i = 0; i < txtPercent.size(); ++i)
         store(PercentKey(i), txtPercent.at(i).Text());
-    store("Wanted", cmbWanted.Text());
-}
-
-void ReachForm::cmbWanted_Click() {
-    ShowHeads();
-    BringUpToDate();
-}
-
-void ReachForm::ShowHeads() {
-    constexpr std::array<const char*, 3> WantedUnits = {"dB(µV/m)", "dBm", "dB"};
-    lblWantedUnit.SetCaption(WantedUnits.at(static_cast<std::size_t>(cmbWanted.ListIndex())));
-    const bool received = cmbWanted.ListIndex() == static_cast<int>(Wanted::Kind::ReceivedPower);
-    for (Control* control :
-         {static_cast<Control*>(&lblGain), static_cast<Control*>(&txtGain),
-          static_cast<Control*>(&lblGainUnit), static_cast<Control*>(&lblCable),
-          static_cast<Control*>(&txtCable), static_cast<Control*>(&lblCableUnit)})
-        control->SetEnabled(received);
-}
-
-std::optional<Wanted> ReachForm::ReadWanted(std::string& problem) {
-    Wanted wanted{static_cast<Wanted::Kind>(cmbWanted.ListIndex())};
-    const auto value = Read(txtWanted, LowestWanted, HighestWanted, WantedRule, problem);
-    if (wanted.kind == Wanted::Kind::ReceivedPower) {
-        const auto gain =
-            Read(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
-        const auto cable =
-            Read(txtCable, 0, 100, "The cable loss is a number from 0 to 100 dB.", problem);
-        if (!gain || !cable) return std::nullopt;
-        wanted.antennaGainDbi = *gain;
-        wanted.cableLossDb = *cable;
-    }
-    if (!value) return std::nullopt;
-    wanted.value = *value;
-    return wanted;
+    wanted.SaveSettings(Section);
 }
 
 std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
@@ -180,8 +134,9 @@ std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
     std::array<double, ReachPercentages> percentages{};
     bool good = true;
     for (std::size_t i = 0; i < percentages.size(); ++i) {
-        const auto number = Read(txtPercent.at(i), 1, 99,
-                                 "A percentage of locations is a number from 1 to 99.", problem);
+        const auto number =
+            ReadOrTell(txtPercent.at(i), 1, 99,
+                       "A percentage of locations is a number from 1 to 99.", problem);
         good = good && number;
         percentages.at(i) = number.value_or(0.0);
     }
@@ -191,12 +146,12 @@ std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
 void ReachForm::BringUpToDate() {
     if (!doors_.MainForm.Loaded()) return;
     std::string problem;
-    const auto wanted = ReadWanted(problem);
+    const auto goal = wanted.Read(problem);
     const auto percentages = ReadPercentages(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
     if (!path) problem = "A box of the main window holds no number above zero.";
     table_.reset();
-    if (path && wanted && percentages) table_ = MakeReachTable(*path, *wanted, *percentages);
+    if (path && goal && percentages) table_ = MakeReachTable(*path, *goal, *percentages);
     lblPath.SetCaption(path ? PathText(*path) : "");
     lblProblem.SetCaption(problem);
     ShowTable();

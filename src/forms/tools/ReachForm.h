@@ -7,6 +7,7 @@
 
 #include "controls/Controls.h"
 #include "engine/ReachTable.h"
+#include "forms/tools/WantedBoxes.h"
 #include "map/Coordinates.h"
 
 namespace vardel {
@@ -29,16 +30,7 @@ public:
     void SaveSettings();
 
     Label lblPath{*this, "lblPath"};  // the main form's inputs
-    Label lblWanted{*this, "lblWanted", "Wanted"};
-    ComboBox cmbWanted{*this, "cmbWanted", {{"Field strength"}, {"Received power"}, {"Path loss"}}};
-    TextBox txtWanted{*this, "txtWanted", "32"};
-    Label lblWantedUnit{*this, "lblWantedUnit"};
-    Label lblGain{*this, "lblGain", "Receiver antenna gain"};
-    TextBox txtGain{*this, "txtGain", "0"};
-    Label lblGainUnit{*this, "lblGainUnit", "dBi"};
-    Label lblCable{*this, "lblCable", "Cable loss"};
-    TextBox txtCable{*this, "txtCable", "0"};
-    Label lblCableUnit{*this, "lblCableUnit", "dB"};
+    WantedBoxes wanted{*this};
     Label lblProblem{*this, "lblProblem"};
 
     // The table: the heads of its rows and columns, and its cells by row.
@@ -71,13 +63,10 @@ private:
     void Form_Unload() override;
     void WireEvents();
     void FillStation();
-    void cmbWanted_Click();
     void cmdGraph_Click();
     void cmdMap_Click();
 
-    std::optional<Wanted> ReadWanted(std::string& problem);
     std::optional<std::array<double, ReachPercentages>> ReadPercentages(std::string& problem);
-    void ShowHeads();
     void ShowTable();
     void TellTable();
     void ShowRow(std::size_t i, const ReachTable::Row& row);

@@ -275,6 +275,16 @@ std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
     return Chosen(dialog->selectedFiles().constFirst());
 }
 
+std::optional<std::string> QtPlatform::AskFolder() {
+    DialogOver<QFileDialog> dialog;
+    OfferFolder(*dialog, LastFolder());
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    return Chosen(dialog->selectedFiles().constFirst());
+}
+
 std::string QtPlatform::AskText(const TextQuestion& question) {
     DialogOver<QInputDialog> dialog;
     dialog->setWindowTitle(ToQt(question.title));

@@ -35,6 +35,7 @@ public:
     Answer ShowMessage(const Message& message) override;
     std::optional<SaveChoice> AskSaveFile(const FileDialog& request) override;
     std::optional<std::string> AskOpenFile(const FileDialog& request) override;
+    std::optional<std::string> AskFolder() override;
     std::string AskText(const TextQuestion& question) override;
     void Yield() override;
     void YieldWithoutInput() override;

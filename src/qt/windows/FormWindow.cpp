@@ -16,6 +16,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 
+#include "forms/tools/WantedBoxes.h"
 #include "qt/services/Convert.h"
 #include "qt/windows/DesktopColors.h"
 
@@ -101,6 +102,20 @@ QLabel* FormWindow::MakeLabel(Label& label) {
     // The ground shows as it is, with what a frame shades it by.
     if (label.BackColor() == form_->BackColor()) widget->setAutoFillBackground(false);
     return widget;
+}
+
+void FormWindow::AddWanted(WantedBoxes& wanted, QGridLayout& grid, int row) {
+    constexpr int BoxWidth = 8;
+    AddInput(wanted.lblWanted, *MakeList(wanted.cmbWanted), nullptr, grid, row, 0);
+    auto* value = MakeBox(wanted.txtWanted, BoxWidth);
+    value->setAccessibleName("Wanted value");
+    grid.addWidget(value, row, 2);
+    AddLabel(wanted.lblWantedUnit, grid, row, 3)
+        ->setMinimumWidth(fontMetrics().horizontalAdvance("dB(µV/m)"));
+    AddInput(wanted.lblGain, *MakeBox(wanted.txtGain, BoxWidth), &wanted.lblGainUnit, grid, row + 1,
+             1);
+    AddInput(wanted.lblCable, *MakeBox(wanted.txtCable, BoxWidth), &wanted.lblCableUnit, grid,
+             row + 1, 4);
 }
 
 QScrollArea* FormWindow::MakeFixedText(Label& label, const QString& name) {

@@ -15,6 +15,8 @@ class QScrollArea;
 
 namespace vardel {
 
+class WantedBoxes;
+
 constexpr int WindowMargin = 16;  // around the content of a tool's window, in points
 
 void MakeBold(QWidget& widget);
@@ -51,6 +53,9 @@ protected:
     // A caption, the widget that it names, and the unit behind it, from the column on.
     void AddInput(Label& caption, QWidget& widget, Label* unit, QGridLayout& grid, int row,
                   int column);
+    // What is wanted, with its unit, and below it what turns a received power into a field
+    // strength: seven columns and two rows.
+    void AddWanted(WantedBoxes& wanted, QGridLayout& grid, int row);
     // In a font of one width, scrolled where there is no room, to be selected and copied.
     QScrollArea* MakeFixedText(Label& label, const QString& name);
     QLineEdit* MakeBox(TextBox& box, int characters);

@@ -34,7 +34,7 @@ ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
     column->addWidget(MakeButtons(form));
     SetScrolledContent(*center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
-    FocusFirst(form.txtWanted);
+    FocusFirst(form.wanted.txtWanted);
 }
 
 QWidget* ReachWindow::MakeWanted(ReachForm& form) {
@@ -42,15 +42,7 @@ QWidget* ReachWindow::MakeWanted(ReachForm& form) {
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(Gap);
-    constexpr int BoxWidth = 8;
-    AddInput(form.lblWanted, *MakeList(form.cmbWanted), nullptr, *grid, 0, 0);
-    auto* wanted = MakeBox(form.txtWanted, BoxWidth);
-    wanted->setAccessibleName("Wanted value");
-    grid->addWidget(wanted, 0, 2);
-    AddLabel(form.lblWantedUnit, *grid, 0, 3)
-        ->setMinimumWidth(panel->fontMetrics().horizontalAdvance("dB(µV/m)"));
-    AddInput(form.lblGain, *MakeBox(form.txtGain, BoxWidth), &form.lblGainUnit, *grid, 1, 1);
-    AddInput(form.lblCable, *MakeBox(form.txtCable, BoxWidth), &form.lblCableUnit, *grid, 1, 4);
+    AddWanted(form.wanted, *grid, 0);
     auto* problem = MakeLabel(form.lblProblem);
     grid->addWidget(problem, 2, 0, 1, 8);
     problem->setMinimumHeight(problem->fontMetrics().height() + 4);

@@ -16,6 +16,7 @@
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
+#include "forms/tools/TerrainForm.h"
 #include "qt/windows/AboutWindow.h"
 #include "qt/windows/ArchiveWindow.h"
 #include "qt/windows/ExplainWindow.h"
@@ -27,6 +28,7 @@
 #include "qt/windows/RangeWindow.h"
 #include "qt/windows/ReachWindow.h"
 #include "qt/windows/ReportWindow.h"
+#include "qt/windows/TerrainWindow.h"
 #include "qt/windows/ValuesWindow.h"
 
 namespace vardel {
@@ -49,6 +51,8 @@ std::unique_ptr<FormWindow> MakeWindow(Form& form) {
     if (auto* select = dynamic_cast<frmPrinterSelect*>(&form))
         return std::make_unique<PrinterSelectWindow>(*select);
     if (auto* reach = dynamic_cast<ReachForm*>(&form)) return std::make_unique<ReachWindow>(*reach);
+    if (auto* terrain = dynamic_cast<TerrainForm*>(&form))
+        return std::make_unique<TerrainWindow>(*terrain);
     if (auto* explain = dynamic_cast<ExplainForm*>(&form))
         return std::make_unique<ExplainWindow>(*explain);
     if (auto* measured = dynamic_cast<MeasuredForm*>(&form))

@@ -53,11 +53,11 @@ TEST_F(Tools, ReachFollowsWhatIsTypedHereAndInTheMainWindow) {
     // By the 9.69 dB that the field strength at 10 km lies below 32 dB(µV/m).
     EXPECT_EQ(Form().lblPower[0].Caption(), "232.7");
     EXPECT_EQ(Form().lblPower[0].BackColor(), White);
-    Form().txtWanted.SetText("300");
+    Form().wanted.txtWanted.SetText("300");
     EXPECT_EQ(Reach(0, 2), "under 0.100");
-    Form().txtWanted.SetText("-300");
+    Form().wanted.txtWanted.SetText("-300");
     EXPECT_EQ(Reach(0, 2), "over 300.000");
-    Form().txtWanted.SetText("32");
+    Form().wanted.txtWanted.SetText("32");
     EXPECT_THAT(platform.announcedAtRest,
                 testing::MatchesRegex("ITU 529: .*, 5.196 km. Davidson: .*, 5.192 km. "
                                       "Cost 231: .*, 6.444 km. "));
@@ -106,25 +106,25 @@ TEST_F(Tools, TheGraphsShowALineAtWhatIsWanted) {
     EXPECT_FALSE(fields.Threshold());
     EXPECT_FALSE(graph.Threshold().txtThreshold.Visible());
 
-    Form().cmbWanted.SetText("Path loss");
-    Form().txtWanted.SetText("100");
+    Form().wanted.cmbWanted.SetText("Path loss");
+    Form().wanted.txtWanted.SetText("100");
     Form().cmdGraph.Press();
     EXPECT_THAT(crossings(program.GraphForm->CTWX1), ElementsAre("Free Space: 6.080 km"));
 }
 
 TEST_F(Tools, WhatIsWantedAsAReceivedPowerOrALoss) {
-    Form().cmbWanted.SetText("Received power");
-    Form().txtGain.SetText("2.15");
-    Form().txtCable.SetText("3");
-    Form().txtWanted.SetText("-97.871292");  // 32 dB(µV/m) less 77.2 + 20 log 390 - 2.15 + 3
+    Form().wanted.cmbWanted.SetText("Received power");
+    Form().wanted.txtGain.SetText("2.15");
+    Form().wanted.txtCable.SetText("3");
+    Form().wanted.txtWanted.SetText("-97.871292");  // 32 dB(µV/m) less 77.2 + 20 log 390 - 2.15 + 3
     EXPECT_EQ(Reach(0, 2), "5.196");
     Form().cmdAdd.Press();
     EXPECT_THAT(Log().Text(), HasSubstr("-97.871292 dBm, antenna 2.15 dBi, cable 3 dB"));
-    Form().cmbWanted.SetText("Path loss");
-    Form().txtWanted.SetText("130");
+    Form().wanted.cmbWanted.SetText("Path loss");
+    Form().wanted.txtWanted.SetText("130");
     EXPECT_EQ(Form().lblPower[0].Caption(), "-");
-    Form().cmbWanted.SetText("Received power");
-    for (TextBox* box : {&Form().txtGain, &Form().txtPercent[1]}) {
+    Form().wanted.cmbWanted.SetText("Received power");
+    for (TextBox* box : {&Form().wanted.txtGain, &Form().txtPercent[1]}) {
         const std::string good = box->Text();
         box->SetText("2 dBi");
         EXPECT_FALSE(box->BackColor() == White);
@@ -185,16 +185,16 @@ TEST_F(Tools, MeasuredDataAreComparedForTheMainWindowsInputs) {
 }
 
 TEST_F(Tools, SettingsComeBack) {
-    Form().txtWanted.SetText("40");
+    Form().wanted.txtWanted.SetText("40");
     Form().txtPercent[0].SetText("70");
-    Form().cmbWanted.SetText("Path loss");
+    Form().wanted.cmbWanted.SetText("Path loss");
     Main().Unload();
     EXPECT_EQ(platform.store["Vardel/Reach/Value"], "40");
     Program again(platform.Services());
     again.Start();
-    EXPECT_EQ(again.ReachForm->txtWanted.Text(), "40");
+    EXPECT_EQ(again.ReachForm->wanted.txtWanted.Text(), "40");
     EXPECT_EQ(again.ReachForm->txtPercent[0].Text(), "70");
-    EXPECT_EQ(again.ReachForm->cmbWanted.Text(), "Path loss");
+    EXPECT_EQ(again.ReachForm->wanted.cmbWanted.Text(), "Path loss");
 }
 
 TEST_F(Tools, TheStationIsWhereTheHostSays) {

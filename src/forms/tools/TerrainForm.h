@@ -1,0 +1,107 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/RowList.h"
+#include "forms/tools/GroundMap.h"
+#include "forms/tools/WantedBoxes.h"
+#include "terrain/Elevations.h"
+
+namespace vardel {
+
+struct Doors;
+struct Platform;
+
+// The effective heights of the station's antenna by azimuth, from elevation data, and how far it
+// reaches with them. The ground is read when the user asks; what depends on the main form's inputs
+// and on what is wanted follows at once. What is wrong is told beside the boxes, by no message.
+class TerrainForm : public Form {
+public:
+    TerrainForm(Platform& platform, Doors& doors);
+
+    // Takes the main form's inputs as they stand.
+    void BringUpToDate();
+    // What the window began with at the last start, and at the next.
+    void TakeSettings();
+    void SaveSettings();
+
+    Label lblPath{*this, "lblPath"};  // the main form's inputs
+    Label lblLatitude{*this, "lblLatitude", "Site latitude"};
+    TextBox txtLatitude{*this, "txtLatitude"};
+    Label lblLongitude{*this, "lblLongitude", "longitude"};
+    TextBox txtLongitude{*this, "txtLongitude"};
+    Label lblAntenna{*this, "lblAntenna", "Antenna above ground"};
+    TextBox txtAntenna{*this, "txtAntenna", "30"};
+    Label lblAntennaUnit{*this, "lblAntennaUnit"};
+    Label lblGround{*this, "lblGround", "Ground at the site"};
+    TextBox txtGround{*this, "txtGround"};
+    Label lblGroundUnit{*this, "lblGroundUnit"};
+    Label lblFiles{*this, "lblFiles", "Elevation data"};
+    TextBox txtFiles{*this, "txtFiles"};
+    Button cmdFile{*this, "cmdFile", "&File ..."};
+    Button cmdFolder{*this, "cmdFolder", "F&older ..."};
+    Label lblDefinition{*this, "lblDefinition", "Average terrain"};
+    ComboBox cmbDefinition;
+    Label lblFrom{*this, "lblFrom", "from"};
+    TextBox txtFrom{*this, "txtFrom", "3"};
+    Label lblTo{*this, "lblTo", "to"};
+    TextBox txtTo{*this, "txtTo", "15"};
+    Label lblBoundsUnit{*this, "lblBoundsUnit", "km"};
+    Label lblAzimuths{*this, "lblAzimuths", "Azimuths"};
+    TextBox txtAzimuths{*this, "txtAzimuths", "72"};
+    WantedBoxes wanted{*this};
+    Button cmdRead{*this, "cmdRead", "&Read Ground"};
+    Button cmdCancel{*this, "cmdCancel", "Cancel"};
+    ProgressBar pgbRead{*this, "pgbRead", 0, 1};
+    Label lblProblem{*this, "lblProblem"};
+    Label lblNotes{*this, "lblNotes"};
+    GroundMap map{*this, "map"};
+    RowList lstAzimuths;
+    Button cmdTake{*this, "cmdTake", "&Use This Height"};
+    Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
+    Button cmdCopy{*this, "cmdCopy", "&Copy Table"};
+    Button cmdSave{*this, "cmdSave", "&Save Contours ..."};
+    Button cmdClose{*this, "cmdClose", "Close"};
+
+private:
+    struct Inputs {
+        Mast mast;
+        HeightDefinition definition;
+        std::size_t azimuths;
+        std::vector<std::string> files;
+    };
+
+    void Form_Load() override;
+    void Form_Unload() override;
+    void WireEvents();
+    void cmdRead_Click();
+    void cmdTake_Click();
+    void cmdSave_Click();
+
+    std::optional<Inputs> ReadInputs(std::string& problem);
+    std::optional<HeightDefinition> ReadDefinition(std::string& problem);
+    void ReadGround(const Inputs& inputs);
+    // Lets the user in, who may stop it or close the window; whether it is to go on.
+    bool GoesOn(double done);
+    void TellGround();
+    void ShowContours();
+    void ShowAzimuth(std::optional<std::size_t> azimuth);
+    void EnableButtons();
+    RowList::Row RowAt(std::size_t azimuth) const;
+    void ConvertBoxes(Units units);
+    Units UnitsNow() const;
+
+    Doors& doors_;
+    std::unique_ptr<Elevations> elevations_;  // of openFiles_
+    std::vector<std::string> openFiles_;
+    std::optional<EffectiveHeightTable> heights_;  // none until the ground was read
+    std::string problem_;                          // of the last reading
+    Units units_ = Units::Metric;  // of the heights in the boxes
+    bool reading_ = false;
+    bool cancelled_ = false;
+};
+
+}  // namespace vardel

@@ -1,0 +1,103 @@
+#include "forms/tools/WantedBoxes.h"
+
+#include <array>
+
+#include "forms/shared/BoxMark.h"
+#include "services/Platform.h"
+
+namespace vardel {
+
+namespace {
+
+struct StoredBox {
+    const char* key;
+    TextBox WantedBoxes::*box;
+};
+
+constexpr std::array<StoredBox, 3> StoredBoxes = {{
+    {"Value", &WantedBoxes::txtWanted},
+    {"Gain", &WantedBoxes::txtGain},
+    {"CableLoss", &WantedBoxes::txtCable},
+}};
+
+}  // namespace
+
+WantedBoxes::WantedBoxes(Form& form)
+    : lblWanted(form, "lblWanted", "Wanted"),
+      cmbWanted(form, "cmbWanted", {{"Field strength"}, {"Received power"}, {"Path loss"}}),
+      txtWanted(form, "txtWanted", "32"),
+      lblWantedUnit(form, "lblWantedUnit"),
+      lblGain(form, "lblGain", "Receiver antenna gain"),
+      txtGain(form, "txtGain", "0"),
+      lblGainUnit(form, "lblGainUnit", "dBi"),
+      lblCable(form, "lblCable", "Cable loss"),
+      txtCable(form, "txtCable", "0"),
+      lblCableUnit(form, "lblCableUnit", "dB"),
+      form_(form) {
+    ShowHeads();
+}
+
+void WantedBoxes::OnChange(std::function<void()> change) {
+    for (TextBox* box : {&txtWanted, &txtGain, &txtCable}) box->Change = change;
+    cmbWanted.Click = [this, change = std::move(change)] {
+        ShowHeads();
+        change();
+    };
+}
+
+void WantedBoxes::ShowHeads() {
+    constexpr std::array<const char*, 3> WantedUnits = {"dB(µV/m)", "dBm", "dB"};
+    lblWantedUnit.SetCaption(WantedUnits.at(static_cast<std::size_t>(cmbWanted.ListIndex())));
+    const bool received = cmbWanted.ListIndex() == static_cast<int>(Wanted::Kind::ReceivedPower);
+    for (Control* control :
+         {static_cast<Control*>(&lblGain), static_cast<Control*>(&txtGain),
+          static_cast<Control*>(&lblGainUnit), static_cast<Control*>(&lblCable),
+          static_cast<Control*>(&txtCable), static_cast<Control*>(&lblCableUnit)})
+        control->SetEnabled(received);
+}
+
+std::optional<Wanted> WantedBoxes::Read(std::string& problem) {
+    Wanted wanted{static_cast<Wanted::Kind>(cmbWanted.ListIndex())};
+    const auto value = ReadOrTell(txtWanted, LowestWanted, HighestWanted, WantedRule, problem);
+    if (wanted.kind == Wanted::Kind::ReceivedPower) {
+        const auto gain =
+            ReadOrTell(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
+        const auto cable =
+            ReadOrTell(txtCable, 0, 100, "The cable loss is a number from 0 to 100 dB.", problem);
+        if (!gain || !cable) return std::nullopt;
+        wanted.antennaGainDbi = *gain;
+        wanted.cableLossDb = *cable;
+    }
+    if (!value) return std::nullopt;
+    wanted.value = *value;
+    return wanted;
+}
+
+void WantedBoxes::TakeSettings(const char* section) {
+    const Platform& platform = form_.GetPlatform();
+    const auto stored = [&](const char* key) {
+        return platform.settings.Read(platform.applicationTitle, section, key);
+    };
+    for (const auto& [key, box] : StoredBoxes)
+        if (const std::string text = stored(key); !text.empty()) (this->*box).SetText(text);
+    cmbWanted.SetText(stored("Wanted"));
+    ShowHeads();
+}
+
+void WantedBoxes::SaveSettings(const char* section) const {
+    const Platform& platform = form_.GetPlatform();
+    const auto store = [&](const char* key, const std::string& text) {
+        platform.settings.Write(platform.applicationTitle, section, key, text);
+    };
+    for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
+    store("Wanted", cmbWanted.Text());
+}
+
+std::optional<double> ReadOrTell(TextBox& box, double low, double high, const char* rule,
+                                 std::string& problem) {
+    const auto number = ReadMarked(box, low, high, rule);
+    if (!number && problem.empty()) problem = rule;
+    return number;
+}
+
+}  // namespace vardel

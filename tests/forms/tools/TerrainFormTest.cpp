@@ -1,0 +1,156 @@
+#include "forms/tools/TerrainForm.h"
+
+#include <gmock/gmock.h>
+
+#include "services/Files.h"
+#include "support/RunningProgram.h"
+#include "terrain/RasterMosaic.h"
+
+namespace vardel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// Ground of 100 m with a plateau of 200 m in the east, from 6 to 8 degrees east. Seen from 7 degrees
+// the antenna, 50 m above ground of 150 m, is 100 m above the one and on a level with the other.
+// The reaches are computed by hand from Hata's formula for 140 dB, 450 MHz, 1.5 m and 100 or 30 m.
+class TerrainFormTest : public testing::Test, public RunningProgram {
+protected:
+    TerrainFormTest() {
+        program.OpenElevations = [this](const std::vector<std::string>& paths) {
+            opened.push_back(paths);
+            if (paths.front() == "missing")
+                throw ElevationError("install the package vardel-terrain");
+            std::vector<float> metres(200 * 200, 100.0F);
+            for (std::size_t i = 0; i < metres.size(); ++i)
+                if (i % 200 >= 100) metres[i] = 200.0F;
+            return ElevationsOfArray({200, 200, {6.0, 0.01, 0.0, 51.0, 0.0, -0.01}},
+                                     std::move(metres));
+        };
+        Main().txtFreq.SetText("450");
+        Main().txthb.SetText("77");
+        Main().mnuToolsTerrain.Pick();
+        Fill();
+    }
+
+    void Fill() {
+        for (const auto& [box, text] :
+             {std::pair(&Form().txtLatitude, "50 N"), std::pair(&Form().txtLongitude, "7"),
+              std::pair(&Form().txtAntenna, "50"), std::pair(&Form().txtGround, "150"),
+              std::pair(&Form().txtAzimuths, "8"), std::pair(&Form().txtFiles, "a.tif; b"),
+              std::pair(&Form().wanted.txtWanted, "140")})
+            box->SetText(text);
+        Form().wanted.cmbWanted.SetText("Path loss");
+    }
+    TerrainForm& Form() { return *program.TerrainForm; }
+    std::vector<std::string> Row(std::size_t i) { return Form().lstAzimuths.RowAt(i).cells; }
+
+    std::vector<std::vector<std::string>> opened;
+};
+
+TEST_F(TerrainFormTest, ReadsHeightsAndFollowsTheMainForm) {
+    EXPECT_EQ(Form().lstAzimuths.Count(), 0);
+    EXPECT_FALSE(Form().cmdSave.Enabled());
+    Form().cmdRead.Press();
+    EXPECT_THAT(opened, ElementsAre(ElementsAre("a.tif", "b")));
+    ASSERT_EQ(Form().lstAzimuths.Count(), 8) << Form().lblProblem.Caption();
+    const auto west = Row(6), east = Row(2);
+    EXPECT_THAT((std::vector(west.begin(), west.begin() + 4)),
+                ElementsAre("270", "100.0", "100.0", "7.973"));
+    EXPECT_THAT((std::vector(east.begin(), east.begin() + 4)),
+                ElementsAre("90", "200.0", "30.0", "4.062"));
+    EXPECT_EQ(west.back(), "100");
+    EXPECT_THAT(Form().lstAzimuths.RowAt(2).remark,
+                HasSubstr("0.0 m above average terrain counts as 30.0 m"));
+    EXPECT_EQ(Form().map.Ground().metres.front(), 100.0F) << "the north-west";
+    EXPECT_EQ(Form().map.Ground().metres.back(), 200.0F);
+
+    Main().txtFreq.SetText("900");
+    EXPECT_NE(Row(6)[3], "7.973") << "without reading";
+    Main().mnuUnitsEnglish.Pick();
+    Main().txtFreq.SetText("450");
+    EXPECT_EQ(Form().txtAntenna.Text(), "164.042");
+    EXPECT_EQ(Row(6)[2], "328.1");
+    EXPECT_EQ(Row(6)[3], "4.954") << "miles";
+    EXPECT_EQ(Form().lblProblem.Caption(), "");
+    EXPECT_EQ(opened.size(), 1);
+}
+
+TEST_F(TerrainFormTest, AnAzimuthGoesIntoTheMainFormAndTheTableIntoTheLog) {
+    Form().cmdRead.Press();
+    Form().lstAzimuths.Select(6);
+    EXPECT_EQ(Form().map.Marked(), 6U);
+    Form().map.SetMarked(2);
+    Form().map.Pick.Raise();
+    EXPECT_EQ(Form().lstAzimuths.Selected(), 2U);
+    Form().lstAzimuths.Select(6);
+    Form().cmdTake.Press();
+    EXPECT_EQ(Main().txthb.Text(), "100.0");
+    Form().cmdAdd.Press();
+    EXPECT_THAT(Log().Text(), HasSubstr("Antenna 50.0 m above ground at 50 7, ground 150.0 m"));
+    EXPECT_THAT(Log().Text(), HasSubstr("\n270                    100.0                 100.0         7.973"));
+    Form().cmdCopy.Press();
+    EXPECT_THAT(platform.clipboardText, HasSubstr("\n270\t100.0\t100.0\t7.973\t"));
+    platform.saveChoice = SaveChoice{platform.folder.Path("ring.kml"), 1};
+    Form().cmdSave.Press();
+    EXPECT_THAT(ReadWholeFile(platform.folder.Path("ring.kml")).value(), HasSubstr("<kml"));
+}
+
+TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
+    Form().cmdRead.Press();
+    const std::tuple<TextBox*, const char*, const char*> cases[] = {
+        {&Form().txtLatitude, "91", "The site has no latitude from -90 to 90."},
+        {&Form().txtAntenna, "0", "The antenna is 0.1 to 2000 m above the ground."},
+        {&Form().txtAzimuths, "7", "The azimuths are a whole number from 8 to 3600."},
+        {&Form().txtAzimuths, "8.5", "The azimuths are a whole number from 8 to 3600."},
+        {&Form().txtGround, "150 m", "The ground is -500 to 9000 m above sea level."},
+        {&Form().txtAntenna, "51", "The table is of earlier inputs: press Read Ground."},
+    };
+    for (const auto& [box, text, problem] : cases) {
+        box->SetText(text);
+        EXPECT_EQ(Form().lblProblem.Caption(), problem);
+        Fill();
+        EXPECT_EQ(Form().lblProblem.Caption(), "");
+    }
+    Form().cmbDefinition.SetText("own bounds");
+    Form().txtTo.SetText("3");
+    EXPECT_EQ(Form().lblProblem.Caption(),
+              "The bounds are two distances from 0 to 300 km, the nearer first.");
+    Form().cmbDefinition.SetListIndex(0);
+    Form().txtFiles.SetText("missing");
+    Form().cmdRead.Press();
+    EXPECT_EQ(Form().lblProblem.Caption(), "Install the package vardel-terrain.");
+    Fill();
+    Form().txtLongitude.SetText("40");
+    Form().txtGround.SetText("");
+    Form().cmdRead.Press();
+    EXPECT_EQ(Form().lblProblem.Caption(),
+              "The site 50 40 lies outside the elevation data, or on a cell without data.");
+    EXPECT_EQ(Form().lstAzimuths.Count(), 8);
+}
+
+TEST_F(TerrainFormTest, ReadingIsCancelledOrLeftAtAnyMoment) {
+    platform.onYield = [this] { Form().cmdCancel.Press(); };
+    Form().cmdRead.Press();
+    EXPECT_EQ(Form().lstAzimuths.Count(), 0);
+    EXPECT_EQ(Form().lblProblem.Caption(), "Reading was cancelled.");
+    int yields = 0;
+    platform.onYield = [&] {
+        if (++yields == 20) Form().cmdCancel.Press();  // after the eight azimuths
+    };
+    Form().cmdRead.Press();
+    EXPECT_EQ(Form().lstAzimuths.Count(), 8);
+    EXPECT_EQ(Form().map.Ground().metres.front(), 100.0F);
+    platform.onYield = [this] {
+        if (program.TerrainForm.Loaded()) Form().cmdClose.Press();
+    };
+    Form().cmdRead.Press();
+    EXPECT_FALSE(program.TerrainForm.Loaded());
+    platform.onYield = nullptr;
+    EXPECT_EQ(Form().txtFiles.Text(), "a.tif; b") << "as the window was left";
+    EXPECT_EQ(Form().wanted.cmbWanted.Text(), "Path loss");
+}
+
+}  // namespace
+}  // namespace vardel
