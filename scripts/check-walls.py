@@ -20,7 +20,7 @@ ROOMS = {
     "terrain": ["models", "services", "text", "engine", "map"],
     "elevation": ["terrain", "map", "models", "services", "text", "engine"],
     "archive": ["engine", "models", "services", "text"],
-    "python": ["engine", "archive", "models", "services", "text"],
+    "python": ["engine", "archive", "map", "terrain", "models", "services", "text"],
     "forms": ["models", "text", "services", "controls", "richtext", "engine", "map", "terrain", "archive"],
     "qt": ["models", "text", "services", "controls", "richtext", "engine", "map", "terrain", "archive", "forms"],
     "cli": ["models", "text", "services", "engine", "map", "terrain"],

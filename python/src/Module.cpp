@@ -9,4 +9,5 @@ PYBIND11_MODULE(_vardel, module) {
     vardel::python::AddModels(module);
     vardel::python::AddPlanning(module);
     vardel::python::AddFiles(module);
+    vardel::python::AddGround(module);
 }

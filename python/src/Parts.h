@@ -10,5 +10,6 @@ namespace vardel::python {
 void AddModels(pybind11::module_& module);
 void AddPlanning(pybind11::module_& module);
 void AddFiles(pybind11::module_& module);
+void AddGround(pybind11::module_& module);
 
 }  // namespace vardel::python

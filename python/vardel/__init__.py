@@ -7,6 +7,7 @@ Frequencies are in MHz, distances in km, heights in m, powers in W e.r.p.
 All functions may be called from any thread, and compute without the interpreter's lock.
 """
 
+from vardel._ground import Contour, EffectiveHeights, contour, effective_heights
 from vardel._vardel import (
     MODELS,
     Archive,
@@ -37,14 +38,18 @@ __all__ = [
     "MODELS",
     "Archive",
     "ArchiveError",
+    "Contour",
     "Curve",
+    "EffectiveHeights",
     "MeasuredTable",
     "Reach",
     "Run",
+    "contour",
     "cost231_field_strength",
     "cost231_loss",
     "davidson_field_strength",
     "davidson_loss",
+    "effective_heights",
     "field_strength_for_received_power",
     "from_watts",
     "in_range",

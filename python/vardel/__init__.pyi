@@ -4,6 +4,11 @@ from typing import Literal, Protocol, Self, overload
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
+from vardel._ground import Contour as Contour
+from vardel._ground import EffectiveHeights as EffectiveHeights
+from vardel._ground import contour as contour
+from vardel._ground import effective_heights as effective_heights
+
 # A number is an ArrayLike, too, so that mypy finds overloads to overlap: the first that fits counts.
 _Floats = NDArray[np.float64]
 _Texts = str | list[str] | NDArray[np.str_]

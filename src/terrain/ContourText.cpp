@@ -19,12 +19,13 @@ std::string WithUnit(double metres, Units units) {
 
 }  // namespace
 
-std::string AzimuthText(double degrees) { return ShortestText(std::round(100.0 * degrees) / 100.0); }
+std::string AzimuthText(double degrees) {
+    return ShortestText(std::round(100.0 * degrees) / 100.0);
+}
 
 std::vector<std::string> ContourLine(const ContourTable& table, std::size_t azimuth, Units units) {
     const RadialHeight& radial = table.heights.radials.at(azimuth);
-    std::vector<std::string> line{AzimuthText(radial.azimuth),
-                                  Height(radial.averageTerrain, units),
+    std::vector<std::string> line{AzimuthText(radial.azimuth), Height(radial.averageTerrain, units),
                                   Height(radial.effectiveHeight, units)};
     for (const Contour& contour : table.contours) {
         const Reach& reach = contour.reaches.at(azimuth);
@@ -66,12 +67,11 @@ std::string ContourRemark(const ContourTable& table, std::size_t azimuth, Units 
 std::string ContourHead(const ContourTable& table, Units units) {
     const EffectiveHeightTable& heights = table.heights;
     const HeightDefinition& definition = heights.definition;
-    std::string text = "Antenna " + WithUnit(heights.mast.antenna, units) + " above ground at " +
-                       ShortestText(heights.mast.site.latitude) + ' ' +
-                       ShortestText(heights.mast.site.longitude) + ", ground " +
-                       WithUnit(heights.ground, units) + "; average terrain " +
-                       ShortestText(definition.fromKm) + " to " + ShortestText(definition.toKm) +
-                       " km";
+    std::string text =
+        "Antenna " + WithUnit(heights.mast.antenna, units) + " above ground at " +
+        ShortestText(heights.mast.site.latitude) + ' ' + ShortestText(heights.mast.site.longitude) +
+        ", ground " + WithUnit(heights.ground, units) + "; average terrain " +
+        ShortestText(definition.fromKm) + " to " + ShortestText(definition.toKm) + " km";
     if (!definition.source.empty()) text += " (" + std::string(definition.source) + ')';
     return text;
 }

@@ -12,8 +12,8 @@ using Cells = std::vector<std::vector<std::string>>;
 std::string TabbedText(const Cells& cells);
 // RFC 4180.
 std::string CsvText(const Cells& cells);
-// For ASCII, in a font of one width: the first column set to the left, the others to the right, two blanks
-// between them.
+// For ASCII, in a font of one width: the first column set to the left, the others to the right, two
+// blanks between them.
 std::string AlignedText(const Cells& cells);
 
 }  // namespace vardel

@@ -40,11 +40,11 @@ TEST(TerrainWindow, TheMapShowsTheGroundAndMarksAnAzimuth) {
     const QColor gray(228, 228, 228);
     const auto count = [&](int from, int to) {
         int unseen = 0;
-        for (int x = from; x < to; ++x)
-            unseen += picture.pixelColor(x, side / 5) == gray ? 1 : 0;
+        for (int x = from; x < to; ++x) unseen += picture.pixelColor(x, side / 5) == gray ? 1 : 0;
         return unseen;
     };
-    EXPECT_GT(count(middle.x() - side / 2 + 5, middle.x() - side / 4), side / 8) << "what is not known is gray";
+    EXPECT_GT(count(middle.x() - side / 2 + 5, middle.x() - side / 4), side / 8)
+        << "what is not known is gray";
     EXPECT_LT(count(middle.x(), middle.x() + side / 2 - 5), 5);
 
     QTest::mouseClick(&map, Qt::LeftButton, {}, middle + QPoint(0, side / 3));

@@ -21,11 +21,11 @@ namespace vardel {
 namespace {
 
 constexpr const char* Section = "Terrain";
-constexpr double TallestMast = 2000.0;      // m
-constexpr double HighestGround = 9000.0;    // m
-constexpr double LowestGround = -500.0;     // m
-constexpr std::size_t ReliefSize = 320;     // cells each way
-constexpr double HeightsShare = 0.3;        // of the time of a reading
+constexpr double TallestMast = 2000.0;    // m
+constexpr double HighestGround = 9000.0;  // m
+constexpr double LowestGround = -500.0;   // m
+constexpr std::size_t ReliefSize = 320;   // cells each way
+constexpr double HeightsShare = 0.3;      // of the time of a reading
 
 struct StoredBox {
     const char* key;
@@ -56,8 +56,7 @@ std::vector<std::string> PathsOf(std::string_view text) {
     std::vector<std::string> paths;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(';'), text.size());
-        if (const auto path = Trimmed(text.substr(0, end)); !path.empty())
-            paths.emplace_back(path);
+        if (const auto path = Trimmed(text.substr(0, end)); !path.empty()) paths.emplace_back(path);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     return paths;
@@ -98,7 +97,8 @@ TerrainForm::TerrainForm(Platform& platform, Doors& doors)
     txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
     txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
     txtGround.SetToolTipText("Above sea level; empty: from the elevation data");
-    txtFiles.SetToolTipText("Files and folders of GeoTIFF, SRTM, DTED and others, parted by semicolons");
+    txtFiles.SetToolTipText(
+        "Files and folders of GeoTIFF, SRTM, DTED and others, parted by semicolons");
     cmdTake.SetToolTipText("Puts the effective height of the marked azimuth into the main window");
     cmdCopy.SetToolTipText("As text and as CSV");
     cmdSave.SetToolTipText("As GeoJSON, KML or CSV");
@@ -266,19 +266,17 @@ void TerrainForm::ReadGround(const Inputs& inputs) {
     }
     const auto count = static_cast<double>(inputs.azimuths);
     EffectiveHeightTable heights = EffectiveHeights(
-        *elevations_, inputs.mast, inputs.definition, inputs.azimuths, [&](std::size_t done) {
-            return GoesOn(HeightsShare * static_cast<double>(done) / count);
-        });
+        *elevations_, inputs.mast, inputs.definition, inputs.azimuths,
+        [&](std::size_t done) { return GoesOn(HeightsShare * static_cast<double>(done) / count); });
     if (heights.radials.size() < inputs.azimuths) return;
     heights_ = std::move(heights);
     map.SetGround({});
     ShowContours();
-    Relief ground =
-        ReliefAround(*elevations_, inputs.mast.site, map.RadiusKm(), ReliefSize,
-                     [&](std::size_t done) {
-                         return GoesOn(HeightsShare + (1.0 - HeightsShare) *
-                                                          static_cast<double>(done) / ReliefSize);
-                     });
+    Relief ground = ReliefAround(
+        *elevations_, inputs.mast.site, map.RadiusKm(), ReliefSize, [&](std::size_t done) {
+            return GoesOn(HeightsShare +
+                          (1.0 - HeightsShare) * static_cast<double>(done) / ReliefSize);
+        });
     if (!Unloaded()) map.SetGround(std::move(ground));
 }
 
@@ -290,7 +288,8 @@ bool TerrainForm::GoesOn(double done) {
 
 // What is wrong, or whether the table is of the inputs.
 void TerrainForm::TellGround() {
-    const bool own = static_cast<std::size_t>(cmbDefinition.ListIndex()) >= HeightDefinitions.size();
+    const bool own =
+        static_cast<std::size_t>(cmbDefinition.ListIndex()) >= HeightDefinitions.size();
     for (TextBox* box : {&txtFrom, &txtTo}) box->SetEnabled(own);
     std::string problem;
     const auto inputs = ReadInputs(problem);
@@ -317,8 +316,9 @@ void TerrainForm::BringUpToDate() {
 void TerrainForm::ConvertBoxes(Units units) {
     for (Label* unit : {&lblAntennaUnit, &lblGroundUnit}) unit->SetCaption(HeightUnit(units));
     if (std::exchange(units_, units) == units) return;
-    const double factor = MetresPerHeight(units == Units::English ? Units::Metric : Units::English) /
-                          MetresPerHeight(units);
+    const double factor =
+        MetresPerHeight(units == Units::English ? Units::Metric : Units::English) /
+        MetresPerHeight(units);
     for (TextBox* box : {&txtAntenna, &txtGround})
         if (const auto number = WholeTextNumber(box->Text()))
             box->SetText(FormatNumber(*number * factor, "0.0###"));
@@ -329,7 +329,9 @@ void TerrainForm::ShowContours() {
     const auto goal = wanted.Read(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
     if (!path) problem = "A box of the main window holds no number above zero.";
-    lblPath.SetCaption(path ? StationText(*path) + " and " + PercentText(path->pctLoc) + " of locations; wanted " + (goal ? WantedText(*goal) : "-") : "");
+    lblPath.SetCaption(path ? StationText(*path) + " and " + PercentText(path->pctLoc) +
+                                  " of locations; wanted " + (goal ? WantedText(*goal) : "-")
+                            : "");
     if (!problem.empty()) lblProblem.SetCaption(problem);
     std::optional<ContourTable> table;
     if (path && goal && heights_)
@@ -372,7 +374,8 @@ void TerrainForm::EnableButtons() {
     cmdRead.SetEnabled(!reading_ && ReadInputs(problem).has_value());
     cmdCancel.SetEnabled(reading_);
     pgbRead.SetVisible(reading_);
-    for (Button* button : {&cmdAdd, &cmdCopy, &cmdSave}) button->SetEnabled(map.Table().has_value());
+    for (Button* button : {&cmdAdd, &cmdCopy, &cmdSave})
+        button->SetEnabled(map.Table().has_value());
     const auto marked = map.Marked();
     cmdTake.SetEnabled(map.Table() && marked &&
                        map.Table()->heights.radials.at(*marked).seen > 0.0);
@@ -381,8 +384,7 @@ void TerrainForm::EnableButtons() {
 void TerrainForm::cmdTake_Click() {
     if (!cmdTake.Enabled()) return;
     const double metres = map.Table()->heights.radials.at(*map.Marked()).effectiveHeight;
-    doors_.MainForm->txthb.SetText(
-        FormatNumber(metres / MetresPerHeight(UnitsNow()), "0.0"));
+    doors_.MainForm->txthb.SetText(FormatNumber(metres / MetresPerHeight(UnitsNow()), "0.0"));
     doors_.MainForm->txthb.LostFocus.Raise();
 }
 

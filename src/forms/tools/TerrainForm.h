@@ -99,7 +99,7 @@ private:
     std::vector<std::string> openFiles_;
     std::optional<EffectiveHeightTable> heights_;  // none until the ground was read
     std::string problem_;                          // of the last reading
-    Units units_ = Units::Metric;  // of the heights in the boxes
+    Units units_ = Units::Metric;                  // of the heights in the boxes
     bool reading_ = false;
     bool cancelled_ = false;
 };

@@ -51,8 +51,8 @@ QImage PictureOf(const Relief& relief) {
     for (int y = 0; y < size; ++y) {
         auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
         for (int x = 0; x < size; ++x) {
-            const std::size_t i = static_cast<std::size_t>(y) * relief.size +
-                                  static_cast<std::size_t>(x);
+            const std::size_t i =
+                static_cast<std::size_t>(y) * relief.size + static_cast<std::size_t>(x);
             if (std::isnan(shades[i])) continue;
             const QColor tint = Tint((static_cast<double>(relief.metres[i]) - low) / span);
             const double light = 0.55 + 0.5 * static_cast<double>(shades[i]);
@@ -218,7 +218,8 @@ void GroundMapWidget::PaintHeights(QPainter& painter) {
     for (std::size_t i = 0; i <= radials.size(); ++i) {
         const RadialHeight& radial = radials[i % radials.size()];
         const bool seen = radial.seen > 0.0;
-        const QPointF at = seen ? At(radial.azimuth, kmPerMetre * radial.effectiveHeight) : QPointF();
+        const QPointF at =
+            seen ? At(radial.azimuth, kmPerMetre * radial.effectiveHeight) : QPointF();
         if (seen) begun ? path.lineTo(at) : path.moveTo(at);
         begun = seen;
     }
@@ -250,8 +251,8 @@ void GroundMapWidget::PaintLegend(QPainter& painter) {
         if (pen.style() != Qt::NoPen)
             painter.drawLine(at + QPointF(2, line / 2), at + QPointF(26, line / 2));
         painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(at + QPointF(pen.style() == Qt::NoPen ? 2.0 : 34.0, fontMetrics().ascent()),
-                         text);
+        painter.drawText(
+            at + QPointF(pen.style() == Qt::NoPen ? 2.0 : 34.0, fontMetrics().ascent()), text);
         at.ry() += line;
     };
     write(Qt::NoPen, MarkedText());
@@ -283,8 +284,8 @@ void GroundMapWidget::MarkToward(const QPointF& at) {
     if (from.isNull()) return;
     const auto count = map_.Table()->heights.radials.size();
     const double turns = std::atan2(from.x(), -from.y()) / (2.0 * M_PI);
-    const auto nearest = std::llround((turns < 0.0 ? turns + 1.0 : turns) *
-                                      static_cast<double>(count));
+    const auto nearest =
+        std::llround((turns < 0.0 ? turns + 1.0 : turns) * static_cast<double>(count));
     Mark(static_cast<std::size_t>(nearest) % count);
 }
 

@@ -8,8 +8,8 @@
 
 namespace vardel {
 
-// A ground map on the screen. A click marks the azimuth nearest to it, and so do the arrow keys, one
-// after the other.
+// A ground map on the screen. A click marks the azimuth nearest to it, and so do the arrow keys,
+// one after the other.
 class GroundMapWidget : public QWidget {
 public:
     GroundMapWidget(GroundMap& map, Binder& binder);

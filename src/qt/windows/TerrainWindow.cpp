@@ -46,9 +46,10 @@ QWidget* TerrainWindow::MakeInputs(TerrainForm& form) {
     constexpr int PlaceWidth = 11, NumberWidth = 6;
     AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, PlaceWidth), nullptr, *grid, 0, 0);
     AddInput(form.lblLongitude, *MakeBox(form.txtLongitude, PlaceWidth), nullptr, *grid, 0, 3);
-    AddInput(form.lblAntenna, *MakeBox(form.txtAntenna, NumberWidth), &form.lblAntennaUnit, *grid, 1,
-             0);
-    AddInput(form.lblGround, *MakeBox(form.txtGround, NumberWidth), &form.lblGroundUnit, *grid, 1, 3);
+    AddInput(form.lblAntenna, *MakeBox(form.txtAntenna, NumberWidth), &form.lblAntennaUnit, *grid,
+             1, 0);
+    AddInput(form.lblGround, *MakeBox(form.txtGround, NumberWidth), &form.lblGroundUnit, *grid, 1,
+             3);
     auto* files = MakeBox(form.txtFiles, PlaceWidth);
     AddLabel(form.lblFiles, *grid, 2, 0);
     grid->addWidget(files, 2, 1, 1, 3);
@@ -100,7 +101,8 @@ QWidget* TerrainWindow::MakeButtons(TerrainForm& form) {
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch(1);
-    for (Button* button : {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose})
+    for (Button* button :
+         {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose})
         row->addWidget(MakeButton(*button));
     return panel;
 }

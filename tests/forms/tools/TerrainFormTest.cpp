@@ -12,9 +12,10 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// Ground of 100 m with a plateau of 200 m in the east, from 6 to 8 degrees east. Seen from 7 degrees
-// the antenna, 50 m above ground of 150 m, is 100 m above the one and on a level with the other.
-// The reaches are computed by hand from Hata's formula for 140 dB, 450 MHz, 1.5 m and 100 or 30 m.
+// Ground of 100 m with a plateau of 200 m in the east, from 6 to 8 degrees east. Seen from 7
+// degrees the antenna, 50 m above ground of 150 m, is 100 m above the one and on a level with the
+// other. The reaches are computed by hand from Hata's formula for 140 dB, 450 MHz, 1.5 m and 100 or
+// 30 m.
 class TerrainFormTest : public testing::Test, public RunningProgram {
 protected:
     TerrainFormTest() {
@@ -89,7 +90,8 @@ TEST_F(TerrainFormTest, AnAzimuthGoesIntoTheMainFormAndTheTableIntoTheLog) {
     EXPECT_EQ(Main().txthb.Text(), "100.0");
     Form().cmdAdd.Press();
     EXPECT_THAT(Log().Text(), HasSubstr("Antenna 50.0 m above ground at 50 7, ground 150.0 m"));
-    EXPECT_THAT(Log().Text(), HasSubstr("\n270                    100.0                 100.0         7.973"));
+    EXPECT_THAT(Log().Text(),
+                HasSubstr("\n270                    100.0                 100.0         7.973"));
     Form().cmdCopy.Press();
     EXPECT_THAT(platform.clipboardText, HasSubstr("\n270\t100.0\t100.0\t7.973\t"));
     platform.saveChoice = SaveChoice{platform.folder.Path("ring.kml"), 1};
