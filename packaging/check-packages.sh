@@ -16,7 +16,7 @@ check() {
   expected=$(printf '%s\n' "$@" | sort)
   dpkg-deb --extract "$work/${package}"_*.deb "$work/$package"
   diff <(echo "$expected") <(cd "$work/$package/usr" && find . ! -type d -printf '%P\n' |
-    sed -E 's|^lib/[^/]+-linux-gnu[^/]*/|lib/|; s|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\..*|\1.so|' | sort --unique) ||
+    sed -E 's|^lib/[^/]+-linux-gnu[^/]*/|lib/|; s|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\.cpython.*|\1.so|' | sort --unique) ||
     { echo "$package holds (>) other files than it should (<)." >&2; exit 1; }
 }
 

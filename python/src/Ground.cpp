@@ -16,8 +16,8 @@ namespace py = pybind11;
 
 using Raster = py::array_t<float, py::array::c_style | py::array::forcecast>;
 
-// A raster's coordinates by a function of the user's, which takes arrays of longitudes and latitudes
-// and gives back arrays of x and y.
+// A raster's coordinates by a function of the user's, which takes arrays of longitudes and
+// latitudes and gives back arrays of x and y.
 class CallersProjection : public MapProjection {
 public:
     explicit CallersProjection(py::object project) : project_(std::move(project)) {}
@@ -30,7 +30,8 @@ public:
             latitudes.mutable_data()[i] = places[i].latitude;
         }
         const auto [eastings, northings] =
-            project_(longitudes, latitudes).cast<std::pair<py::array_t<double>, py::array_t<double>>>();
+            project_(longitudes, latitudes)
+                .cast<std::pair<py::array_t<double>, py::array_t<double>>>();
         if (eastings.size() != size || northings.size() != size)
             throw py::value_error("project gives back as many x and y as it is given places");
         for (py::ssize_t i = 0; i < size; ++i) {
@@ -44,8 +45,8 @@ private:
     py::object project_;
 };
 
-// Azimuth, average terrain, height above it, effective height and seen, an array each, and the ground
-// at the site.
+// Azimuth, average terrain, height above it, effective height and seen, an array each, and the
+// ground at the site.
 py::tuple Heights(const Raster& raster, const std::array<double, 6>& toMap,
                   const py::object& project, const Mast& mast, const HeightDefinition& definition,
                   std::size_t azimuths) {
@@ -76,8 +77,9 @@ py::tuple Heights(const Raster& raster, const std::array<double, 6>& toMap,
         return values;
     };
     return py::make_tuple(column(&RadialHeight::azimuth), column(&RadialHeight::averageTerrain),
-                          column(&RadialHeight::aboveAverage), column(&RadialHeight::effectiveHeight),
-                          column(&RadialHeight::seen), table.ground);
+                          column(&RadialHeight::aboveAverage),
+                          column(&RadialHeight::effectiveHeight), column(&RadialHeight::seen),
+                          table.ground);
 }
 
 py::tuple EffectiveHeightArrays(const Raster& raster, const std::array<double, 6>& toMap,
@@ -101,7 +103,8 @@ py::tuple EffectiveHeightArrays(const Raster& raster, const std::array<double, 6
     }
     const HeightDefinition* const known = FindHeightDefinition(definition);
     if (known == nullptr)
-        throw py::value_error("definition is '3-16', '3-15', '3.2-16.1', 'p1546' or two bounds in km");
+        throw py::value_error(
+            "definition is '3-16', '3-15', '3.2-16.1', 'p1546' or two bounds in km");
     return Heights(raster, toMap, project, mast, *known, azimuths);
 }
 

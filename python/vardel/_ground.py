@@ -85,7 +85,7 @@ def _raster(elevation: Any, transform: Any, nodata: float | None) -> tuple[Any, 
     else:
         six = _six_numbers(transform)
     if isinstance(elevation, np.ma.MaskedArray):
-        elevation = np.ma.filled(elevation.astype(np.float32), np.nan)
+        elevation = np.where(np.ma.getmaskarray(elevation), np.nan, elevation.data)  # type: ignore[no-untyped-call]
     values = np.asarray(elevation, dtype=np.float32)
     while values.ndim > 2 and values.shape[0] == 1:  # one band
         values = values[0]
