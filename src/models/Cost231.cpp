@@ -14,6 +14,7 @@ struct Path {
     Path(const ModelInputs& in, bool beyond20) noexcept
         : area(ReadArea(in, statistics)),
           metropolitan(area == Area::Urban && CityOf(in.city) == City::Large),
+          f(in.f),
           logF(Log10(in.f)),
           logHb(Log10(in.hb)),
           distanceTerm(in, logHb, beyond20) {
@@ -21,6 +22,11 @@ struct Path {
         // The step of a metropolitan centre, C_m = 3 dB, is part of the antenna term here.
         if (metropolitan) antenna = antenna - 3.0;
         areaTerm = AreaCorrection(area, in.f, logF);
+    }
+
+    void Raise(const AreaBlock::Point& at) noexcept {
+        logHb = at.LogHb();
+        distanceTerm.Raise(at, f);
     }
 
     template <class Sum>
@@ -66,6 +72,7 @@ struct Path {
     PathStatistics statistics;
     Area area;
     bool metropolitan;
+    double f;  // MHz
     double logF;
     double logHb;
     double antenna = 0.0;   // dB
@@ -115,6 +122,15 @@ void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept {
     FillNewFieldStrengths(Path(in, true), powerWatts, km, count, values);
+}
+
+void Cost231AreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept {
+    FillAreaLosses(Path(in, true), block, values);
+}
+
+void Cost231AreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                               double* values) noexcept {
+    FillAreaFieldStrengths(Path(in, true), powerWatts, block, values);
 }
 
 FormulaTerms Cost231LossTerms(const ModelInputs& in) { return LossTerms(Path(in, true), in); }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "AreaBlock.h"
 #include "Distances.h"
 #include "FormulaTerms.h"
 #include "ModelInputs.h"
@@ -37,6 +38,11 @@ void Cost231LossCurve(const ModelInputs& in, const double* km, std::size_t count
                       double* values) noexcept;
 void Cost231FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                std::size_t count, double* values) noexcept;
+
+// The same over a block of an area's points, whatever in.d and in.hb are.
+void Cost231AreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept;
+void Cost231AreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                               double* values) noexcept;
 
 // What they consist of at in.d. A city size that is not known counts as a small or medium one.
 FormulaTerms Cost231LossTerms(const ModelInputs& in);

@@ -23,7 +23,7 @@ struct Path {
           logF(Log10(in.f)),
           logHb(Log10(in.hb)),
           slope(DistanceSlope(logHb)),
-          heightFactor(farthest > 20.0 ? 0.5 + 0.15 * Log10(in.hb / 121.92) : 0.0),
+          heightFactor(farthest > 20.0 ? HeightFactor(Log10(in.hb / DavidsonHeightUnit)) : 0.0),
           frequencyFactor(farthest > 40.238 ? -0.112 * Log10(1500.0 / in.f) : 0.0) {
         AssignHataAntennaTerm(antennaTerm, antennaForm, logF, in.f, in.hm);
         antenna = antennaTerm;
@@ -31,6 +31,15 @@ struct Path {
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
+    void Raise(const AreaBlock::Point& at) noexcept {
+        hb = at.Hb();
+        logHb = at.LogHb();
+        slope = DistanceSlope(logHb);
+        heightFactor = HeightFactor(at.LogHbInUnits());
+        head = LossHead(*this);
+    }
+
+    static double HeightFactor(double logHbInUnits) noexcept { return 0.5 + 0.15 * logHbInUnits; }
     double DistanceCorrection(double d) const noexcept {
         double term = 0.0;
         if (d > 64.38) term = -0.174 * (d - 64.38);
@@ -170,6 +179,15 @@ void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept {
     FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
+}
+
+void DavidsonAreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept {
+    FillAreaLosses(CurvePath(in), block, values);
+}
+
+void DavidsonAreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                                double* values) noexcept {
+    FillAreaFieldStrengths(CurvePath(in), powerWatts, block, values);
 }
 
 FormulaTerms DavidsonLossTerms(const ModelInputs& in) { return LossTerms(CurvePath(in), in); }

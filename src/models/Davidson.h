@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "AreaBlock.h"
 #include "Distances.h"
 #include "FormulaTerms.h"
 #include "ModelInputs.h"
@@ -39,6 +40,11 @@ void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t coun
                        double* values) noexcept;
 void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept;
+
+// The same over a block of an area's points, whatever in.d and in.hb are.
+void DavidsonAreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept;
+void DavidsonAreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                                double* values) noexcept;
 
 // What they consist of at in.d; an unknown city size as in curves. The field strength has the path
 // loss as one term.

@@ -21,6 +21,11 @@ struct Path {
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
+    void Raise(const AreaBlock::Point& at) noexcept {
+        logHb = at.LogHb();
+        distanceTerm.Raise(at, f);
+    }
+
     template <class Sum>
     void AddLossHead(Sum& sum) const {
         sum.Add({"Constant", "69.55", source::Hata}, 69.55);
@@ -111,6 +116,15 @@ void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts,
 void Itu529FieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
                               std::size_t count, double* values) noexcept {
     FillNewFieldStrengths(CurvePath(in), powerWatts, km, count, values);
+}
+
+void Itu529AreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept {
+    FillAreaLosses(CurvePath(in), block, values);
+}
+
+void Itu529AreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                              double* values) noexcept {
+    FillAreaFieldStrengths(CurvePath(in), powerWatts, block, values);
 }
 
 FormulaTerms Itu529LossTerms(const ModelInputs& in) { return LossTerms(CurvePath(in), in); }

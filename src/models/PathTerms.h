@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "AreaBlock.h"
 #include "Distances.h"
 #include "FormulaTerms.h"
 #include "ModelInputs.h"
@@ -53,6 +54,14 @@ public:
         : slope_(DistanceSlope(logHb)),
           effectiveHb_(beyond20 ? EffectiveBaseHeight(in.hb) : 0.0),
           exponentSlope_(beyond20 ? ExponentSlope(in.f, effectiveHb_) : 0.0) {}
+
+    // To the base height of a point of an area, for any distance. f in MHz.
+    template <class Point>
+    void Raise(const Point& at, double f) noexcept {
+        slope_ = DistanceSlope(at.LogHb());
+        effectiveHb_ = at.EffectiveHb();
+        exponentSlope_ = ExponentSlope(f, effectiveHb_);
+    }
 
     // m
     double EffectiveHb() const noexcept { return effectiveHb_; }
@@ -164,6 +173,26 @@ void FillNewFieldStrengths(const Path& path, double powerWatts, const double* km
                  [&path, powerWatts](const FreshPoint* points, std::size_t n, double* block) {
                      FillFieldStrengths(path, powerWatts, points, n, block);
                  });
+}
+
+// Over the points of an area, whose base heights differ, too.
+template <class Path>
+void FillAreaLosses(Path path, const AreaBlock& block, double* values) noexcept {
+    for (std::size_t i = 0; i < block.Count(); ++i) {
+        const AreaBlock::Point at = block[i];
+        path.Raise(at);
+        values[i] = LossFrom(LossHead(path), path, at);
+    }
+}
+
+template <class Path>
+void FillAreaFieldStrengths(Path path, double powerWatts, const AreaBlock& block,
+                            double* values) noexcept {
+    for (std::size_t i = 0; i < block.Count(); ++i) {
+        const AreaBlock::Point at = block[i];
+        path.Raise(at);
+        values[i] = FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
+    }
 }
 
 // What the path consists of, with the quantities behind its statistics.
