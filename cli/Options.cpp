@@ -18,22 +18,24 @@ namespace vardel::cli {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, Command>, 6> Commands = {{
+constexpr std::array<std::pair<const char*, Command>, 7> Commands = {{
     {"batch", Command::Batch},
     {"curve", Command::Curve},
     {"reach", Command::Reach},
     {"log", Command::Log},
     {"heights", Command::Heights},
     {"contour", Command::Contour},
+    {"coverage", Command::Coverage},
 }};
 
 constexpr unsigned Bit(Command command) { return 1U << static_cast<unsigned>(command); }
 constexpr unsigned Files = Bit(Command::Batch) | Bit(Command::Log);
-constexpr unsigned Sites = Bit(Command::Heights) | Bit(Command::Contour);
-constexpr unsigned Reaches = Bit(Command::Reach) | Bit(Command::Contour);
+constexpr unsigned Coverages = Bit(Command::Coverage);
+constexpr unsigned Sites = Bit(Command::Heights) | Bit(Command::Contour) | Coverages;
+constexpr unsigned Reaches = Bit(Command::Reach) | Bit(Command::Contour) | Coverages;
 // Those that have a distance and a base height of their own, and all that have a path.
 constexpr unsigned Paths = Files | Bit(Command::Path) | Bit(Command::Curve) | Bit(Command::Reach);
-constexpr unsigned All = Paths | Bit(Command::Contour);
+constexpr unsigned All = Paths | Bit(Command::Contour) | Coverages;
 
 enum class Name {
     Units,
@@ -56,6 +58,17 @@ enum class Name {
     Azimuths,
     Definition,
     Format,
+    Radius,
+    Bounds,
+    Resolution,
+    Grid,
+    OneModel,
+    CoverageOf,
+    Interval,
+    Type,
+    Output,
+    Picture,
+    Lines,
     Help,
     Version,
     Field
@@ -69,10 +82,10 @@ struct KnownOption {
     PathField field = PathField::Frequency;  // of Name::Field
 };
 
-constexpr std::array<KnownOption, 31> Known = {{
+constexpr std::array<KnownOption, 42> Known = {{
     {"frequency", Name::Field, All, true, PathField::Frequency},
     {"distance", Name::Field, Paths & ~Bit(Command::Curve), true, PathField::Distance},
-    {"base-height", Name::Field, Paths, true, PathField::BaseHeight},
+    {"base-height", Name::Field, Paths | Coverages, true, PathField::BaseHeight},
     {"mobile-height", Name::Field, All, true, PathField::MobileHeight},
     {"area", Name::Field, All, true, PathField::Area},
     {"city", Name::Field, All, true, PathField::City},
@@ -83,7 +96,7 @@ constexpr std::array<KnownOption, 31> Known = {{
     {"units", Name::Units, All | Sites},
     {"json", Name::Json, (All | Sites) & ~Bit(Command::Log), false},
     {"header", Name::Header, Bit(Command::Log), false},
-    {"threads", Name::Threads, Files},
+    {"threads", Name::Threads, Files | Coverages},
     {"start", Name::Start, Bit(Command::Curve)},
     {"end", Name::End, Bit(Command::Curve)},
     {"step", Name::Step, Bit(Command::Curve)},
@@ -99,6 +112,17 @@ constexpr std::array<KnownOption, 31> Known = {{
     {"azimuths", Name::Azimuths, Sites},
     {"definition", Name::Definition, Sites | Files},
     {"format", Name::Format, Bit(Command::Contour)},
+    {"radius", Name::Radius, Coverages},
+    {"bounds", Name::Bounds, Coverages},
+    {"resolution", Name::Resolution, Coverages},
+    {"grid", Name::Grid, Coverages},
+    {"model", Name::OneModel, Coverages},
+    {"quantity", Name::CoverageOf, Coverages},
+    {"interval", Name::Interval, Coverages},
+    {"type", Name::Type, Coverages},
+    {"output", Name::Output, Coverages},
+    {"picture", Name::Picture, Coverages},
+    {"lines", Name::Lines, Coverages},
     {"help", Name::Help, All | Sites, false},
     {"version", Name::Version, All | Sites, false},
 }};
@@ -187,6 +211,7 @@ public:
         options_.path = DefaultPath(units_);
         for (const Given& given : line_.options) Take(given);
         TakeFile();
+        options_.wantedGiven = wantedGiven_;
         Check();
         return options_;
     }
@@ -241,6 +266,7 @@ private:
                 if (const auto wrong =
                         SetPathField(options_.path, option.field, given.value, 1.0, powerUnit_))
                     throw UsageError(Dashed(option) + ": " + *wrong);
+                heightGiven_ = heightGiven_ || option.field == PathField::BaseHeight;
                 powerGiven_ = powerGiven_ || option.field == PathField::Power;
                 break;
             case Name::Json:
@@ -264,6 +290,81 @@ private:
             default:
                 TakeWanted(given);
                 TakeTerrain(given);
+                TakeCoverage(given);
+                TakeCoverageFile(given);
+                break;
+        }
+    }
+
+    double PositiveOf(const Given& given) const {
+        const double number = NumberOf(given);
+        if (!(number > 0.0))
+            throw UsageError(Dashed(*given.option) + ": " + Shown(given.value) +
+                             " is not above zero");
+        return number;
+    }
+
+    void TakeCoverage(const Given& given) {
+        using System = std::pair<const char*, CoverageSystem>;
+        using Model = std::pair<const char*, ModelNumber>;
+        using Kind = std::pair<const char*, CoverageQuantity>;
+        CoverageOptions& coverage = options_.coverage;
+        switch (given.option->name) {
+            case Name::Radius:
+                coverage.extent.radiusKm = PositiveOf(given) * KmPerDistance(units_);
+                if (coverage.extent.radiusKm > FarthestReach)
+                    throw UsageError("--radius: at most 300 km are calculated");
+                break;
+            case Name::Bounds:
+                coverage.extent.bounds = ValueOf(given, BoundsOf);
+                break;
+            case Name::Resolution:
+                coverage.resolution = PositiveOf(given) * MetresPerHeight(units_);
+                break;
+            case Name::Interval:
+                coverage.interval = PositiveOf(given);
+                break;
+            case Name::Grid:
+                coverage.grid =
+                    OneOf(given, std::array{System{"site", CoverageSystem::Site},
+                                            System{"utm", CoverageSystem::Utm},
+                                            System{"elevation", CoverageSystem::Elevation}});
+                break;
+            case Name::OneModel:
+                coverage.model = OneOf(given, std::array{Model{"itu529", ModelNumber::Itu529},
+                                                         Model{"davidson", ModelNumber::Davidson},
+                                                         Model{"cost231", ModelNumber::Cost231}});
+                break;
+            case Name::CoverageOf:
+                coverage.quantity =
+                    OneOf(given, std::array{Kind{"field-strength", CoverageQuantity::FieldStrength},
+                                            Kind{"received-power", CoverageQuantity::ReceivedPower},
+                                            Kind{"path-loss", CoverageQuantity::PathLoss}});
+                break;
+            default:
+                break;
+        }
+    }
+
+    void TakeCoverageFile(const Given& given) {
+        CoverageOptions& coverage = options_.coverage;
+        const auto takeFile = [&](std::string& file) {
+            if (given.value.empty())
+                throw UsageError(Dashed(*given.option) + ": the file's name is empty");
+            file = given.value;
+        };
+        switch (given.option->name) {
+            case Name::Type:
+                coverage.type = OneOf(given, std::array{std::pair{"float", CellType::Float},
+                                                        std::pair{"double", CellType::Double}});
+                break;
+            case Name::Output:
+                return takeFile(coverage.output);
+            case Name::Picture:
+                return takeFile(coverage.picture);
+            case Name::Lines:
+                return takeFile(coverage.lines);
+            default:
                 break;
         }
     }
@@ -340,6 +441,7 @@ private:
     }
 
     void TakeFile() {
+        options_.threads = threads_.value_or(std::max(1U, std::thread::hardware_concurrency()));
         if ((Sites & Bit(options_.command)) != 0) {
             // A pattern of the shell behind --elevation becomes several.
             if (!options_.terrain.files.empty())
@@ -358,7 +460,6 @@ private:
         }
         if (options_.command == Command::Batch && options_.file.empty())
             throw UsageError("batch wants a file, or - for standard input");
-        options_.threads = threads_.value_or(std::max(1U, std::thread::hardware_concurrency()));
     }
 
     void Check() const {
@@ -366,18 +467,54 @@ private:
         CheckTerrain();
         if (!options_.file.empty()) return;  // each row is looked at by itself
         if ((Reaches & Bit(options_.command)) != 0) {
-            if (!wantedGiven_) throw UsageError(command_ + OneWanted);
-            if (receiverGiven_ && options_.wanted.kind != Wanted::Kind::ReceivedPower)
+            if (options_.command == Command::Coverage)
+                CheckCoverage();
+            else if (!wantedGiven_)
+                throw UsageError(command_ + OneWanted);
+            if (receiverGiven_ && !IsReceivedPower() &&
+                options_.wanted.kind != Wanted::Kind::ReceivedPower)
                 throw UsageError("--antenna-gain and --cable-loss go with --received-power");
         }
         if (options_.command == Command::Curve) return CheckCurve();
         if (const auto refusal = RefusalOf(MetricInputs(options_.path))) throw UsageError(*refusal);
     }
 
+    bool IsReceivedPower() const {
+        return !wantedGiven_ && options_.coverage.quantity == CoverageQuantity::ReceivedPower;
+    }
+
+    void CheckCoverage() const {
+        const CoverageOptions& coverage = options_.coverage;
+        if ((coverage.extent.radiusKm > 0.0) == coverage.extent.bounds.has_value())
+            throw UsageError("coverage wants one of --radius and --bounds");
+        if (wantedGiven_ && coverage.quantity)
+            throw UsageError("--quantity goes without a wanted value, which says it");
+        if (!wantedGiven_ && (!coverage.picture.empty() || !coverage.lines.empty()))
+            throw UsageError(std::string("--picture and --lines: coverage") + OneWanted);
+        if (!coverage.picture.empty() && !coverage.model)
+            throw UsageError("--picture wants --model, of which it is");
+    }
+
+    // Its height is that of the antenna over the ground, or one for all directions.
+    void CheckCoverageGround() const {
+        const TerrainOptions& terrain = options_.terrain;
+        if (!terrain.files.empty()) {
+            if (heightGiven_) throw UsageError("--base-height does not go with --elevation");
+            if (!terrain.antenna) throw UsageError("coverage wants --antenna with --elevation");
+            return;
+        }
+        if (terrain.antenna || terrain.ground || terrain.azimuths || terrain.definition ||
+            options_.coverage.grid == CoverageSystem::Elevation)
+            throw UsageError(
+                "--antenna, --ground, --azimuths, --definition and --grid elevation want "
+                "--elevation, too");
+    }
+
     void CheckTerrain() const {
         const TerrainOptions& terrain = options_.terrain;
         if ((Sites & Bit(options_.command)) != 0) {
             if (!terrain.site) throw UsageError(command_ + " wants --site");
+            if (options_.command == Command::Coverage) return CheckCoverageGround();
             if (!terrain.antenna) throw UsageError(command_ + " wants --antenna");
             if (terrain.files.empty()) throw UsageError(command_ + " wants --elevation");
             if (options_.json && terrain.format.value_or(ContourFormat::Csv) != ContourFormat::Csv)
@@ -414,6 +551,7 @@ private:
     std::optional<unsigned> threads_;
     bool powerUnitGiven_ = false;
     bool powerGiven_ = false;
+    bool heightGiven_ = false;
     bool receiverGiven_ = false;
     bool wantedGiven_ = false;
 };

@@ -4,12 +4,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "cli/CoverageOptions.h"
 #include "cli/TerrainOptions.h"
 #include "engine/ReachTable.h"
 
 namespace vardel::cli {
 
-enum class Command { Path, Batch, Curve, Reach, Log, Heights, Contour };
+enum class Command { Path, Batch, Curve, Reach, Log, Heights, Contour, Coverage };
 
 // What is wrong with a command line, in words for the user.
 struct UsageError : std::runtime_error {
@@ -24,14 +25,16 @@ struct Options {
     bool json = false;
     bool header = false;    // of the log
     PathInputs path;        // of batch and log, for the columns that a file lacks
-    unsigned threads = 1;   // of batch and log
+    unsigned threads = 1;   // of batch, log and coverage
     std::string file = {};  // of batch and log; empty: one path for the log
     double start = 1.0;     // of the curve, in the units of the path
     double end = 100.0;
     double step = 1.0;
-    Wanted wanted = {};           // of the reach and the contour
+    Wanted wanted = {};           // of the reach, the contour and the coverage
+    bool wantedGiven = false;     // of the coverage, which may do without
     TerrainOptions terrain = {};  // of heights, contour, batch and log; site and antenna are there
                                   // for the first two
+    CoverageOptions coverage = {};
 };
 
 // Options stand anywhere, and may be shortened as far as they are clear. Throws UsageError. Uses

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "cli/Commands.h"
+#include "cli/Coverage.h"
 #include "cli/Help.h"
 #include "cli/Options.h"
 #include "cli/RowFormats.h"
@@ -110,6 +111,12 @@ ExitStatus RunCommand(const Options& options, const World& world) {
         case Command::Contour:
             WriteContour(options, *OpenGround(options, world), world.output, note);
             break;
+        case Command::Coverage: {
+            const auto ground =
+                options.terrain.files.empty() ? nullptr : OpenGround(options, world);
+            WriteCoverage(options, {ground.get(), world.module}, world.output, note);
+            break;
+        }
         case Command::Curve:
             WriteCurve(options, world.output);
             break;

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "cli/Batch.h"
-#include "terrain/Elevations.h"
+#include "terrain/ElevationModule.h"
 #include "text/CalendarTime.h"
 
 namespace vardel::cli {
@@ -17,6 +17,8 @@ struct World {
     CalendarTime now;
     // Elevations of files and folders; throws ElevationError.
     std::function<std::unique_ptr<Elevations>(const std::vector<std::string>& paths)> ground = {};
+    // What writes rasters; throws ElevationError.
+    std::function<const ElevationModule&()> module = {};
     bool progress = false;  // whether a long batch tells how far it is
 };
 

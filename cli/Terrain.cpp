@@ -6,8 +6,6 @@
 
 namespace vardel::cli {
 
-namespace {
-
 EffectiveHeightTable HeightsOf(const Options& options, Elevations& elevations,
                                std::size_t usualAzimuths) {
     const TerrainOptions& terrain = options.terrain;
@@ -16,6 +14,8 @@ EffectiveHeightTable HeightsOf(const Options& options, Elevations& elevations,
                             terrain.definition.value_or(HeightDefinitions.front()),
                             terrain.azimuths.value_or(usualAzimuths));
 }
+
+namespace {
 
 Record HeightRecord(const EffectiveHeightTable& table, const RadialHeight& radial, Units units) {
     const auto height = [&](double metres) { return metres / MetresPerHeight(units); };

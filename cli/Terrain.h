@@ -13,6 +13,10 @@ namespace vardel::cli {
 
 using NoteSink = std::function<void(const std::string& note)>;
 
+// The heights that the options ask for, on so many azimuths where they do not say.
+EffectiveHeightTable HeightsOf(const Options& options, Elevations& elevations,
+                               std::size_t usualAzimuths);
+
 // A row for each azimuth: the ground's average and the effective height.
 void WriteHeights(const Options& options, Elevations& elevations, const Sink& output,
                   const NoteSink& notes);

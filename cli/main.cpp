@@ -24,5 +24,6 @@ int main(int argc, char** argv) {
                                         .errors = StandardError(),
                                         .now = Now(),
                                         .ground = vardel::OpenElevations,
+                                        .module = vardel::InstalledElevationModule,
                                         .progress = ProgressIsSeen()}));
 }

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <limits>
 #include <list>
+#include <mutex>
+#include <optional>
 
 #include "elevation/HeightUnits.h"
 
@@ -21,12 +23,6 @@ namespace fs = std::filesystem;
 constexpr GIntBig GdalCache = GIntBig{32} << 20U;     // bytes, besides the mosaic's own blocks
 constexpr double LargestBlock = 256.0 * 1024 * 1024;  // bytes of a block that GDAL reads at once
 constexpr std::size_t MostOpen = 32;                  // files
-
-std::string LastMessage() {
-    std::string message = CPLGetLastErrorMsg();
-    std::replace(message.begin(), message.end(), '\n', ' ');
-    return message.empty() ? "cannot be read" : message;
-}
 
 using Dataset = std::unique_ptr<GDALDataset>;
 
@@ -77,6 +73,70 @@ public:
 private:
     std::unique_ptr<OGRCoordinateTransformation> transform_;
     bool geographic_;
+};
+
+// The same both ways for any thread: GDAL's transformations are of one thread at a time.
+class DataSystem : public GridSystem {
+public:
+    explicit DataSystem(const OGRSpatialReference& system)
+        : system_(system), geographic_(system.IsGeographic() != FALSE) {
+        earth_.SetWellKnownGeogCS("WGS84");
+        earth_.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    }
+
+    std::string Definition() const override {
+        char* text = nullptr;
+        const char* const options[] = {"FORMAT=WKT2", nullptr};
+        system_.exportToWkt(&text, options);
+        std::string wkt = text == nullptr ? "" : text;
+        CPLFree(text);
+        return wkt;
+    }
+    bool IsGeographic() const override { return geographic_; }
+
+    void ToMap(const Place* places, std::size_t count, double* x, double* y) const override {
+        for (std::size_t i = 0; i < count; ++i) {
+            x[i] = places[i].longitude;
+            y[i] = places[i].latitude;
+        }
+        Transform(toMap_, earth_, system_, count, x, y);
+    }
+    void ToPlaces(const double* x, const double* y, std::size_t count,
+                  Place* places) const override {
+        std::vector<double> longitudes(x, x + count), latitudes(y, y + count);
+        Transform(toEarth_, system_, earth_, count, longitudes.data(), latitudes.data());
+        for (std::size_t i = 0; i < count; ++i) places[i] = {latitudes[i], longitudes[i]};
+    }
+
+private:
+    using Transformation = std::unique_ptr<OGRCoordinateTransformation>;
+
+    // Those that no thread uses just now.
+    struct Spare {
+        std::mutex mutex;
+        std::vector<Transformation> transformations;
+    };
+
+    static void Transform(Spare& spare, const OGRSpatialReference& from,
+                          const OGRSpatialReference& to, std::size_t count, double* x, double* y) {
+        Transformation transformation;
+        {
+            const std::lock_guard lock(spare.mutex);
+            if (!spare.transformations.empty()) {
+                transformation = std::move(spare.transformations.back());
+                spare.transformations.pop_back();
+            }
+        }
+        if (!transformation) transformation.reset(OGRCreateCoordinateTransformation(&from, &to));
+        if (!transformation) throw ElevationError("has a coordinate system that is not known");
+        transformation->Transform(static_cast<int>(count), x, y);
+        const std::lock_guard lock(spare.mutex);
+        spare.transformations.push_back(std::move(transformation));
+    }
+
+    OGRSpatialReference system_, earth_;
+    bool geographic_;
+    mutable Spare toMap_, toEarth_;
 };
 
 // A projection for each system of coordinates that differs from all before.
@@ -162,6 +222,7 @@ public:
     }
 
     std::unique_ptr<RasterMosaic> Take() { return std::move(mosaic_); }
+    const std::optional<ElevationSystem>& FirstSystem() const { return firstSystem_; }
 
 private:
     // An ESRI grid is a folder of files that are nothing by themselves.
@@ -219,6 +280,7 @@ private:
         system.DemoteTo2D(nullptr);
         system.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         mosaic_->Add(grid, projections_.Of(system), ReaderOf(files_, file, scale));
+        if (!firstSystem_) firstSystem_ = {std::make_shared<DataSystem>(system), grid};
     }
 
     static void CheckBlocks(GDALRasterBand& band) {
@@ -232,7 +294,16 @@ private:
     std::unique_ptr<RasterMosaic> mosaic_ = std::make_unique<RasterMosaic>();
     std::shared_ptr<OpenFiles> files_ = std::make_shared<OpenFiles>();
     Projections projections_;
+    std::optional<ElevationSystem> firstSystem_;
 };
+
+}  // namespace
+
+std::string LastMessage(const char* otherwise) {
+    std::string message = CPLGetLastErrorMsg();
+    std::replace(message.begin(), message.end(), '\n', ' ');
+    return message.empty() ? otherwise : message;
+}
 
 void SetGdalUp() {
     static const bool IsUp = [] {
@@ -244,7 +315,12 @@ void SetGdalUp() {
     static_cast<void>(IsUp);
 }
 
-}  // namespace
+ElevationSystem SystemOf(const std::vector<std::string>& paths) {
+    SetGdalUp();
+    Collector collector;
+    collector.AddPath(paths.front());
+    return collector.FirstSystem().value();
+}
 
 std::unique_ptr<RasterMosaic> OpenRasters(const std::vector<std::string>& paths) {
     SetGdalUp();

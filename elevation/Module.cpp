@@ -1,4 +1,5 @@
 #include "elevation/GdalRasters.h"
+#include "elevation/GdalWriters.h"
 #include "terrain/ElevationModule.h"
 
 namespace {
@@ -7,7 +8,11 @@ std::unique_ptr<vardel::Elevations> Open(const std::vector<std::string>& paths) 
     return vardel::elevation::OpenRasters(paths);
 }
 
-constexpr vardel::ElevationModule Module = {vardel::ElevationModuleVersion, Open};
+constexpr vardel::ElevationModule Module = {
+    vardel::ElevationModuleVersion,   Open,
+    vardel::elevation::SystemOf,      vardel::elevation::CreateRaster,
+    vardel::elevation::ConvertRaster, vardel::elevation::WriteLines,
+};
 
 }  // namespace
 

@@ -32,7 +32,7 @@ OUTSIDE = [
     (r"Q\w+|qcustomplot\.h|private/.*|cups/.*", r"qt/.*|main\.cpp"),
     (r"SQLiteCpp/.*|sqlite3\.h", r"services/Database(File)?\.(h|cpp)"),
     (r"GeographicLib/.*", r"(map|terrain|coverage)/.*\.cpp"),
-    (r"(gdal|ogr|cpl)_\w+\.h", r"elevation/.*"),
+    (r"(gdal|ogr|cpl|ogrsf)_\w+\.h", r"elevation/.*"),
     (r"dlfcn\.h", r"terrain/ElevationModule\.cpp"),
     (r"pybind11/.*", r"python/.*"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*|cli/Streams\.cpp"),

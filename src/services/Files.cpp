@@ -180,6 +180,42 @@ void ReplaceFile(const std::string& path, std::string_view content, Access acces
     SweepParts(target);
 }
 
+PartFolder::PartFolder(const std::string& file) : file_(file) {
+    const fs::path target(file);
+    if (fs::is_directory(target)) Fail(file, EISDIR);
+    if (FileExists(file) && !MayWriteFile(file)) Fail(file, EACCES);
+    for (int number = 0; number < MostWriters; ++number) {
+        folder_ = PartPath(PartBase(target) + ".d", number);
+        if (::mkdir(folder_.c_str(), 0700) != 0 && errno != EEXIST) Fail(file);
+        Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
+        if (!folder.Valid()) Fail(file);
+        if (::flock(folder.Get(), LOCK_EX | LOCK_NB) != 0 || !StillNames(folder_, folder.Get()))
+            continue;
+        lock_ = ::fcntl(folder.Get(), F_DUPFD_CLOEXEC, 0);
+        for (const auto& left : fs::directory_iterator(folder_)) fs::remove_all(left);
+        return;
+    }
+    Fail(file, EBUSY);
+}
+
+PartFolder::~PartFolder() {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+    if (lock_ >= 0) ::close(lock_);
+}
+
+void PartFolder::Replace(const std::string& name) { Replace(name, file_); }
+
+void PartFolder::Replace(const std::string& name, const std::string& file) {
+    const std::string made = Path(name);
+    {
+        const Descriptor fd(::open(made.c_str(), O_RDONLY | O_CLOEXEC));
+        if (!fd.Valid() || ::fsync(fd.Get()) != 0) Fail(file);
+    }
+    if (::rename(made.c_str(), file.c_str()) != 0) Fail(file);
+    FlushFolder(fs::path(file).parent_path());
+}
+
 void RemoveFile(const std::string& path) {
     ::unlink(path.c_str());
     ::unlink(PartPath(PartBase(path), 0).c_str());

@@ -47,6 +47,29 @@ private:
 void ReplaceFile(const std::string& path, std::string_view content,
                  Access access = Access::AsUsual);
 
+// A folder beside a file, for what a library writes there until it is whole and takes the file's
+// place. It goes at the end with all that is in it; one that a killed program left is taken up.
+class PartFolder {
+public:
+    // Throws std::system_error, also for a file that may not be written.
+    explicit PartFolder(const std::string& file);
+    PartFolder(const PartFolder&) = delete;
+    PartFolder& operator=(const PartFolder&) = delete;
+    ~PartFolder();
+
+    std::string Path(const std::string& name) const { return folder_ + '/' + name; }
+    // Flushes what lies there under the name to the disk and renames it over the file. Throws
+    // std::system_error.
+    void Replace(const std::string& name);
+    // The same over another file of the same folder.
+    void Replace(const std::string& name, const std::string& file);
+
+private:
+    std::string file_;
+    std::string folder_;
+    int lock_ = -1;
+};
+
 // With what a program that was killed while replacing it has left beside. A file that has gone is
 // no error.
 void RemoveFile(const std::string& path);

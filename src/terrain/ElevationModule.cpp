@@ -19,14 +19,7 @@ std::string InstalledModule() {
     throw ElevationError("elevation data need the package vardel-terrain, which is not installed");
 }
 
-}  // namespace
-
-std::unique_ptr<Elevations> OpenElevations(const std::vector<std::string>& paths) {
-    return OpenElevationsWith(InstalledModule(), paths);
-}
-
-std::unique_ptr<Elevations> OpenElevationsWith(const std::string& moduleFile,
-                                               const std::vector<std::string>& paths) {
+const ElevationModule& ModuleIn(const std::string& moduleFile) {
     // It stays for as long as the program runs: its libraries cannot be unloaded.
     void* const module = dlopen(moduleFile.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr)
@@ -38,7 +31,20 @@ std::unique_ptr<Elevations> OpenElevationsWith(const std::string& moduleFile,
     if (found == nullptr || found->version != ElevationModuleVersion)
         throw ElevationError(
             "the package vardel-terrain is of another version; install that of this program");
-    return found->open(paths);
+    return *found;
+}
+
+}  // namespace
+
+const ElevationModule& InstalledElevationModule() { return ModuleIn(InstalledModule()); }
+
+std::unique_ptr<Elevations> OpenElevations(const std::vector<std::string>& paths) {
+    return InstalledElevationModule().open(paths);
+}
+
+std::unique_ptr<Elevations> OpenElevationsWith(const std::string& moduleFile,
+                                               const std::vector<std::string>& paths) {
+    return ModuleIn(moduleFile).open(paths);
 }
 
 }  // namespace vardel

@@ -1,0 +1,99 @@
+#include "coverage/CoverageColors.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "text/NumberText.h"
+
+namespace vardel {
+
+namespace {
+
+constexpr int Missing = 2;  // colours of what does not meet the goal; they come first
+constexpr std::array<PixelColor, 8> Colors = {{{226, 226, 226, 255},
+                                               {190, 190, 190, 255},
+                                               {253, 231, 37, 255},
+                                               {144, 215, 67, 255},
+                                               {53, 183, 121, 255},
+                                               {33, 145, 140, 255},
+                                               {49, 104, 142, 255},
+                                               {68, 57, 131, 255}}};
+constexpr PixelColor Clear{0, 0, 0, 0};
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text)
+        if (c == '<')
+            escaped += "&lt;";
+        else if (c == '&')
+            escaped += "&amp;";
+        else
+            escaped += c;
+    return escaped;
+}
+
+std::string Hex(const PixelColor& color) {
+    constexpr const char* Digits = "0123456789abcdef";
+    std::string text = "#";
+    for (const unsigned part : {color.red, color.green, color.blue})
+        text += {Digits[part >> 4U], Digits[part & 15U]};
+    return text;
+}
+
+}  // namespace
+
+const char* NameOf(CoverageQuantity quantity) {
+    if (quantity == CoverageQuantity::PathLoss) return "Path loss";
+    return quantity == CoverageQuantity::FieldStrength ? "Field strength" : "Received power";
+}
+
+const char* UnitOf(CoverageQuantity quantity) {
+    if (quantity == CoverageQuantity::PathLoss) return "dB";
+    return quantity == CoverageQuantity::FieldStrength ? "dB(µV/m)" : "dBm";
+}
+
+PixelColor CoverageColors::Of(double value) const {
+    if (std::isnan(value)) return Clear;
+    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
+    const double steps = std::floor((isLoss ? goal_ - value : value - goal_) / step_);
+    if (steps < -Missing) return Clear;
+    const double last = static_cast<double>(Colors.size()) - 1.0;
+    return Colors[static_cast<std::size_t>(std::min(steps + Missing, last))];
+}
+
+std::vector<double> CoverageColors::Breaks() const {
+    const double better = quantity_ == CoverageQuantity::PathLoss ? -step_ : step_;
+    std::vector<double> breaks;
+    for (int i = 0; i < static_cast<int>(Colors.size()); ++i)
+        breaks.push_back(goal_ + (i - Missing) * better);
+    std::sort(breaks.begin(), breaks.end());
+    return breaks;
+}
+
+std::string CoverageColors::Legend(const std::string& title) const {
+    constexpr int Box = 22, Head = 62, Width = 260;
+    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
+    const auto count = static_cast<int>(Colors.size());
+    const std::string height = std::to_string(Head + count * Box + 12);
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(Width) +
+                      "\" height=\"" + height +
+                      "\" font-family=\"Liberation Sans, Arial, sans-serif\" font-size=\"13\">\n"
+                      "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+                      "<text x=\"12\" y=\"24\" font-weight=\"bold\">" +
+                      Escaped(title) + "</text>\n<text x=\"12\" y=\"46\">" + NameOf(quantity_) +
+                      " in " + UnitOf(quantity_) + "</text>\n";
+    for (int i = count - 1; i >= 0; --i) {
+        const int top = Head + (count - 1 - i) * Box;
+        const double value = goal_ + (i - Missing) * (isLoss ? -step_ : step_);
+        std::string text = (isLoss ? "up to " : "from ") + ShortestText(value);
+        if (i == Missing) text += ", as wanted";
+        svg += "<rect x=\"12\" y=\"" + std::to_string(top) +
+               "\" width=\"34\" height=\"18\" fill=\"" + Hex(Colors[static_cast<std::size_t>(i)]) +
+               "\" stroke=\"#666\" stroke-width=\"0.5\"/>\n<text x=\"56\" y=\"" +
+               std::to_string(top + 14) + "\"" + (i == Missing ? " font-weight=\"bold\"" : "") +
+               ">" + text + "</text>\n";
+    }
+    return svg + "</svg>\n";
+}
+
+}  // namespace vardel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "coverage/CoverageStation.h"
+
+// The colours of an area, in steps from the wanted value, which is their break: what meets it is in
+// colours that differ for everyone's eyes (those of the viridis scale by S. van der Walt and N.
+// Smith), what does not is grey, and what misses it by more than two steps is left clear.
+
+namespace vardel {
+
+struct PixelColor {
+    std::uint8_t red, green, blue, alpha;
+
+    friend bool operator==(const PixelColor&, const PixelColor&) = default;
+};
+
+class CoverageColors {
+public:
+    // step in dB, above zero.
+    CoverageColors(CoverageQuantity quantity, double goal, double step)
+        : quantity_(quantity), goal_(goal), step_(step) {}
+
+    PixelColor Of(double value) const;
+    // Where the colours change, from the lowest on.
+    std::vector<double> Breaks() const;
+    // What the colours stand for, as a picture in SVG; the title is plain text.
+    std::string Legend(const std::string& title) const;
+
+private:
+    CoverageQuantity quantity_;
+    double goal_;
+    double step_;
+};
+
+// "Field strength" and the like, and its unit.
+const char* NameOf(CoverageQuantity quantity);
+const char* UnitOf(CoverageQuantity quantity);
+
+}  // namespace vardel
