@@ -30,6 +30,11 @@ CoverageGrid GridOf(std::shared_ptr<const GridSystem> system) {
     return MakeCoverageGrid(Site, system, PatternOf(*system, Site, metres), {30.0});
 }
 
+void PerPixel(benchmark::State& state, const CoverageGrid& grid) {
+    state.counters["pixel"] = benchmark::Counter(
+        grid.Cells(), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
 struct Room {
     explicit Room(std::size_t cells)
         : values(3, std::vector<double>(cells)),
@@ -54,9 +59,7 @@ void CoverOn(benchmark::State& state, unsigned threads, const CoverageStation& s
     for (auto _ : state)
         benchmark::DoNotOptimize(ComputeCoverageOn(
             threads, station, grid, {0, 0, grid.cells.columns, grid.cells.rows}, room.buffers));
-    state.counters["ns_a_pixel"] =
-        benchmark::Counter(grid.Cells() * 1e-9, benchmark::Counter::kIsIterationInvariantRate |
-                                                    benchmark::Counter::kInvert);
+    PerPixel(state, grid);
 }
 
 void AreaAroundSite(benchmark::State& state) {
@@ -109,9 +112,7 @@ void AreaFloor(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(sum);
     }
-    state.counters["ns_a_pixel"] =
-        benchmark::Counter(grid.Cells() * 1e-9, benchmark::Counter::kIsIterationInvariantRate |
-                                                    benchmark::Counter::kInvert);
+    PerPixel(state, grid);
 }
 BENCHMARK(AreaFloor)->ArgName("varied")->Arg(0)->Arg(1)->UseRealTime()->Unit(
     benchmark::kMillisecond);

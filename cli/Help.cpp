@@ -10,6 +10,7 @@ std::string HelpText() {
        vardel-calc log [FILE] [OPTION]...  lines of the report log
        vardel-calc heights [OPTION]...     effective heights over real ground
        vardel-calc contour [OPTION]...     how far a station reaches over it
+       vardel-calc coverage [OPTION]...    the values over an area, as files
 Radio path loss and field strength by ITU-R P.529, Davidson and COST 231.
 
 The path; in batch and log FILE, what a column is missing for:
@@ -33,13 +34,13 @@ The output:
 curve:
   --start D, --end D, --step D   distances, in km or miles (1, 100, 1)
 
-reach and contour, one of:
+reach and contour, and if wanted coverage, one of:
   --field-strength DBUV          wanted at the antenna, dB(µV/m)
   --received-power DBM           wanted at the receiver; with
     --antenna-gain DBI, --cable-loss DB   of the receiver (0, 0)
   --path-loss DB                 allowed between isotropic antennas
 
-heights and contour, the ground:
+heights, contour and coverage, the ground:
   --site "LAT LON"      of the mast, in degrees, such as "49.8 6.1"
   --antenna H           above the ground, in m or ft
   --elevation FILE...   elevations, files or folders (package vardel-terrain)
@@ -48,6 +49,18 @@ heights and contour, the ground:
   --definition KEY      of the average: 3-16, 3-15, 3.2-16.1, p1546, or own
                         bounds in km such as 2-20 (3-16)
   --format NAME         of the contour: csv, geojson or kml (csv)
+
+coverage, the area; without --elevation the base height is --base-height:
+  --radius D            in km or miles, up to 300 km; or --bounds "S W N E"
+  --resolution H        of a pixel, in m or ft (100 m)
+  --grid NAME           site, utm or elevation (site)
+  --model NAME          itu529, davidson or cost231 (all)
+  --quantity NAME       field-strength, received-power or path-loss, where
+                        nothing is wanted (field-strength)
+  --output FILE.tif     a raster; --type double keeps all bits
+  --picture FILE.png    a picture of --model, with a legend beside it
+  --lines FILE.geojson  lines of equal value
+  --interval DB         the steps of picture and lines (10)
 
 batch: the first line names the columns, in any order and case: frequency_mhz,
 distance_km or distance_mi, base_height_m or _ft, mobile_height_m or _ft, area,
