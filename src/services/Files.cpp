@@ -90,6 +90,22 @@ void SweepParts(const fs::path& target) {
     }
 }
 
+// What is to be replaced under a path; a link stays one. Fails where that is no file, or may not be
+// written.
+fs::path TargetOf(const std::string& path) {
+    std::error_code ignored;
+    fs::path target = path;
+    if (fs::is_symlink(target, ignored)) {
+        const fs::path pointedTo = fs::canonical(target, ignored);
+        if (!pointedTo.empty()) target = pointedTo;
+    }
+    struct stat status {};
+    if (::stat(target.c_str(), &status) != 0) return target;
+    if (!S_ISREG(status.st_mode)) Fail(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+    if (!MayWriteFile(target.string())) Fail(path, EACCES);
+    return target;
+}
+
 // The renaming is on the disk once its folder is.
 void FlushFolder(const fs::path& folder) {
     const Descriptor fd(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY));
@@ -151,18 +167,9 @@ FolderLock::~FolderLock() {
 }
 
 void ReplaceFile(const std::string& path, std::string_view content, Access access) {
-    // A link stays one: what it points to is replaced.
-    std::error_code ignored;
-    fs::path target = path;
-    if (fs::is_symlink(target, ignored)) {
-        const fs::path pointedTo = fs::canonical(target, ignored);
-        if (!pointedTo.empty()) target = pointedTo;
-    }
-
+    const fs::path target = TargetOf(path);
     struct stat status {};
     const bool replaces = ::stat(target.c_str(), &status) == 0;
-    if (replaces && !S_ISREG(status.st_mode)) Fail(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-    if (replaces && !MayWriteFile(target.string())) Fail(path, EACCES);
 
     PartFile part = OpenPart(target, access == Access::OwnerOnly ? 0600 : 0666);
     try {
@@ -181,9 +188,7 @@ void ReplaceFile(const std::string& path, std::string_view content, Access acces
 }
 
 PartFolder::PartFolder(const std::string& file) : file_(file) {
-    const fs::path target(file);
-    if (fs::is_directory(target)) Fail(file, EISDIR);
-    if (FileExists(file) && !MayWriteFile(file)) Fail(file, EACCES);
+    const fs::path target = TargetOf(file);
     for (int number = 0; number < MostWriters; ++number) {
         folder_ = PartPath(PartBase(target) + ".d", number);
         if (::mkdir(folder_.c_str(), 0700) != 0 && errno != EEXIST) Fail(file);
@@ -208,12 +213,17 @@ void PartFolder::Replace(const std::string& name) { Replace(name, file_); }
 
 void PartFolder::Replace(const std::string& name, const std::string& file) {
     const std::string made = Path(name);
+    const fs::path target = TargetOf(file);
     {
         const Descriptor fd(::open(made.c_str(), O_RDONLY | O_CLOEXEC));
-        if (!fd.Valid() || ::fsync(fd.Get()) != 0) Fail(file);
+        struct stat status {};
+        if (!fd.Valid()) Fail(file);
+        if (::stat(target.c_str(), &status) == 0 && ::fchmod(fd.Get(), status.st_mode & 07777) != 0)
+            Fail(file);
+        if (::fsync(fd.Get()) != 0) Fail(file);
     }
-    if (::rename(made.c_str(), file.c_str()) != 0) Fail(file);
-    FlushFolder(fs::path(file).parent_path());
+    if (::rename(made.c_str(), target.c_str()) != 0) Fail(file);
+    FlushFolder(target.parent_path());
 }
 
 void RemoveFile(const std::string& path) {

@@ -96,7 +96,8 @@ class Coverage(unittest.TestCase):
             (("--radius", "9", "--picture", self.folder / "x.png"), 2, "--picture and --lines: coverage wants one of"),
             (("--radius", "9", "--antenna", "9"), 2, "want --elevation, too"),
             (("--radius", "9", "--output", self.folder / "none" / "x.tif"), 1, "No such file or directory"),
-            (("--radius", "9", "--output", self.folder), 1, "Is a directory")]
+            (("--radius", "9", "--output", self.folder), 1, "Is a directory"),
+            (("--radius", "9", "--output", "/dev/null"), 1, "/dev/null: Invalid argument")]
         if shutil.disk_usage(self.folder).free < 500e9:
             words = ("--radius", "300", "--resolution", "6.1", "--type", "double", "--output", self.tiff)
             cases.append((words, 1, "the disk has"))

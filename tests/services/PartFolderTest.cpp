@@ -33,6 +33,20 @@ TEST(PartFolder, HoldsWhatIsMadeUntilItTakesThePlace) {
     EXPECT_FALSE(FileExists(PartFolder(file).Path("made")));
     EXPECT_FALSE(std::filesystem::exists(folder));
     EXPECT_THROW(PartFolder(scratch.Path("")), std::system_error);
+    // A device, or a pipe, is no file to be replaced.
+    EXPECT_THROW(PartFolder("/dev/null"), std::system_error);
+    // A link stays one, and the permissions stay those of the file.
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    const std::string link = scratch.Path("link.tif");
+    std::filesystem::create_symlink(file, link);
+    {
+        PartFolder behind(link);
+        std::ofstream(behind.Path("made")) << "newest";
+        behind.Replace("made");
+    }
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(ReadWholeFile(file), "newest");
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms::owner_all);
 }
 
 }  // namespace
