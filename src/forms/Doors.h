@@ -31,6 +31,7 @@ class frmPrinterSelect;
 
 // How forms reach the outside and each other: each form by its name, made when it is first touched.
 struct Doors {
+    vardel::dbOperations dbOperations;  // holds its archive open between runs
     Platform platform;
     FormSlot<vardel::MainForm> MainForm;
     FormSlot<vardel::FrmReport> FrmReport;
@@ -51,7 +52,6 @@ struct Doors {
     // Of elevation data in these files and folders; throws ElevationError.
     std::function<std::unique_ptr<Elevations>(const std::vector<std::string>&)> OpenElevations =
         &vardel::OpenElevations;
-    vardel::dbOperations dbOperations;  // holds its archive open between runs
 };
 
 }  // namespace vardel

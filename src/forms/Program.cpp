@@ -38,6 +38,7 @@ void HandBackIfOpen(FormSlot<Graph>& slot, MainForm& main) {
 
 Program::Program(Platform services)
     : Doors{
+          .dbOperations = vardel::dbOperations(services.windows),
           .platform = std::move(services),
           .MainForm{[this] { return Make<vardel::MainForm>(platform, *this, *this); }},
           .FrmReport{[this] { return Make<vardel::FrmReport>(platform, *this); }},
@@ -57,7 +58,6 @@ Program::Program(Platform services)
           .ArchiveForm{[this] { return Make<vardel::ArchiveForm>(platform, *this, *this); }},
           .ValuesForm{[this] { return Make<vardel::ValuesForm>(platform, *this); }},
           .ReportLog = [this]() -> RLogClass& { return TheReportLog(); },
-          .dbOperations = vardel::dbOperations(platform.windows),
       } {}
 
 Program::~Program() = default;

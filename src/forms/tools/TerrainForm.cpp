@@ -45,6 +45,7 @@ constexpr std::array<StoredBox, 8> StoredBoxes = {{
 
 std::vector<ComboBox::Item> DefinitionItems() {
     std::vector<ComboBox::Item> items;
+    items.reserve(HeightDefinitions.size() + 1);
     for (const HeightDefinition& definition : HeightDefinitions)
         items.push_back({std::string(definition.name)});
     items.push_back({"own bounds"});
