@@ -29,11 +29,9 @@ Cell HeightOutcome(const NeededHeight& height) {
     return {};
 }
 
-Record ReachRecord(const Model& model, const Options& options) {
-    const ModelInputs inputs = MetricInputs(options.path);
-    const Goal goal = GoalOf(options.wanted, options.path);
-    const Units units = options.path.units;
-    const Reach reach = ReachOf(model, inputs, goal);
+// What meets the goal at the path's own distance.
+void AddNeeds(Record& record, const Model& model, const PathInputs& path, const Goal& goal) {
+    const ModelInputs inputs = MetricInputs(path);
     const NeededHeight height = BaseHeightFor(model, inputs, goal);
     const bool heightMet = height.outcome == NeededHeight::Outcome::Lowest ||
                            height.outcome == NeededHeight::Outcome::Found;
@@ -41,18 +39,27 @@ Record ReachRecord(const Model& model, const Options& options) {
     if (goal.quantity == Quantity::FieldStrength)
         if (const auto needed = PowerForFieldStrength(model, inputs, goal.value))
             power = needed->watts;
-    return {
+    const std::string at = "_at_" + DistanceColumn(ShortestText(path.distance), path.units);
+    record.emplace_back("power_w" + at, power);
+    record.emplace_back("base_height" + at, HeightOutcome(height));
+    record.emplace_back(HeightColumn("base_height", path.units) + at,
+                        heightMet ? Cell(height.metres / MetresPerHeight(path.units)) : Cell());
+}
+
+Record ReachRecord(const Model& model, const Options& options) {
+    const Goal goal = GoalOf(options.wanted, options.path);
+    const Units units = options.path.units;
+    const Reach reach = ReachOf(model, MetricInputs(options.path), goal);
+    Record record = {
         {"model", ColumnName(model)},
         {"reach", ReachOutcome(reach)},
         {DistanceColumn("reach", units),
          reach.served.empty() ? Cell() : Cell(reach.km / KmPerDistance(units))},
         {"in_range", reach.inRange},
         {"met_again", reach.Again()},
-        {"power_w", power},
-        {"base_height", HeightOutcome(height)},
-        {HeightColumn("base_height", units),
-         heightMet ? Cell(height.metres / MetresPerHeight(units)) : Cell()},
     };
+    if (options.distanceGiven) AddNeeds(record, model, options.path, goal);
+    return record;
 }
 
 std::string Padded(std::string text, std::size_t width) {

@@ -13,7 +13,8 @@ void WritePath(const Options& options, const Sink& output);
 // A row for each distance from start to end, the end included where a step meets it. A distance is
 // the number that its shortest text is, as if it had been typed.
 void WriteCurve(const Options& options, const Sink& output);
-// A row for each model: how far it reaches, and what power and mast the path's distance needs.
+// A row for each model: how far it reaches and, where a distance was given, what power and mast
+// that one needs; their names tell the distance.
 void WriteReach(const Options& options, const Sink& output);
 // A line of the report log.
 void WriteLogLine(const Options& options, const CalendarTime& time, const Sink& output);

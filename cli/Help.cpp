@@ -20,8 +20,8 @@ The path; in batch and log FILE, what a column is missing for:
   --mobile-height H     in m or ft, 1 to 30 m (1.5 m)
   --area NAME           Urban, Suburban or Open (Urban)
   --city NAME           Small/Medium or Large (Small/Medium)
-  --time PERCENT        of time, 1 to 99 (50)
-  --locations PERCENT   of locations, 1 to 99 (50)
+  --percent-time P      of time, 1 to 99 (50), or --time
+  --percent-locations P of locations, 1 to 99 (50), or --locations
   --power P             e.r.p. (1000 W)
   --power-unit UNIT     of --power: w, kw, dbm or dbw (w)
   --units SYSTEM        metric, or english for miles and feet (metric)
@@ -34,7 +34,8 @@ The output:
 curve:
   --start D, --end D, --step D   distances, in km or miles (1, 100, 1)
 
-reach and contour, and if wanted coverage, one of:
+reach (with --distance also the power and the mast that it needs), contour,
+and if wanted coverage, one of:
   --field-strength DBUV          wanted at the antenna, dB(µV/m)
   --received-power DBM           wanted at the receiver; with
     --antenna-gain DBI, --cable-loss DB   of the receiver (0, 0)

@@ -82,14 +82,16 @@ struct KnownOption {
     PathField field = PathField::Frequency;  // of Name::Field
 };
 
-constexpr std::array<KnownOption, 42> Known = {{
+constexpr std::array<KnownOption, 44> Known = {{
     {"frequency", Name::Field, All, true, PathField::Frequency},
     {"distance", Name::Field, Paths & ~Bit(Command::Curve), true, PathField::Distance},
     {"base-height", Name::Field, Paths | Coverages, true, PathField::BaseHeight},
     {"mobile-height", Name::Field, All, true, PathField::MobileHeight},
     {"area", Name::Field, All, true, PathField::Area},
     {"city", Name::Field, All, true, PathField::City},
-    {"time", Name::Field, All, true, PathField::PercentTime},
+    {"percent-time", Name::Field, All, true, PathField::PercentTime},
+    {"percent-locations", Name::Field, All, true, PathField::PercentLocations},
+    {"time", Name::Field, All, true, PathField::PercentTime},  // short for the two before
     {"locations", Name::Field, All, true, PathField::PercentLocations},
     {"power", Name::Field, All, true, PathField::Power},
     {"power-unit", Name::PowerUnit, All},
@@ -268,6 +270,7 @@ private:
                     throw UsageError(Dashed(option) + ": " + *wrong);
                 heightGiven_ = heightGiven_ || option.field == PathField::BaseHeight;
                 powerGiven_ = powerGiven_ || option.field == PathField::Power;
+                options_.distanceGiven |= option.field == PathField::Distance;
                 break;
             case Name::Json:
                 options_.json = true;

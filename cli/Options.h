@@ -23,8 +23,9 @@ struct Options {
     bool help = false;  // then, as with version, nothing else counts
     bool version = false;
     bool json = false;
-    bool header = false;    // of the log
-    PathInputs path;        // of batch and log, for the columns that a file lacks
+    bool header = false;  // of the log
+    PathInputs path;      // of batch and log, for the columns that a file lacks
+    bool distanceGiven = false;
     unsigned threads = 1;   // of batch, log and coverage
     std::string file = {};  // of batch and log; empty: one path for the log
     double start = 1.0;     // of the curve, in the units of the path

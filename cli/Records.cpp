@@ -63,11 +63,11 @@ std::string JsonOf(const std::vector<Record>& records) {
     return out;
 }
 
-std::string DistanceColumn(const char* quantity, Units units) {
+std::string DistanceColumn(const std::string& quantity, Units units) {
     return quantity + std::string(units == Units::English ? "_mi" : "_km");
 }
 
-std::string HeightColumn(const char* quantity, Units units) {
+std::string HeightColumn(const std::string& quantity, Units units) {
     return quantity + std::string("_") + HeightUnit(units);
 }
 

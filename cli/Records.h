@@ -26,8 +26,8 @@ std::string CsvOf(const std::vector<Record>& records);
 std::string JsonOf(const std::vector<Record>& records);
 
 // A quantity with the unit behind it, such as "reach_km".
-std::string DistanceColumn(const char* quantity, Units units);
-std::string HeightColumn(const char* quantity, Units units);
+std::string DistanceColumn(const std::string& quantity, Units units);
+std::string HeightColumn(const std::string& quantity, Units units);
 
 // How a reach came out, in a word; none for Invalid.
 Cell ReachOutcome(const Reach& reach);

@@ -32,7 +32,7 @@ void AddReach(Record& record, const Model& model, const Reach& reach, Units unit
     const std::string name = ColumnName(model);
     record.insert(record.end(),
                   {{name + "_reach", ReachOutcome(reach)},
-                   {DistanceColumn((name + "_reach").c_str(), units),
+                   {DistanceColumn(name + "_reach", units),
                     reach.served.empty() ? Cell() : Cell(reach.km / KmPerDistance(units))},
                    {name + "_in_range", reach.inRange},
                    {name + "_met_again", reach.Again()}});

@@ -43,7 +43,8 @@ TEST(Program, WrongUsage) {
         {{"plot"}, "unknown command 'plot'"},
         {{"--frequency", "4,5"}, "--frequency: '4,5' has a decimal comma"},
         {{"--frequency", "29"}, "Valid Frequency Range"},
-        {{"--time", "0.5"}, "--time: '0.5' is not from 1 to 99"},
+        {{"--percent-time", "0.5"}, "--percent-time: '0.5' is not from 1 to 99"},
+        {{"--locations", "99.5"}, "--locations: '99.5' is not from 1 to 99"},
         {{"--area", "Forest"}, "--area: 'Forest' is none of Urban, Suburban, Open"},
         {{"--power", "-3"}, "--power: '-3' is no power"},
         {{"--power-unit", "w"}, "--power-unit wants --power"},
@@ -211,7 +212,7 @@ TEST(Program, LogLinesTellTheInputs) {
          "base_height_m\n50",
          "   16.09     450      50     1.5 Urban ",
          " 50% 50% Metric      100"},
-        {{"--time", "20", "--locations", "80"},
+        {{"--time", "20", "--percent-locations", "80"},
          "city,power_dbw,frequency_mhz\nLARGE,10,900",
          "      10     900     100     1.5 Urban     Large ",
          " 20% 80% Metric       10"},
@@ -235,26 +236,32 @@ TEST(Program, LogLinesTellTheInputs) {
 // The loss of 143.129250234123 dB, and the field strength of 49.3050000413837 dB(µV/m), are those
 // of 10 km, or 6.21388 miles, and a mast of 100 m, or 328.084 ft.
 TEST(Program, Reach) {
-    EXPECT_THAT(
-        Calc({"reach", "--path-loss", "143.129250234"}).output,
-        AllOf(StartsWith(
-                  "model,reach,reach_km,in_range,met_again,power_w,base_height,base_height_m\r\n"
-                  "itu529,ends,9.99999"),
-              HasSubstr(",yes,no,,found,100.00")));
+    EXPECT_THAT(Calc({"reach", "--path-loss", "143.129250234"}).output,
+                AllOf(StartsWith("model,reach,reach_km,in_range,met_again\r\nitu529,ends,9.99999"),
+                      HasSubstr(",yes,no\r\ndavidson,")));
+    EXPECT_THAT(Calc({"reach", "--path-loss", "143.129250234", "--distance=10.0"}).output,
+                AllOf(StartsWith("model,reach,reach_km,in_range,met_again,power_w_at_10_km,"
+                                 "base_height_at_10_km,base_height_m_at_10_km\r\n"
+                                 "itu529,ends,9.99999"),
+                      HasSubstr(",yes,no,,found,100.00")));
     EXPECT_THAT(Calc({"reach", "--field-strength", "39.3050000413837", "--units", "english",
                       "--distance", "6.2138818119679"})
                     .output,
                 HasSubstr(",yes,no,99.99999999999"));
-    EXPECT_THAT(Calc({"reach", "--path-loss", "143.129250234", "--units", "english"}).output,
-                AllOf(HasSubstr("\r\nitu529,ends,6.21388"), HasSubstr(",found,328.08")));
+    EXPECT_THAT(Calc({"reach", "--path-loss", "143.129250234", "--units", "english", "--distance",
+                      "6.21388"})
+                    .output,
+                AllOf(HasSubstr(",base_height_ft_at_6.21388_mi\r\nitu529,ends,6.21388"),
+                      HasSubstr(",found,328.08")));
     // 28.264 dB(µV/m) at the antenna, by 77.2
-    EXPECT_THAT(
-        Calc({"reach", "--received-power=-100", "--antenna-gain=3", "--cable-loss=1"}).output,
-        HasSubstr(",yes,no,7.869"));
+    EXPECT_THAT(Calc({"reach", "--received-power=-100", "--antenna-gain=3", "--cable-loss=1",
+                      "--distance=10"})
+                    .output,
+                HasSubstr(",yes,no,7.869"));
     EXPECT_THAT(Calc({"reach", "--received-power", "-300", "--json"}).output,
                 HasSubstr("\"davidson\",\"reach\":\"everywhere\",\"reach_km\":300,"));
     EXPECT_THAT(Calc({"reach", "--field-strength", "300"}).output,
-                HasSubstr("cost231,never,,no,no,"));
+                HasSubstr("cost231,never,,no,no\r\n"));
 }
 
 TEST(Program, AnOutputThatFails) {
