@@ -64,6 +64,7 @@ PixelColor CoverageColors::Of(double value) const {
 std::vector<double> CoverageColors::Breaks() const {
     const double better = quantity_ == CoverageQuantity::PathLoss ? -step_ : step_;
     std::vector<double> breaks;
+    breaks.reserve(Colors.size());
     for (int i = 0; i < static_cast<int>(Colors.size()); ++i)
         breaks.push_back(goal_ + (i - Missing) * better);
     std::sort(breaks.begin(), breaks.end());
