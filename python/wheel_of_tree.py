@@ -46,8 +46,11 @@ def tag():
 
 def build(work):
     """Installs the package below work."""
+    # pip's environment for builds hides numpy, whose headers the extension needs.
+    environment = {name: value for name, value in os.environ.items() if name != "PYTHONPATH"}
+
     def cmake(*arguments):
-        subprocess.run(["cmake", *map(str, arguments)], check=True, stdout=sys.stderr)
+        subprocess.run(["cmake", *map(str, arguments)], check=True, stdout=sys.stderr, env=environment)
 
     made = work / "build"
     cmake("-S", TREE, "-B", made, "-DCMAKE_BUILD_TYPE=Release", "-DVARDEL_GUI=OFF", "-DVARDEL_TESTS=OFF",

@@ -21,7 +21,7 @@ ROOMS = {
     "coverage": ["models", "services", "text", "engine", "map", "terrain"],
     "elevation": ["terrain", "map", "models", "services", "text", "engine"],
     "archive": ["engine", "models", "services", "text"],
-    "python": ["engine", "archive", "map", "terrain", "models", "services", "text"],
+    "python": ["engine", "archive", "coverage", "map", "terrain", "models", "services", "text"],
     "forms": ["models", "text", "services", "controls", "richtext", "engine", "map", "terrain", "coverage", "archive"],
     "qt": ["models", "text", "services", "controls", "richtext", "engine", "map", "terrain", "coverage", "archive",
            "forms"],
@@ -34,7 +34,7 @@ OUTSIDE = [
     (r"GeographicLib/.*", r"(map|terrain|coverage)/.*\.cpp"),
     (r"(gdal|ogr|cpl|ogrsf)_\w+\.h", r"elevation/.*"),
     (r"dlfcn\.h", r"terrain/ElevationModule\.cpp"),
-    (r"pybind11/.*", r"python/.*"),
+    (r"(pybind11|numpy)/.*", r"python/.*"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*|cli/Streams\.cpp"),
     (r"getopt\.h", r"cli/Options\.cpp"),
 ]

@@ -23,8 +23,9 @@ for purpose in "$@"; do
       libgtest-dev libgmock-dev libbenchmark-dev locales unrtf libwmf-bin ghostscript poppler-utils
       libreoffice-draw-nogui xvfb xdotool weston imagemagick gnuplot-nox gdal-bin
       pybind11-dev python3-dev python3-geographiclib python3-numpy python3-pytest python3-matplotlib python3-venv
+      python3-dask python3-distributed python3-pandas python3-xarray mypy
       clang clang-format clang-tidy libclang-rt-14-dev desktop-file-utils appstream lintian man-db dpkg-dev file) ;;
-    package) packages+=(dpkg-dev file pybind11-dev python3-dev) ;;
+    package) packages+=(dpkg-dev file pybind11-dev python3-dev python3-numpy) ;;
   esac
 done
 

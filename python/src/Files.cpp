@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "Broadcast.h"
+#include "Names.h"
 #include "Parts.h"
 #include "archive/ArchiveReader.h"
 #include "engine/MeasuredData.h"

@@ -1,14 +1,36 @@
 #pragma once
 
-#include <array>
+#include <pybind11/pybind11.h>
 
-#include "Broadcast.h"
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
 #include "models/Model.h"
 #include "models/Primitives.h"
 
 // How Python names what the house has as values.
 
 namespace vardel::python {
+
+namespace py = pybind11;
+
+// The names that an argument may have. A name's place in the list is its code.
+struct NameList {
+    const char* argument;
+    std::span<const char* const> names;
+    // The place of a text in names, or their number; null: case and blanks count.
+    std::size_t (*find)(std::string_view text) noexcept = nullptr;
+};
+
+// The code of a text that is missing in a table.
+inline constexpr int MissingCode = -1;
+
+// The place of a text in the list. Throws ValueError for another text and TypeError for what is no
+// text.
+std::size_t PlaceOf(py::handle text, const NameList& list);
 
 // In the order of ModelNumber; the functions of a model begin with its name.
 inline constexpr std::array<const char*, 4> ModelNames = {"itu529", "davidson", "cost231", "us"};
@@ -28,17 +50,5 @@ inline constexpr NameList ModelList{"model", ModelNames};
 inline constexpr NameList AreaList{"area", AreaNames, FindArea};
 inline constexpr NameList CityList{"city", CityNames};
 inline constexpr NameList UnitList{"unit", UnitNames};
-
-inline const Model& ModelNamed(py::handle name) { return Models.at(PlaceOf(name, ModelList)); }
-
-// What the program's first start has in its boxes.
-struct FirstStart {
-    static constexpr double BaseHeight = 100.0;  // m
-    static constexpr double MobileHeight = 1.5;  // m
-    static constexpr const char* Area = "Urban";
-    static constexpr const char* City = "Small/Medium";
-    static constexpr double Percent = 50.0;
-    static constexpr double Power = 1000.0;  // W e.r.p.
-};
 
 }  // namespace vardel::python

@@ -51,7 +51,7 @@ def test_arrays_have_the_bits_of_single_calls(function):
 
 
 @pytest.mark.parametrize("function", FUNCTIONS)
-def test_what_is_no_number_gives_none(function):
+def test_nan_in_gives_nan_out(function):
     names = ["frequency", "distance", "base_height", "mobile_height", "percent_time", "percent_locations"]
     for area in ("Urban", "Suburban", "Open"):
         for name in names + ["power"] * function.__name__.endswith("strength"):
@@ -67,6 +67,8 @@ def test_texts():
                   {"base_height": [1, 2, 3], "power": [1, 2]}):
         with pytest.raises(ValueError):
             vardel.us_field_strength(450, 10, **wrong)
+    with pytest.raises(TypeError, match="area takes text"):
+        vardel.us_loss(450, 10, area=None)
     for wrong in ("450", 1j, None, [object()]):
         with pytest.raises(TypeError, match="frequency takes numbers"):
             vardel.us_loss(wrong, 10)

@@ -25,6 +25,18 @@ def test_reach():
             vardel.reach("itu529", 450, **wrong)
 
 
+def test_goals_over_arrays():
+    km, outcomes = vardel.reach(["davidson", "itu529"], field_strength=[[32], [91]], power=25, outcome=True, **TOWN)
+    assert km[0, 0] == pytest.approx(5.192173, abs=2e-6) and np.isnan(km[1]).all()
+    assert [vardel.OUTCOMES[code] for code in outcomes[:, 1]] == ["ends", "never"]
+    assert np.isnan(vardel.reach("us", [450, -1], loss=140)).tolist() == [False, True]
+    # By hand from Hata's formula: a mast of 100 m gives 143.129250 dB and 49.305 dB(µV/m) at 10 km.
+    heights = vardel.base_height_for("itu529", 450, [10, 0.1, 300], loss=143.129250)
+    assert heights[:2] == pytest.approx([100, 20], abs=1e-3) and np.isnan(heights[2])
+    watts = vardel.power_for("itu529", [450, 450, 0], 10, field_strength=[49.305, 39.305, 30])
+    assert watts[:2] == pytest.approx([1000, 100], rel=1e-5) and np.isnan(watts[2])
+
+
 def test_powers():
     for power, unit, watts in [(25, "W", 25), (1.5, "kW", 1500), (60, "dBm", 1000), (-10, "dBW", 0.1)]:
         assert vardel.to_watts([power], unit) == pytest.approx([watts])

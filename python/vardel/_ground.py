@@ -10,6 +10,7 @@ import numpy as np
 from numpy.typing import NDArray
 
 from vardel import _vardel
+from vardel._planning import reach
 
 _Floats = NDArray[np.float64]
 
@@ -144,11 +145,11 @@ def contour(heights: EffectiveHeights, model: Any, frequency: float, **path: Any
             reaches.append(None)
             continue
         if height not in known:
-            known[height] = _vardel.reach(model, frequency, height, **path)
+            known[height] = reach(model, frequency, height, **path)
         reaches.append(known[height])
-    distance = np.array([math.nan if reach is None else reach.km for reach in reaches])
+    distance = np.array([math.nan if one is None else one.km for one in reaches])
     return Contour(
         heights.azimuth, distance,
-        ["unseen" if reach is None else reach.outcome for reach in reaches],
-        np.array([reach is not None and reach.in_range for reach in reaches]),
+        ["unseen" if one is None else one.outcome for one in reaches],
+        np.array([one is not None and one.in_range for one in reaches]),
         _vardel.outline(heights.latitude, heights.longitude, np.nan_to_num(distance).tolist()))
