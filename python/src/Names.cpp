@@ -22,14 +22,15 @@ std::string Listed(const NameList& list) {
 // nobody's sake here.
 bool IsMissing(py::handle value) {
     if (value.is_none()) return true;
-    if (PyFloat_Check(value.ptr())) return PyFloat_AS_DOUBLE(value.ptr()) != PyFloat_AS_DOUBLE(value.ptr());
+    if (PyFloat_Check(value.ptr()))
+        return PyFloat_AS_DOUBLE(value.ptr()) != PyFloat_AS_DOUBLE(value.ptr());
     return std::string_view(Py_TYPE(value.ptr())->tp_name).ends_with("NAType");
 }
 
 void AddCodes(py::module_& module, const NameList& list) {
     AddTextUfunc(module, std::string(list.argument) + "_codes", [&list](py::handle text) {
-        return static_cast<std::int8_t>(
-            IsMissing(text) ? MissingCode : static_cast<int>(PlaceOf(text, list)));
+        return static_cast<std::int8_t>(IsMissing(text) ? MissingCode
+                                                        : static_cast<int>(PlaceOf(text, list)));
     });
 }
 

@@ -45,9 +45,8 @@ std::string LogLineOf(const py::tuple& values, const std::array<int, 6>& time, b
     const ModelInputs in = MetricInputs(path);
     if (const auto refusal = RefusalOf(in)) throw py::value_error(*refusal);
     std::string line;
-    for (const LogPiece& piece :
-         LogLine(path, Calculation(in, path.powerWatts),
-                 {time[0], time[1], time[2], time[3], time[4], time[5]}))
+    for (const LogPiece& piece : LogLine(path, Calculation(in, path.powerWatts),
+                                         {time[0], time[1], time[2], time[3], time[4], time[5]}))
         line += piece.text;
     return line;
 }
@@ -56,10 +55,11 @@ std::string LogLineOf(const py::tuple& values, const std::array<int, 6>& time, b
 std::string CoverageText(const Place& station, const py::tuple& values, double wanted,
                          bool isFieldStrength, const std::vector<double>& percentages, bool kml) {
     const PathInputs path = PathOf(values);
-    Coverage coverage{station, MetricInputs(path),
-                      isFieldStrength ? Goal::FieldStrength(wanted, path.powerWatts)
-                                      : Goal::AllowedLoss(wanted),
-                      {}};
+    Coverage coverage{
+        station,
+        MetricInputs(path),
+        isFieldStrength ? Goal::FieldStrength(wanted, path.powerWatts) : Goal::AllowedLoss(wanted),
+        {}};
     std::optional<std::string> text;
     {
         const py::gil_scoped_release release;
@@ -82,8 +82,9 @@ py::tuple StatisticsTuple(const FitStatistics& fit) {
     return py::make_tuple(fit.points, fit.mean, fit.deviation, fit.rms);
 }
 
-// Of a column that the table has, a tuple for each model and percentage: model, percentage, distances, measured, predicted and in
-// range of the points, statistics of those in range, by band, and of the others.
+// Of a column that the table has, a tuple for each model and percentage: model, percentage,
+// distances, measured, predicted and in range of the points, statistics of those in range, by band,
+// and of the others.
 std::vector<py::tuple> Fits(const py::tuple& values, const MeasuredSegment& table, int column,
                             const std::vector<double>& percentages) {
     std::vector<py::tuple> fits;

@@ -56,7 +56,7 @@ void TellInterpreter() {
 
 // Numpy's loop over a row: its last column is the result's.
 template <class Value>
-void Loop(char** first, const npy_intp* size, const npy_intp* strides, void* data) noexcept {
+void Loop(char** first, const npy_intp* size, const npy_intp* strides, void* data) {
     const auto& [fill, arguments] = *static_cast<std::pair<FillRow<Value>, std::size_t>*>(data);
     const auto count = static_cast<std::size_t>(*size);
     Columns columns{};
@@ -83,12 +83,11 @@ void Loop(char** first, const npy_intp* size, const npy_intp* strides, void* dat
     std::feclearexcept(FE_ALL_EXCEPT);
 }
 
-void TextLoop(char** first, const npy_intp* size, const npy_intp* strides, void* data) noexcept {
+void TextLoop(char** first, const npy_intp* size, const npy_intp* strides, void* data) {
     const auto& codeOf = *static_cast<CodeOfText*>(data);
     try {
         for (npy_intp i = 0; i < *size; ++i) {
-            PyObject* text = nullptr;
-            std::memcpy(&text, first[0] + i * strides[0], sizeof text);
+            PyObject* text = *reinterpret_cast<PyObject**>(first[0] + i * strides[0]);
             const std::int8_t code = codeOf(text == nullptr ? Py_None : text);
             std::memcpy(first[1] + i * strides[1], &code, sizeof code);
         }
@@ -101,10 +100,10 @@ void TextLoop(char** first, const npy_intp* size, const npy_intp* strides, void*
 void Add(py::module_& module, std::unique_ptr<Parts> parts, void (*free)(PyObject*)) {
     Parts& all = *parts;
     const auto arguments = static_cast<int>(all.types.size()) - 1;
-    py::object owner = py::reinterpret_steal<py::object>(PyCapsule_New(&all, nullptr, free));
+    auto owner = py::reinterpret_steal<py::object>(PyCapsule_New(&all, nullptr, free));
     if (!owner) throw py::error_already_set();
     static_cast<void>(parts.release());  // the capsule has it now
-    py::object made = py::reinterpret_steal<py::object>(
+    auto made = py::reinterpret_steal<py::object>(
         PyUFunc_FromFuncAndData(all.loops.data(), all.data.data(), all.types.data(), 1, arguments,
                                 1, PyUFunc_None, all.name.c_str(), nullptr, 0));
     if (!made) throw py::error_already_set();
@@ -114,8 +113,8 @@ void Add(py::module_& module, std::unique_ptr<Parts> parts, void (*free)(PyObjec
 
 template <class Whole>
 void Free(PyObject* capsule) {
-    const std::unique_ptr<Whole> last(static_cast<Whole*>(
-        static_cast<Parts*>(PyCapsule_GetPointer(capsule, nullptr))));
+    const std::unique_ptr<Whole> last(
+        static_cast<Whole*>(static_cast<Parts*>(PyCapsule_GetPointer(capsule, nullptr))));
 }
 
 }  // namespace
