@@ -50,6 +50,9 @@ ROWS = [
      [(f"{name}: array", f"{name}: C++") for name in ("itu529_loss", "davidson_loss", "cost231_loss", "us_loss")]),
     ("a million distances in Python", "a loop over single calls in Python",
      [(f"{name}: array", f"{name}: loop") for name in ("itu529_loss", "davidson_loss", "cost231_loss", "us_loss")]),
+    ("a million paths in Python, every input of which varies, 3 models", "the same calls in C++",
+     [("every_input: array", "every_input: C++")]),
+    ("ten million distances on two threads of Python", "on one", [("two_threads: array", "two_threads: C++")]),
 ]
 ON_ONE_THREAD = ("Batch/1/real_time", "CallsAndFormattingAlone/1/real_time")
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -68,9 +71,9 @@ def times_in(folder):
     times = {name: statistics.median(values) for name, values in runs.items()}
     ours, theirs = re.search(r"Vardel: ([\d.]+) ms +gnuplot: ([\d.]+) ms", (folder / "gnuplot.txt").read_text()).groups()
     times |= {"gnuplot: ours": float(ours) * 1e6, "gnuplot: theirs": float(theirs) * 1e6}
-    for line in re.findall(r"^(\w+) +([\d.]+) ms +([\d.]+) ms +([\d.]+) ms", (folder / "module.txt").read_text(), re.M):
+    for line in re.findall(r"^(\w+) +([\d.]+) ms +([\d.]+) ms(?: +([\d.]+) ms)?", (folder / "module.txt").read_text(), re.M):
         for what, value in zip(("array", "C++", "loop"), line[1:]):
-            times[f"{line[0]}: {what}"] = float(value) * 1e6
+            times[f"{line[0]}: {what}"] = float(value or "nan") * 1e6
     return times
 
 

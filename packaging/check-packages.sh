@@ -31,7 +31,7 @@ check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.var
   share/doc/vardel/{CHANGELOG.md,changelog.gz,copyright,file-formats.md,measured-example.csv,models.md,user-guide.md,pictures} \
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
-check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,_{arrays,ground,models,planning,reports}.py,_vardel.pyi,py.typed,_vardel.so} \
+check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,_{arrays,coverage,ground,models,planning,reports}.py,_vardel.pyi,py.typed,_vardel.so} \
   share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,examples/{csv_folder,field_strength,lazy_raster,typed_paths}.py}
 
 [[ $(dpkg-deb --ctrl-tarfile "$work"/vardel_*.deb | tar -xO ./conffiles) == /etc/vardel/measured.csv &&

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 
 #include "Parts.h"
@@ -55,21 +56,23 @@ bool OnlyDistanceVaries(const Function& function, const Columns& columns) {
 
 void FillValues(const Function& function, const Columns& columns, std::size_t count,
                 double* values) {
-    ModelInputs in;
+    PathReader paths(Places);
     if (!OnlyDistanceVaries(function, columns)) {
-        for (std::size_t i = 0; i < count; ++i)
-            values[i] = ReadPath(columns, Places, i, in)
-                            ? function.Value(in, function.PowerAt(columns, i))
-                            : NoNumber;
+        for (std::size_t i = 0; i < count; ++i) {
+            const ModelInputs* const in = paths.Read(columns, i);
+            values[i] =
+                in != nullptr ? function.Value(*in, function.PowerAt(columns, i)) : NoNumber;
+        }
         return;
     }
-    if (!ReadPath(columns, Places, 0, in)) {
+    const ModelInputs* const in = paths.Read(columns, 0);
+    if (in == nullptr) {
         std::fill_n(values, count, NoNumber);
         return;
     }
     std::array<double, LongestRow> km;
     for (std::size_t i = 0; i < count; ++i) km[i] = columns[Places.distance].Number(i);
-    function.Curve(in, function.PowerAt(columns, 0), km.data(), count, values);
+    function.Curve(*in, function.PowerAt(columns, 0), km.data(), count, values);
 }
 
 void FillInRange(const Columns& columns, std::size_t count, bool* values) {

@@ -14,4 +14,5 @@ PYBIND11_MODULE(_vardel, module) {
     vardel::python::AddReports(module);
     vardel::python::AddFiles(module);
     vardel::python::AddGround(module);
+    vardel::python::AddAreas(module);
 }

@@ -15,6 +15,7 @@ void AddPlanning(pybind11::module_& module);
 void AddReports(pybind11::module_& module);
 void AddFiles(pybind11::module_& module);
 void AddGround(pybind11::module_& module);
+void AddAreas(pybind11::module_& module);
 
 // One path, metric, of frequency, distance, base and mobile height, area, city, percentages of time
 // and of locations, and power. Throws TypeError or ValueError for what is none.

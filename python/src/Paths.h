@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cmath>
+#include <array>
 #include <limits>
-#include <optional>
 
 #include "Names.h"
 #include "Ufuncs.h"
@@ -14,13 +13,6 @@ namespace vardel::python {
 
 inline constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
 
-// The name of a code; nothing for MissingCode and for codes of no name.
-template <std::size_t Count>
-const char* NameOf(const std::array<const char*, Count>& names, int code) noexcept {
-    const auto place = static_cast<std::size_t>(code);
-    return place < Count ? names[place] : nullptr;
-}
-
 // Where a path's arguments stand among the columns; Absent: the function has none.
 struct PathPlaces {
     static constexpr std::size_t Absent = MostArguments;
@@ -28,23 +20,38 @@ struct PathPlaces {
         percentLocations;
 };
 
-// The path of element i. False where its area or city is missing.
-inline bool ReadPath(const Columns& columns, const PathPlaces& at, std::size_t i, ModelInputs& in) {
-    const auto number = [&](std::size_t place) {
-        return place == PathPlaces::Absent ? 1.0 : columns[place].Number(i);
-    };
-    const char* const area = NameOf(AreaNames, columns[at.area].Code(i));
-    const char* const city = NameOf(CityNames, columns[at.city].Code(i));
-    if (area == nullptr || city == nullptr) return false;
-    in.f = number(at.frequency);
-    in.d = number(at.distance);
-    in.hb = number(at.baseHeight);
-    in.hm = number(at.mobileHeight);
-    in.area = area;
-    in.city = city;
-    in.pctTime = number(at.percentTime);
-    in.pctLoc = number(at.percentLocations);
-    return true;
-}
+// The paths of a row. Their texts are made once.
+class PathReader {
+public:
+    explicit PathReader(const PathPlaces& places) : at_(places) {
+        for (std::size_t area = 0; area < AreaNames.size(); ++area)
+            for (std::size_t city = 0; city < CityNames.size(); ++city) {
+                paths_[area][city].area = AreaNames[area];
+                paths_[area][city].city = CityNames[city];
+            }
+    }
+
+    // The path of element i, until the next is read; null where its area or city is missing.
+    const ModelInputs* Read(const Columns& columns, std::size_t i) {
+        const auto number = [&](std::size_t place) {
+            return place == PathPlaces::Absent ? 1.0 : columns[place].Number(i);
+        };
+        const auto area = static_cast<std::size_t>(columns[at_.area].Code(i));
+        const auto city = static_cast<std::size_t>(columns[at_.city].Code(i));
+        if (area >= paths_.size() || city >= paths_[area].size()) return nullptr;
+        ModelInputs& in = paths_[area][city];
+        in.f = number(at_.frequency);
+        in.d = number(at_.distance);
+        in.hb = number(at_.baseHeight);
+        in.hm = number(at_.mobileHeight);
+        in.pctTime = number(at_.percentTime);
+        in.pctLoc = number(at_.percentLocations);
+        return &in;
+    }
+
+private:
+    PathPlaces at_;
+    std::array<std::array<ModelInputs, CityNames.size()>, AreaNames.size()> paths_;
+};
 
 }  // namespace vardel::python

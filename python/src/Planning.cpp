@@ -67,12 +67,12 @@ Goal GoalAt(const Columns& columns, std::size_t i) {
 template <class Value, class Function>
 FillRow<Value> ForEachPath(const PathPlaces& places, Value missing, Function value) {
     return [=](const Columns& columns, std::size_t count, Value* values) {
-        ModelInputs in;
+        PathReader paths(places);
         for (std::size_t i = 0; i < count; ++i) {
             const Model* const model = ModelAt(columns, i);
-            values[i] = model != nullptr && ReadPath(columns, places, i, in)
-                            ? value(*model, in, columns, i)
-                            : missing;
+            const ModelInputs* const in = paths.Read(columns, i);
+            values[i] =
+                model != nullptr && in != nullptr ? value(*model, *in, columns, i) : missing;
         }
     };
 }

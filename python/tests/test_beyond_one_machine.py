@@ -78,3 +78,12 @@ def test_a_lazy_raster(tmp_path):
     # By hand from Hata's formula: 14.2102 km meet 32 dB(µV/m), a disc of 634.38 of 10,000 km².
     assert run("lazy_raster.py", 4000).splitlines() == [
         "4000 x 4000 pixels in 16 chunks", "6.34% of the area has 32 dB(µV/m) and more"]
+
+
+def test_processes_write_the_bytes_of_one(tmp_path):
+    pytest.importorskip("distributed")
+    pytest.importorskip("xarray")
+    told = [run("country_coverage.py", tmp_path / str(workers), 10_000, workers) for workers in (1, 2)]
+    assert told[0] == told[1] and told[0].startswith("35 x 48 pixels, 8 stations")
+    files = [[(tmp_path / folder / name).read_bytes() for name in ("0.npy", "info")] for folder in ("1", "2")]
+    assert files[0] == files[1]

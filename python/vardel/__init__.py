@@ -7,6 +7,7 @@ Frequencies are in MHz, distances in km, heights in m, powers in W e.r.p.
 All functions may be called from any thread, and compute without the interpreter's lock.
 """
 
+from vardel._coverage import coverage
 from vardel._ground import Contour, EffectiveHeights, contour, effective_heights
 from vardel._models import (
     cost231_field_strength,
@@ -70,6 +71,7 @@ __all__ = [
     "contour",
     "cost231_field_strength",
     "cost231_loss",
+    "coverage",
     "coverage_rings",
     "davidson_field_strength",
     "davidson_loss",

@@ -1,7 +1,5 @@
 """What is asked of the models backwards, and powers."""
 
-from __future__ import annotations
-
 from numbers import Real
 from typing import Any, Literal, NamedTuple, overload
 
@@ -16,18 +14,20 @@ OUTCOMES: tuple[str, ...] = tuple(_vardel.OUTCOMES)
 
 
 class Reach(NamedTuple):
-    """How far a station reaches, as reach gives it for one path."""
+    """How far a station reaches, as reach gives it for one path.
+
+    outcome     'ends': the goal is met from 0.1 km to km; 'everywhere': up to 300 km; 'late': not
+                near the station, but farther out up to km; 'never'
+    km          where service ends for the first time; 0 for 'never'
+    in_range    whether the model covers that distance; for 'never' 0.1 km
+    served      all of the service: pairs of distances in km, to a millimetre. There is more than
+                one where the loss falls again
+    """
 
     outcome: Literal["never", "ends", "everywhere", "late"]
-    """'ends': the goal is met from 0.1 km to km; 'everywhere': up to 300 km; 'late': not near the
-    station, but farther out up to km; 'never'."""
     km: float
-    """Where service ends for the first time; 0 for 'never'."""
     in_range: bool
-    """Whether the model covers that distance; for 'never' 0.1 km."""
     served: list[tuple[float, float]]
-    """All of the service: pairs of distances in km, to a millimetre. There is more than one where
-    the loss falls again."""
 
 
 def _goal(function: str, loss: Numbers, field_strength: Numbers) -> tuple[Numbers, np.int8]:
