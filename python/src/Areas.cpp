@@ -47,9 +47,10 @@ py::tuple Grid(const py::object& system, std::pair<double, double> site, double 
 }
 
 // Values of each model, whether it covers the pixel (1 or 0), and the heights: of the rows and
-// columns of a rectangle. A tuple stands for what Python keeps of an area: the system's name and the
-// place that it is around, columns, rows and transform of the grid; the site, the path, the heights
-// by azimuth or one, quantity, antenna gain and cable loss, models, the farthest distance in km.
+// columns of a rectangle. A tuple stands for what Python keeps of an area: the system's name and
+// the place that it is around, columns, rows and transform of the grid; the site, the path, the
+// heights by azimuth or one, quantity, antenna gain and cable loss, models, the farthest distance
+// in km.
 py::array_t<double> Cells(const py::tuple& area, std::array<int, 4> rectangle) {
     const auto around = area[1].cast<std::pair<double, double>>();
     const auto site = area[5].cast<std::pair<double, double>>();
@@ -77,8 +78,8 @@ py::array_t<double> Cells(const py::tuple& area, std::array<int, 4> rectangle) {
     const auto [row, column, rows, columns] = rectangle;
     const std::size_t models = station.models.size();
     const std::size_t size = static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns);
-    py::array_t<double> bands({static_cast<py::ssize_t>(2 * models + 1), py::ssize_t{rows},
-                               py::ssize_t{columns}});
+    py::array_t<double> bands(
+        {static_cast<py::ssize_t>(2 * models + 1), py::ssize_t{rows}, py::ssize_t{columns}});
     double* const first = bands.mutable_data();
     {
         const py::gil_scoped_release release;

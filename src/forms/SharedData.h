@@ -8,7 +8,7 @@
 #include "engine/CurvePlot.h"
 #include "engine/MeasuredData.h"
 #include "engine/PowerUnits.h"
-#include "forms/graphs/ChartLook.h"
+#include "forms/graphs/chart/ChartLook.h"
 #include "forms/shared/Palette.h"
 #include "services/Color.h"
 

@@ -17,7 +17,7 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "qt/services/PictureConvert.h"
 #include "qt/services/QtPlatform.h"
-#include "qt/windows/RichTextEdit.h"
+#include "qt/widgets/RichTextEdit.h"
 
 namespace vardel {
 namespace {

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

@@ -9,7 +9,7 @@
 #include "archive/ArchiveEditor.h"
 #include "archive/ArchiveReader.h"
 #include "controls/RowList.h"
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

@@ -7,7 +7,7 @@
 #include "archive/ArchivedInputs.h"
 #include "forms/SharedData.h"
 #include "forms/archive/ArchiveForm.h"
-#include "forms/graphs/ChartSetup.h"
+#include "forms/graphs/chart/ChartSetup.h"
 #include "services/Platform.h"
 
 namespace vardel {

@@ -1,7 +1,7 @@
 #include "engine/MeasuredData.h"
 #include "forms/SharedData.h"
-#include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
+#include "forms/graphs/chart/ChartSetup.h"
 #include "forms/shared/BoxRule.h"
 #include "models/Primitives.h"
 #include "services/Platform.h"

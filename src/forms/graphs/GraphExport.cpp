@@ -6,8 +6,8 @@
 #include <tuple>
 #include <utility>
 
-#include "forms/graphs/ChartTable.h"
-#include "forms/graphs/ChartText.h"
+#include "forms/graphs/chart/ChartTable.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "services/Files.h"
 #include "services/Platform.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

@@ -1,5 +1,5 @@
-#include "forms/graphs/ChartSetup.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/chart/ChartSetup.h"
 #include "forms/shared/BoxRule.h"
 #include "services/Platform.h"
 #include "text/NumberText.h"

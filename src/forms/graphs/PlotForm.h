@@ -4,9 +4,9 @@
 #include <string>
 
 #include "forms/SharedData.h"
-#include "forms/graphs/Chart.h"
 #include "forms/graphs/GraphView.h"
 #include "forms/graphs/ThresholdLine.h"
+#include "forms/graphs/chart/Chart.h"
 #include "forms/shared/BoxRule.h"
 #include "models/ModelInputs.h"
 #include "services/Platform.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/CurvePlot.h"
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "forms/SharedData.h"
-#include "forms/graphs/ChartText.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "text/NumberText.h"
 
 namespace vardel {

@@ -1,7 +1,7 @@
 #include "forms/reports/FrmPrintOut.h"
 
 #include "forms/SharedData.h"
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 #include "services/Platform.h"
 
 namespace vardel {

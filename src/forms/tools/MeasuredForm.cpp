@@ -7,7 +7,7 @@
 #include "engine/PathText.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
-#include "forms/graphs/ChartSetup.h"
+#include "forms/graphs/chart/ChartSetup.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/shared/BoxMark.h"

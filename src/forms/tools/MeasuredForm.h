@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "engine/MeasuredFit.h"
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <string>
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

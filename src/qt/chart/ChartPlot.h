@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 class QCustomPlot;
 class QPagedPaintDevice;

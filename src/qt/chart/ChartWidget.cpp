@@ -5,12 +5,12 @@
 #include <limits>
 #include <utility>
 
-#include "forms/graphs/ChartText.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "qt/chart/ChartPlot.h"
 #include "qt/chart/LegendPlace.h"
 #include "qt/chart/ThresholdItem.h"
+#include "qt/look/Announcement.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/Announcement.h"
 
 namespace vardel {
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <optional>
 
-#include "forms/graphs/Chart.h"
-#include "qt/windows/Binder.h"
+#include "forms/graphs/chart/Chart.h"
+#include "qt/binder/Binder.h"
 
 namespace vardel {
 

@@ -6,8 +6,8 @@
 #include "qt/chart/ChartPlot.h"
 #include "qt/chart/ChartWidget.h"
 #include "qt/chart/ThresholdItem.h"
+#include "qt/look/Announcement.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/Announcement.h"
 
 // What a chart's user does with keys and mouse.
 

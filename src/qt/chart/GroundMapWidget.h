@@ -4,7 +4,7 @@
 #include <QWidget>
 
 #include "forms/tools/GroundMap.h"
-#include "qt/windows/Binder.h"
+#include "qt/binder/Binder.h"
 
 namespace vardel {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 #include "qt/chart/ClippedCurve.h"
 
 namespace vardel {

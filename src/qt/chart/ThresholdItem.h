@@ -2,7 +2,7 @@
 
 #include <qcustomplot.h>
 
-#include "forms/graphs/Chart.h"
+#include "forms/graphs/chart/Chart.h"
 
 namespace vardel {
 

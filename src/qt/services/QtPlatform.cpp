@@ -20,10 +20,10 @@
 
 #include "qt/chart/ChartFiles.h"
 #include "qt/chart/ChartPlot.h"
+#include "qt/look/Announcement.h"
+#include "qt/look/DesktopColors.h"
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
-#include "qt/windows/Announcement.h"
-#include "qt/windows/DesktopColors.h"
 #include "qt/windows/DialogOver.h"
 #include "qt/windows/WindowFactory.h"
 

@@ -17,8 +17,8 @@
 #include <QShortcut>
 
 #include "forms/tools/WantedBoxes.h"
+#include "qt/look/DesktopColors.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/DesktopColors.h"
 
 namespace vardel {
 

@@ -6,8 +6,8 @@
 
 #include "controls/Form.h"
 #include "forms/help/ContextIDs.h"
-#include "qt/windows/Binder.h"
-#include "qt/windows/HeldKeys.h"
+#include "qt/binder/Binder.h"
+#include "qt/input/HeldKeys.h"
 
 class QGridLayout;
 class QPushButton;

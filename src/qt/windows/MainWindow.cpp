@@ -17,9 +17,9 @@
 
 #include "forms/main/MainForm.h"
 #include "qt/chart/ChartFiles.h"
+#include "qt/input/FocusRing.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/FocusRing.h"
-#include "qt/windows/ResultLabel.h"
+#include "qt/widgets/ResultLabel.h"
 
 namespace vardel {
 

@@ -9,8 +9,8 @@
 #include <QPushButton>
 
 #include "forms/reports/frmLogDistRange.h"
+#include "qt/input/FocusRing.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/FocusRing.h"
 
 namespace vardel {
 

@@ -14,7 +14,7 @@
 
 #include "forms/reports/FrmReport.h"
 #include "qt/services/Convert.h"
-#include "qt/windows/RichTextEdit.h"
+#include "qt/widgets/RichTextEdit.h"
 
 namespace vardel {
 

@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "forms/graphs/ValuesForm.h"
-#include "qt/windows/RowTable.h"
+#include "qt/widgets/RowTable.h"
 
 namespace vardel {
 

@@ -18,18 +18,18 @@
 #include "forms/tools/ReachForm.h"
 #include "forms/tools/TerrainForm.h"
 #include "qt/windows/AboutWindow.h"
-#include "qt/windows/ArchiveWindow.h"
-#include "qt/windows/ExplainWindow.h"
 #include "qt/windows/GraphWindow.h"
 #include "qt/windows/InfoWindow.h"
 #include "qt/windows/MainWindow.h"
-#include "qt/windows/MeasuredWindow.h"
 #include "qt/windows/PrintWindows.h"
 #include "qt/windows/RangeWindow.h"
-#include "qt/windows/ReachWindow.h"
 #include "qt/windows/ReportWindow.h"
-#include "qt/windows/TerrainWindow.h"
 #include "qt/windows/ValuesWindow.h"
+#include "qt/windows/tools/ArchiveWindow.h"
+#include "qt/windows/tools/ExplainWindow.h"
+#include "qt/windows/tools/MeasuredWindow.h"
+#include "qt/windows/tools/ReachWindow.h"
+#include "qt/windows/tools/TerrainWindow.h"
 
 namespace vardel {
 

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
-#include "forms/graphs/ChartTable.h"
-#include "forms/graphs/ChartText.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/chart/ChartTable.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "forms/shared/Palette.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"

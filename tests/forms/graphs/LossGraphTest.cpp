@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "forms/graphs/ChartText.h"
 #include "forms/graphs/GraphForm.h"
 #include "forms/graphs/ValuesForm.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "models/ModCalculations.h"
 #include "services/Files.h"
 #include "support/RunningProgram.h"

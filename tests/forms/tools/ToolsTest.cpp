@@ -3,9 +3,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "forms/graphs/ChartText.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
+#include "forms/graphs/chart/ChartText.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/tools/ExplainForm.h"
 #include "forms/tools/MeasuredForm.h"

@@ -1,0 +1,41 @@
+#include "qt/windows/tools/ExplainWindow.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include "forms/tools/ExplainForm.h"
+
+namespace vardel {
+
+ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
+    auto* center = new QWidget;
+    auto* grid = new QGridLayout(center);
+    grid->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
+    grid->setSpacing(WindowMargin / 2);
+    auto* models = MakeList(form.cmbModel);
+    AddInput(form.lblModel, *models, nullptr, *grid, 0, 0);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(MakeLabel(form.lblPath), 1, 0, 1, 3);
+
+    QScrollArea* terms = MakeFixedText(form.lblTerms, "Terms of the formula");
+    grid->addWidget(terms, 2, 0, 1, 3);
+    grid->setRowStretch(2, 1);
+
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (Button* button : {&form.cmdCopy, &form.cmdClose}) row->addWidget(MakeButton(*button));
+    grid->addLayout(row, 3, 0, 1, 3);
+    setCentralWidget(center);
+    models->setFocus();
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
+    constexpr int LinesShown = 31;
+    const QFontMetrics metrics(terms->widget()->font());
+    ResizeWithinScreen({metrics.horizontalAdvance(QString(128, '0')) + 4 * WindowMargin,
+                        metrics.lineSpacing() * LinesShown + 10 * WindowMargin});
+}
+
+}  // namespace vardel

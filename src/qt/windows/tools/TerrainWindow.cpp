@@ -1,0 +1,110 @@
+#include "qt/windows/tools/TerrainWindow.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSplitter>
+
+#include "forms/tools/TerrainForm.h"
+#include "qt/chart/GroundMapWidget.h"
+#include "qt/widgets/RowTable.h"
+
+namespace vardel {
+
+TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
+    auto* center = new QWidget;
+    auto* column = new QVBoxLayout(center);
+    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
+    column->setSpacing(WindowMargin / 2);
+    auto* path = MakeLabel(form.lblPath);
+    path->setWordWrap(true);
+    column->addWidget(path);
+    auto* parts = new QSplitter(Qt::Horizontal);
+    parts->setChildrenCollapsible(false);
+    parts->addWidget(MakeTable(form));
+    parts->addWidget(new GroundMapWidget(form.map, binder));
+    parts->setStretchFactor(1, 1);
+    parts->setSizes({600, 660});
+    column->addWidget(parts, 1);
+    column->addWidget(MakeButtons(form));
+    SetScrolledContent(*center);
+    OnKeys({Qt::Key_Escape}, [this] { close(); });
+    FocusFirst(form.txtLatitude);
+    ResizeWithinScreen({1300, 820});
+}
+
+QWidget* TerrainWindow::MakeInputs(TerrainForm& form) {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* grid = new QGridLayout;
+    column->addLayout(grid);
+    constexpr int PlaceWidth = 11, NumberWidth = 6;
+    AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, PlaceWidth), nullptr, *grid, 0, 0);
+    AddInput(form.lblLongitude, *MakeBox(form.txtLongitude, PlaceWidth), nullptr, *grid, 0, 3);
+    AddInput(form.lblAntenna, *MakeBox(form.txtAntenna, NumberWidth), &form.lblAntennaUnit, *grid,
+             1, 0);
+    AddInput(form.lblGround, *MakeBox(form.txtGround, NumberWidth), &form.lblGroundUnit, *grid, 1,
+             3);
+    auto* files = MakeBox(form.txtFiles, PlaceWidth);
+    AddLabel(form.lblFiles, *grid, 2, 0);
+    grid->addWidget(files, 2, 1, 1, 3);
+    auto* choose = new QHBoxLayout;
+    choose->addWidget(MakeButton(form.cmdFile));
+    choose->addWidget(MakeButton(form.cmdFolder));
+    grid->addLayout(choose, 2, 4, 1, 2);
+    AddLabel(form.lblDefinition, *grid, 3, 0);
+    grid->addWidget(MakeList(form.cmbDefinition), 3, 1, 1, 3);
+    auto* bounds = new QGridLayout;
+    AddInput(form.lblFrom, *MakeBox(form.txtFrom, 4), nullptr, *bounds, 0, 0);
+    AddInput(form.lblTo, *MakeBox(form.txtTo, 4), &form.lblBoundsUnit, *bounds, 0, 2);
+    grid->addLayout(bounds, 3, 4, 1, 2);
+    AddInput(form.lblAzimuths, *MakeBox(form.txtAzimuths, NumberWidth), nullptr, *grid, 4, 0);
+    auto* read = new QHBoxLayout;
+    read->addWidget(MakeButton(form.cmdRead));
+    auto* bar = new QProgressBar;
+    binder.Bind(form.pgbRead, *bar);
+    bar->setAccessibleName("Ground read");
+    read->addWidget(bar, 1);
+    read->addWidget(MakeButton(form.cmdCancel));
+    grid->addLayout(read, 4, 3, 1, 3);
+    auto* wanted = new QGridLayout;
+    AddWanted(form.wanted, *wanted, 0);
+    wanted->setColumnStretch(7, 1);
+    column->addLayout(wanted);
+    return panel;
+}
+
+QWidget* TerrainWindow::MakeTable(TerrainForm& form) {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(MakeInputs(form));
+    auto* problem = MakeLabel(form.lblProblem);
+    problem->setWordWrap(true);
+    problem->setMinimumHeight(problem->fontMetrics().height() + 4);
+    MakeBold(*problem);
+    column->addWidget(problem);
+    column->addWidget(new RowTable(form.lstAzimuths, binder, "Azimuths"), 1);
+    auto* notes = MakeLabel(form.lblNotes);
+    notes->setWordWrap(true);
+    column->addWidget(notes);
+    return panel;
+}
+
+QWidget* TerrainWindow::MakeButtons(TerrainForm& form) {
+    auto* panel = new QWidget;
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch(1);
+    for (Button* button :
+         {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose})
+        row->addWidget(MakeButton(*button));
+    return panel;
+}
+
+}  // namespace vardel
