@@ -168,10 +168,10 @@ void CheckRecentPaths(MainForm& form) {
 // long as all else, are computed for some of the inputs; the others leave no path to compute them.
 void CheckReach(Program& program, FakePlatform& platform, bool compute) {
     if (!compute) program.MainForm->txtFreq.SetText("");
-    static_cast<void>(program.ReachForm->txtWanted.Text());
+    static_cast<void>(program.ReachForm->wanted.txtWanted.Text());
     program.ReachForm->Unload();
     const auto saved = platform.store;
-    static_cast<void>(program.ReachForm->txtWanted.Text());
+    static_cast<void>(program.ReachForm->wanted.txtWanted.Text());
     program.ReachForm->Unload();
     Check(platform.store == saved);
 }
