@@ -16,7 +16,7 @@ check() {
   expected=$(printf '%s\n' "$@" | sort)
   dpkg-deb --extract "$work/${package}"_*.deb "$work/$package"
   diff <(echo "$expected") <(cd "$work/$package/usr" && find . ! -type d -printf '%P\n' |
-    sed -E 's|^lib/[^/]+-linux-gnu[^/]*/|lib/|; s|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/_vardel)\.cpython.*|\1.so|' | sort --unique) ||
+    sed -E 's|^lib/[^/]+-linux-gnu[^/]*/|lib/|; s|(/models/).*\.h$|\1*.h|; s|(/pictures/).*\.png$|\1*.png|; s|(/examples/).*\.py$|\1*.py|; s|(/_vardel)\.cpython.*|\1.so|' | sort --unique) ||
     { echo "$package holds (>) other files than it should (<)." >&2; exit 1; }
 }
 
@@ -32,7 +32,7 @@ check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.var
   share/icons/hicolor/{{16x16,22x22,24x24,32x32,48x48,64x64,128x128,256x256,512x512}/apps/vardel.png,scalable/apps/vardel.svg} \
   share/man/man1/vardel.1.gz
 check python3-vardel lib/python3/dist-packages/vardel/{__init__.py,_{arrays,coverage,ground,models,planning,reports}.py,_vardel.pyi,py.typed,_vardel.so} \
-  share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,examples/{csv_folder,field_strength,lazy_raster,typed_paths}.py}
+  share/doc/python3-vardel/{changelog.gz,copyright,scripting.md,'examples/*.py'}
 
 [[ $(dpkg-deb --ctrl-tarfile "$work"/vardel_*.deb | tar -xO ./conffiles) == /etc/vardel/measured.csv &&
   $(readlink "$work/vardel/usr/lib/vardel/measured.csv") == /etc/vardel/measured.csv &&
