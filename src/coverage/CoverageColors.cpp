@@ -71,11 +71,22 @@ std::vector<double> CoverageColors::Breaks() const {
     return breaks;
 }
 
+std::vector<CoverageColors::Step> CoverageColors::Steps() const {
+    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
+    std::vector<Step> steps;
+    steps.reserve(Colors.size());
+    for (int i = static_cast<int>(Colors.size()) - 1; i >= 0; --i) {
+        const double value = goal_ + (i - Missing) * (isLoss ? -step_ : step_);
+        steps.push_back({Colors[static_cast<std::size_t>(i)],
+                         (isLoss ? "up to " : "from ") + ShortestText(value), i == Missing});
+    }
+    return steps;
+}
+
 std::string CoverageColors::Legend(const std::string& title) const {
     constexpr int Box = 22, Head = 62, Width = 260;
-    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
-    const auto count = static_cast<int>(Colors.size());
-    const std::string height = std::to_string(Head + count * Box + 12);
+    const std::vector<Step> steps = Steps();
+    const std::string height = std::to_string(Head + static_cast<int>(steps.size()) * Box + 12);
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(Width) +
                       "\" height=\"" + height +
                       "\" font-family=\"Liberation Sans, Arial, sans-serif\" font-size=\"13\">\n"
@@ -83,16 +94,14 @@ std::string CoverageColors::Legend(const std::string& title) const {
                       "<text x=\"12\" y=\"24\" font-weight=\"bold\">" +
                       Escaped(title) + "</text>\n<text x=\"12\" y=\"46\">" + NameOf(quantity_) +
                       " in " + UnitOf(quantity_) + "</text>\n";
-    for (int i = count - 1; i >= 0; --i) {
-        const int top = Head + (count - 1 - i) * Box;
-        const double value = goal_ + (i - Missing) * (isLoss ? -step_ : step_);
-        std::string text = (isLoss ? "up to " : "from ") + ShortestText(value);
-        if (i == Missing) text += ", as wanted";
+    int top = Head;
+    for (const Step& step : steps) {
         svg += "<rect x=\"12\" y=\"" + std::to_string(top) +
-               "\" width=\"34\" height=\"18\" fill=\"" + Hex(Colors[static_cast<std::size_t>(i)]) +
+               "\" width=\"34\" height=\"18\" fill=\"" + Hex(step.color) +
                "\" stroke=\"#666\" stroke-width=\"0.5\"/>\n<text x=\"56\" y=\"" +
-               std::to_string(top + 14) + "\"" + (i == Missing ? " font-weight=\"bold\"" : "") +
-               ">" + text + "</text>\n";
+               std::to_string(top + 14) + "\"" + (step.isWanted ? " font-weight=\"bold\"" : "") +
+               ">" + step.text + (step.isWanted ? ", as wanted" : "") + "</text>\n";
+        top += Box;
     }
     return svg + "</svg>\n";
 }

@@ -28,7 +28,14 @@ public:
     PixelColor Of(double value) const;
     // Where the colours change, from the lowest on.
     std::vector<double> Breaks() const;
-    // What the colours stand for, as a picture in SVG; the title is plain text.
+    // What the colours stand for, from the best on.
+    struct Step {
+        PixelColor color;
+        std::string text;  // such as "from 42"
+        bool isWanted;     // begins at the wanted value
+    };
+    std::vector<Step> Steps() const;
+    // The same as a picture in SVG; the title is plain text.
     std::string Legend(const std::string& title) const;
 
 private:

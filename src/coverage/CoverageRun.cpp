@@ -49,9 +49,10 @@ void AddSquare(std::vector<CoveredArea>& areas, const CoverageStation& station,
 
 }  // namespace
 
-std::vector<CoveredArea> RunCoverage(const CoverageStation& station, const CoverageGrid& grid,
-                                     std::optional<double> goal, unsigned threads,
-                                     const StripSink& sink) {
+std::optional<std::vector<CoveredArea>> RunCoverage(const CoverageStation& station,
+                                                    const CoverageGrid& grid,
+                                                    std::optional<double> goal, unsigned threads,
+                                                    const StripSink& sink) {
     const std::size_t models = station.models.size();
     const auto columns = static_cast<std::size_t>(grid.cells.columns);
     const std::size_t rowBytes = columns * (sizeof(double) * (models + 1) + models);
@@ -66,7 +67,7 @@ std::vector<CoveredArea> RunCoverage(const CoverageStation& station, const Cover
             AddSquare(areas, station, grid,
                       {column, row, std::min(AreaSide, grid.cells.columns - column), rows}, row,
                       strip.buffers, goal);
-        sink(row, rows, strip.buffers);
+        if (!sink(row, rows, strip.buffers) && row + rows < grid.cells.rows) return std::nullopt;
     }
     return areas;
 }

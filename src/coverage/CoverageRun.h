@@ -21,15 +21,16 @@ inline bool Meets(CoverageQuantity quantity, double value, double goal) {
     return quantity == CoverageQuantity::PathLoss ? value <= goal : value >= goal;
 }
 
-// Takes whole rows of the grid, the heights, values and marks of each cell.
-using StripSink = std::function<void(int row, int rows, const CoverageBuffers& strip)>;
+// Takes whole rows of the grid, the heights, values and marks of each cell. Says whether to go on.
+using StripSink = std::function<bool(int row, int rows, const CoverageBuffers& strip)>;
 
 // By the order of the station's models. The strips come one after the other from north to south;
-// none is larger than StripBytes unless it is a single row. Throws what the sink throws, and
-// std::bad_alloc.
+// none is larger than StripBytes unless it is a single row. Nothing where the sink says no before
+// the last. Throws what the sink throws, and std::bad_alloc.
 constexpr std::size_t StripBytes = std::size_t{32} << 20U;
-std::vector<CoveredArea> RunCoverage(const CoverageStation& station, const CoverageGrid& grid,
-                                     std::optional<double> goal, unsigned threads,
-                                     const StripSink& sink);
+std::optional<std::vector<CoveredArea>> RunCoverage(const CoverageStation& station,
+                                                    const CoverageGrid& grid,
+                                                    std::optional<double> goal, unsigned threads,
+                                                    const StripSink& sink);
 
 }  // namespace vardel

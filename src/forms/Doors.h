@@ -52,6 +52,8 @@ struct Doors {
     // Of elevation data in these files and folders; throws ElevationError.
     std::function<std::unique_ptr<Elevations>(const std::vector<std::string>&)> OpenElevations =
         &vardel::OpenElevations;
+    // What writes rasters; throws ElevationError where it is not installed.
+    std::function<const ElevationModule&()> RasterModule = &InstalledElevationModule;
 };
 
 }  // namespace vardel

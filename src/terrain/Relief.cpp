@@ -28,6 +28,18 @@ float UsualSteepness(std::vector<float> slopes) {
 
 }  // namespace
 
+double Relief::MetresAt(double eastKm, double northKm) const {
+    const auto cell = [this](double km) {
+        return std::floor((km / radiusKm + 1.0) / 2.0 * static_cast<double>(size));
+    };
+    const double column = cell(eastKm), row = cell(-northKm);
+    const auto isInside = [this](double at) { return at >= 0.0 && at < static_cast<double>(size); };
+    if (IsEmpty() || !isInside(column) || !isInside(row))
+        return std::numeric_limits<double>::quiet_NaN();
+    return static_cast<double>(
+        metres[static_cast<std::size_t>(row) * size + static_cast<std::size_t>(column)]);
+}
+
 Relief ReliefAround(Elevations& elevations, const Place& site, double radiusKm, std::size_t size,
                     const std::function<bool(std::size_t done)>& goOn) {
     Relief relief{size, radiusKm, std::vector<float>(size * size, Unknown)};

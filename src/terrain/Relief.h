@@ -15,6 +15,8 @@ struct Relief {
     std::vector<float> metres;  // row after row from the north; no number where nothing is known
 
     bool IsEmpty() const { return metres.empty(); }
+    // Of the cell so far east and north of the middle; no number beyond the square.
+    double MetresAt(double eastKm, double northKm) const;
 };
 
 // Of a valid site. goOn is asked before each row with the number of those that are done; where it

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTest>
 
 #include "forms/Program.h"
@@ -52,6 +54,17 @@ TEST(TerrainWindow, TheMapShowsTheGroundAndMarksAnAzimuth) {
     map.setFocus();
     QTest::keyClick(&map, Qt::Key_Right);
     EXPECT_EQ(form.lstAzimuths.Selected(), 19U);
+
+    form.area.cmbArea.SetListIndex(1);
+    form.area.cmbArea.Click.Raise();
+    const QPointF at = middle + QPointF(side / 4.0, 0.0);
+    QMouseEvent move(QEvent::MouseMove, at, map.mapToGlobal(at), Qt::NoButton, {}, {});
+    QApplication::sendEvent(&map, &move);
+    const auto shown = form.area.lblPointed.Caption();
+    EXPECT_NE(shown.find(" km at 90.0°, ground 50.0 m"), std::string::npos) << shown;
+    EXPECT_NE(map.grab().toImage().pixelColor(middle + QPoint(side / 8, side / 8)),
+              picture.pixelColor(middle + QPoint(side / 8, side / 8)))
+        << "the area over the ground";
     form.Unload();
 }
 

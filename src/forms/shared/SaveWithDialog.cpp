@@ -14,15 +14,22 @@ bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
                           save);
 }
 
-bool SaveWithDialog(Form& form, const FileDialog& dialog,
-                    const std::function<void(const SaveChoice&)>& save) {
+std::optional<SaveChoice> AskWhereToSave(Form& form, const FileDialog& dialog) {
     Platform& platform = form.GetPlatform();
     const auto choice = platform.windows.AskSaveFile(dialog);
-    if (!choice || choice->path.empty()) return false;
+    if (!choice || choice->path.empty()) return std::nullopt;
     if (FileExists(choice->path) &&
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",
                                       .buttons = Message::Buttons::YesNo}) == Answer::No)
-        return false;
+        return std::nullopt;
+    return choice;
+}
+
+bool SaveWithDialog(Form& form, const FileDialog& dialog,
+                    const std::function<void(const SaveChoice&)>& save) {
+    Platform& platform = form.GetPlatform();
+    const auto choice = AskWhereToSave(form, dialog);
+    if (!choice) return false;
     bool saved = true;
     try {
         const Hourglass hourglass(form);

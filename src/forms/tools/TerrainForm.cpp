@@ -111,6 +111,7 @@ void TerrainForm::WireEvents() {
     for (const auto& stored : StoredBoxes) (this->*stored.box).Change = inputsChange;
     cmbDefinition.Click = inputsChange;
     wanted.OnChange([this] { BringUpToDate(); });
+    area.OnChange([this] { BringUpToDate(); });
     cmdFile.Click = [this] {
         if (const auto path = GetPlatform().windows.AskOpenFile({.folder = {}, .filters = "*.*"}))
             AddPath(txtFiles, *path);
@@ -136,6 +137,7 @@ void TerrainForm::WireEvents() {
         GetPlatform().clipboard.SetText(TabbedText(cells), CsvText(cells));
     };
     cmdSave.Click = [this] { cmdSave_Click(); };
+    area.cmdSaveArea.Click = [this] { cmdSaveArea_Click(); };
     cmdClose.Click = [this] { Unload(); };
 }
 
@@ -150,6 +152,7 @@ void TerrainForm::TakeSettings() {
     if (stored("Units") == HeightUnit(Units::English)) units_ = Units::English;
     cmbDefinition.SetText(stored("Definition"));
     wanted.TakeSettings(Section);
+    area.TakeSettings(Section);
     if (txtLatitude.Text().empty() && txtLongitude.Text().empty() && doors_.ReachForm.Loaded()) {
         txtLatitude.SetText(doors_.ReachForm->txtLatitude.Text());
         txtLongitude.SetText(doors_.ReachForm->txtLongitude.Text());
@@ -170,6 +173,7 @@ void TerrainForm::SaveSettings() {
     store("Units", HeightUnit(units_));
     store("Definition", cmbDefinition.Text());
     wanted.SaveSettings(Section);
+    area.SaveSettings(Section);
 }
 
 Units TerrainForm::UnitsNow() const {
@@ -238,24 +242,37 @@ std::optional<TerrainForm::Inputs> TerrainForm::ReadInputs(std::string& problem)
 void TerrainForm::cmdRead_Click() {
     std::string problem;
     const auto inputs = ReadInputs(problem);
-    if (!inputs || reading_) return;
-    reading_ = true;
+    if (!inputs || busy_) return;
+    RunAtLength(
+        [&] {
+            try {
+                ReadGround(*inputs);
+            } catch (...) {
+                elevations_.reset();
+                throw;
+            }
+        },
+        "Reading was cancelled.");
+}
+
+void TerrainForm::RunAtLength(const std::function<void()>& work, const char* cancelled) {
+    busy_ = true;
     cancelled_ = false;
     problem_.clear();
     EnableButtons();
     SetMousePointer(Pointer::Hourglass);
     try {
-        ReadGround(*inputs);
+        work();
     } catch (const std::exception& error) {  // also of a library's, such as no memory for a tile
         problem_ = error.what();
-        elevations_.reset();
         if (!problem_.empty() && problem_.front() >= 'a' && problem_.front() <= 'z')
             problem_.front() = static_cast<char>(problem_.front() - 'a' + 'A');
         if (!problem_.ends_with('.')) problem_ += '.';
     }
-    reading_ = false;
+    busy_ = false;
     if (Unloaded()) return;
     SetMousePointer(Pointer::Normal);
+    if (problem_.empty() && cancelled_) problem_ = cancelled;
     TellGround();
     GetPlatform().windows.Announce(lblProblem.Caption() + ' ' + lblNotes.Caption());
 }
@@ -295,7 +312,6 @@ void TerrainForm::TellGround() {
     std::string problem;
     const auto inputs = ReadInputs(problem);
     if (problem.empty()) problem = problem_;
-    if (problem.empty() && cancelled_) problem = "Reading was cancelled.";
     if (problem.empty() && inputs && heights_) {
         const EffectiveHeightTable& is = *heights_;
         const bool same = AreAlike(is.mast, inputs->mast) &&
@@ -352,6 +368,7 @@ void TerrainForm::ShowContours() {
     const std::size_t rows = table ? table->heights.radials.size() : 0;
     const auto marked = map.Marked();
     map.SetTable(std::move(table), 1.05 * farthest, UnitsNow());
+    area.Show(goal);
     lstAzimuths.SetRows(rows, [this](std::size_t i) { return RowAt(i); });
     ShowAzimuth(rows == 0 ? std::nullopt : std::optional(marked && *marked < rows ? *marked : 0));
 }
@@ -372,11 +389,12 @@ void TerrainForm::ShowAzimuth(std::optional<std::size_t> azimuth) {
 
 void TerrainForm::EnableButtons() {
     std::string problem;
-    cmdRead.SetEnabled(!reading_ && ReadInputs(problem).has_value());
-    cmdCancel.SetEnabled(reading_);
-    pgbRead.SetVisible(reading_);
+    cmdRead.SetEnabled(!busy_ && ReadInputs(problem).has_value());
+    cmdCancel.SetEnabled(busy_);
+    pgbRead.SetVisible(busy_);
     for (Button* button : {&cmdAdd, &cmdCopy, &cmdSave})
         button->SetEnabled(map.Table().has_value());
+    area.cmdSaveArea.SetEnabled(!busy_ && area.IsShown());
     const auto marked = map.Marked();
     cmdTake.SetEnabled(map.Table() && marked &&
                        map.Table()->heights.radials.at(*marked).seen > 0.0);
@@ -407,6 +425,23 @@ void TerrainForm::cmdSave_Click() {
         },
         "contours " + FormatNumber(table.heights.mast.site.latitude, "0.0####") + ' ' +
             FormatNumber(table.heights.mast.site.longitude, "0.0####") + ".geojson");
+}
+
+void TerrainForm::cmdSaveArea_Click() {
+    if (!area.cmdSaveArea.Enabled()) return;
+    const auto choice =
+        AskWhereToSave(*this, {.folder = GetPlatform().programDirectory,
+                               .filters = "GeoTIFF (*.tif)|*.tif|PNG picture (*.png)|*.png",
+                               .name = "area.tif"});
+    if (!choice) return;
+    const bool isPicture = choice->path.ends_with(".png") ||
+                           (choice->filterIndex == 2 && !choice->path.ends_with(".tif"));
+    RunAtLength(
+        [&] {
+            area.Save(choice->path, isPicture, doors_.RasterModule,
+                      [this](double done) { return GoesOn(done); });
+        },
+        "Saving was cancelled.");
 }
 
 }  // namespace vardel

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/RowList.h"
+#include "forms/tools/AreaBoxes.h"
 #include "forms/tools/GroundMap.h"
 #include "forms/tools/WantedBoxes.h"
 #include "terrain/Elevations.h"
@@ -59,6 +60,7 @@ public:
     Label lblProblem{*this, "lblProblem"};
     Label lblNotes{*this, "lblNotes"};
     GroundMap map{*this, "map"};
+    AreaBoxes area{*this, map};
     RowList lstAzimuths;
     Button cmdTake{*this, "cmdTake", "&Use This Height"};
     Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
@@ -80,9 +82,13 @@ private:
     void cmdRead_Click();
     void cmdTake_Click();
     void cmdSave_Click();
+    void cmdSaveArea_Click();
 
     std::optional<Inputs> ReadInputs(std::string& problem);
     std::optional<HeightDefinition> ReadDefinition(std::string& problem);
+    // Runs what takes its time, with progress and Cancel; an exception becomes the problem, and so
+    // does that it was cancelled.
+    void RunAtLength(const std::function<void()>& work, const char* cancelled);
     void ReadGround(const Inputs& inputs);
     // Lets the user in, who may stop it or close the window; whether it is to go on.
     bool GoesOn(double done);
@@ -98,9 +104,9 @@ private:
     std::unique_ptr<Elevations> elevations_;  // of openFiles_
     std::vector<std::string> openFiles_;
     std::optional<EffectiveHeightTable> heights_;  // none until the ground was read
-    std::string problem_;                          // of the last reading
+    std::string problem_;                          // of the last reading or saving
     Units units_ = Units::Metric;                  // of the heights in the boxes
-    bool reading_ = false;
+    bool busy_ = false;
     bool cancelled_ = false;
 };
 

@@ -20,6 +20,7 @@ namespace vardel {
 namespace {
 
 constexpr int LegendLines = 5;
+constexpr double AreaOpacity = 0.65;
 constexpr QColor Unseen(228, 228, 228);
 constexpr QColor HeightColor(90, 60, 20);
 
@@ -59,6 +60,18 @@ QImage PictureOf(const Relief& relief) {
             const auto lit = [light](int c) { return std::min(255, static_cast<int>(c * light)); };
             line[x] = qRgb(lit(tint.red()), lit(tint.green()), lit(tint.blue()));
         }
+    }
+    return picture;
+}
+
+QImage PictureOf(const AreaPicture& area) {
+    const int size = static_cast<int>(area.size);
+    QImage picture(size, size, QImage::Format_ARGB32);
+    for (int y = 0; y < size; ++y) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        const PixelColor* pixels = area.pixels.data() + static_cast<std::size_t>(y) * area.size;
+        for (int x = 0; x < size; ++x)
+            line[x] = qRgba(pixels[x].red, pixels[x].green, pixels[x].blue, pixels[x].alpha);
     }
     return picture;
 }
@@ -106,6 +119,7 @@ GroundMapWidget::GroundMapWidget(GroundMap& map, Binder& binder) : map_(map), bi
     setObjectName(ToQt(map.Name()));
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(320, 360);
+    setMouseTracking(true);
     setAccessibleName("Map of the ground, the contours and the effective heights");
     binder.Show(map, [this] { ShowMap(); });
 }
@@ -114,6 +128,10 @@ void GroundMapWidget::ShowMap() {
     if (groundChanges_ != map_.GroundChanges()) {
         groundChanges_ = map_.GroundChanges();
         ground_ = map_.Ground().IsEmpty() ? QImage() : PictureOf(map_.Ground());
+    }
+    if (areaChanges_ != map_.AreaChanges()) {
+        areaChanges_ = map_.AreaChanges();
+        area_ = map_.Area().IsEmpty() ? QImage() : PictureOf(map_.Area());
     }
     setAccessibleDescription(MarkedText());
     update();
@@ -147,6 +165,7 @@ void GroundMapWidget::paintEvent(QPaintEvent*) {
     painter.save();
     painter.setClipRect(square);
     PaintGround(painter);
+    PaintArea(painter);
     PaintRings(painter);
     if (map_.Table()) {
         PaintHeights(painter);
@@ -154,6 +173,7 @@ void GroundMapWidget::paintEvent(QPaintEvent*) {
         PaintMarked(painter);
     }
     PaintScale(painter);
+    PaintAreaLegend(painter);
     painter.restore();
     painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.drawRect(square);
@@ -166,6 +186,52 @@ void GroundMapWidget::PaintGround(QPainter& painter) {
     const double half = map_.Ground().radiusKm * PointsPerKm();
     painter.drawImage(QRectF(Middle() - QPointF(half, half), QSizeF(2.0 * half, 2.0 * half)),
                       ground_);
+}
+
+// Light enough for the ground to be seen through it.
+void GroundMapWidget::PaintArea(QPainter& painter) {
+    if (area_.isNull()) return;
+    const double half = map_.Area().radiusKm * PointsPerKm();
+    painter.setOpacity(AreaOpacity);
+    painter.drawImage(QRectF(Middle() - QPointF(half, half), QSizeF(2.0 * half, 2.0 * half)),
+                      area_);
+    painter.setOpacity(1.0);
+}
+
+// In the corner that the scale and the directions leave free.
+void GroundMapWidget::PaintAreaLegend(QPainter& painter) {
+    if (area_.isNull()) return;
+    const AreaPicture& area = map_.Area();
+    const double line = fontMetrics().height();
+    QFont bold = painter.font();
+    bold.setBold(true);
+    double width = QFontMetricsF(bold).horizontalAdvance(ToQt(area.title));
+    for (const auto& step : area.steps)
+        width =
+            std::max(width, 2.0 * line + QFontMetricsF(bold).horizontalAdvance(ToQt(step.text)));
+    const QPointF corner = MapSquare().topLeft() + QPointF(6.0, 6.0);
+    painter.fillRect(
+        QRectF(corner,
+               QSizeF(width + 12.0, line * static_cast<double>(area.steps.size() + 1) + 10.0)),
+        QColor(255, 255, 255, 225));
+    QPointF at = corner + QPointF(6.0, 4.0);
+    painter.setPen(QColor(30, 30, 30));
+    const auto write = [&](const QPointF& from, const std::string& text, bool isBold) {
+        painter.save();
+        if (isBold) painter.setFont(bold);
+        painter.drawText(from + QPointF(0.0, fontMetrics().ascent()), ToQt(text));
+        painter.restore();
+    };
+    write(at, area.title, true);
+    for (const auto& step : area.steps) {
+        at.ry() += line;
+        const QRectF box(at + QPointF(0.0, 2.0), QSizeF(1.5 * line, line - 4.0));
+        painter.fillRect(box, Qt::white);
+        painter.setOpacity(AreaOpacity);
+        painter.fillRect(box, QColor(step.color.red, step.color.green, step.color.blue));
+        painter.setOpacity(1.0);
+        write(at + QPointF(2.0 * line, 0.0), step.text, step.isWanted);
+    }
 }
 
 void GroundMapWidget::PaintRings(QPainter& painter) {
@@ -296,6 +362,19 @@ void GroundMapWidget::mousePressEvent(QMouseEvent* event) {
 
 void GroundMapWidget::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton) MarkToward(event->position());
+    const QPointF from = event->position() - Middle();
+    const double km = std::hypot(from.x(), from.y()) / PointsPerKm();
+    if (!MapSquare().contains(event->position()) || km == 0.0) return PointAt(std::nullopt);
+    const double azimuth = qRadiansToDegrees(std::atan2(from.x(), -from.y()));
+    PointAt(PlaceAround{km, azimuth < 0.0 ? azimuth + 360.0 : azimuth});
+}
+
+void GroundMapWidget::leaveEvent(QEvent*) { PointAt(std::nullopt); }
+
+void GroundMapWidget::PointAt(std::optional<PlaceAround> place) {
+    if (!binder_.IsAlive() || map_.Pointed() == place) return;
+    map_.SetPointed(place);
+    map_.Point.Raise();
 }
 
 void GroundMapWidget::keyPressEvent(QKeyEvent* event) {

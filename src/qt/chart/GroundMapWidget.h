@@ -20,12 +20,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ShowMap();
     void Mark(std::size_t azimuth);
     void MarkToward(const QPointF& at);
+    void PointAt(std::optional<PlaceAround> place);
     QRectF MapSquare() const;
     QPointF Middle() const { return MapSquare().center(); }
     double PointsPerKm() const;
@@ -33,17 +35,21 @@ private:
     QString MarkedText() const;
 
     void PaintGround(QPainter& painter);
+    void PaintArea(QPainter& painter);
     void PaintRings(QPainter& painter);
     void PaintScale(QPainter& painter);
     void PaintContours(QPainter& painter);
     void PaintHeights(QPainter& painter);
     void PaintMarked(QPainter& painter);
     void PaintLegend(QPainter& painter);
+    void PaintAreaLegend(QPainter& painter);
 
     GroundMap& map_;
     Binder& binder_;
     QImage ground_;
-    int groundChanges_ = -1;  // of the map, as its picture shows
+    QImage area_;
+    int groundChanges_ = -1;  // of the map, as its pictures show
+    int areaChanges_ = -1;
 };
 
 }  // namespace vardel

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "services/Files.h"
 #include "support/RunningProgram.h"
 #include "terrain/RasterMosaic.h"
@@ -152,6 +154,81 @@ TEST_F(TerrainFormTest, ReadingIsCancelledOrLeftAtAnyMoment) {
     platform.onYield = nullptr;
     EXPECT_EQ(Form().txtFiles.Text(), "a.tif; b") << "as the window was left";
     EXPECT_EQ(Form().wanted.cmbWanted.Text(), "Path loss");
+}
+
+// By hand from Hata's formula for 450 MHz, 1.5 m and 100 m: 143.129 dB at 10 km, 140 dB up
+// to 7.973.
+TEST_F(TerrainFormTest, AnAreaLiesUnderTheContoursAndTellsWhatIsUnderThePointer) {
+    Form().cmdRead.Press();
+    EXPECT_TRUE(Form().map.Area().IsEmpty());
+    EXPECT_FALSE(Form().area.cmdSaveArea.Enabled());
+    Form().area.cmbArea.SetListIndex(1);
+    Form().area.cmbArea.Click.Raise();
+    const AreaPicture& area = Form().map.Area();
+    ASSERT_EQ(area.pixels.size(), area.size * area.size);
+    const auto atWest = [&](double km) {
+        const double half = static_cast<double>(area.size) / 2.0;
+        const auto column = static_cast<std::size_t>(half - km / area.radiusKm * half);
+        return area.pixels[area.size / 2 * area.size + column];
+    };
+    const auto& wanted = std::ranges::find_if(area.steps, &CoverageColors::Step::isWanted);
+    EXPECT_EQ(wanted->text, "up to 140");
+    EXPECT_EQ(atWest(7.9), wanted->color);
+    EXPECT_EQ(atWest(8.05), (wanted + 1)->color) << "what does not meet it";
+
+    Form().map.SetPointed(PlaceAround{10.0, 270.0});
+    Form().map.Point.Raise();
+    EXPECT_THAT(
+        Form().area.lblPointed.Caption(),
+        HasSubstr(" E: 10.00 km at 270.0°, ground 100.0 m, effective height 100.0 m. ITU 529 "
+                  "143.1 dB, "));
+    EXPECT_THAT(Form().area.lblPointed.Caption(), HasSubstr("Cost 231 140.4 dB (out of range)"));
+    Form().map.SetPointed(std::nullopt);
+    Form().map.Point.Raise();
+    EXPECT_EQ(Form().area.lblPointed.Caption(), "");
+    Form().wanted.txtWanted.SetText("x");
+    EXPECT_TRUE(Form().map.Area().IsEmpty());
+}
+
+TEST_F(TerrainFormTest, AnAreaIsSavedWholeOrNotAtAll) {
+    struct Writer : RasterWriter {
+        void Write(std::size_t, int, int, const double*) override {}
+        void Finish() override {}
+    };
+    static const ElevationModule module{
+        ElevationModuleVersion,
+        nullptr,
+        nullptr,
+        [](const std::string& file, const RasterLayout& layout) -> std::unique_ptr<RasterWriter> {
+            EXPECT_EQ(layout.bands.size(), 7) << "values and marks of three models, and the height";
+            EXPECT_EQ(layout.grid.toMap[1], 20.0) << "m, 1,700 times in 34 km";
+            ReplaceFile(file, "a raster");
+            return std::make_unique<Writer>();
+        },
+        [](const std::string&, const std::string& to, RasterFormat, unsigned) {
+            ReplaceFile(to, "converted");
+        },
+        nullptr};
+    program.RasterModule = [&]() -> const ElevationModule& { return module; };
+    Form().cmdRead.Press();
+    Form().area.cmbArea.SetListIndex(2);
+    Form().area.cmbArea.Click.Raise();
+    const std::string path = platform.folder.Path("area.tif");
+    platform.saveChoice = SaveChoice{path, 1};
+    platform.onYield = [this] { Form().cmdCancel.Press(); };
+    Form().area.cmdSaveArea.Press();
+    EXPECT_EQ(Form().lblProblem.Caption(), "Saving was cancelled.");
+    EXPECT_FALSE(FileExists(path));
+    platform.onYield = nullptr;
+    Form().area.cmdSaveArea.Press();
+    EXPECT_EQ(Form().lblProblem.Caption(), "");
+    EXPECT_EQ(ReadWholeFile(path), "converted");
+    program.RasterModule = []() -> const ElevationModule& {
+        throw ElevationError("install the package vardel-terrain");
+    };
+    Form().area.cmdSaveArea.Press();
+    EXPECT_EQ(Form().lblProblem.Caption(), "Install the package vardel-terrain.");
+    EXPECT_EQ(ReadWholeFile(path), "converted");
 }
 
 }  // namespace

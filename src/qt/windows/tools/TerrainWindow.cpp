@@ -26,7 +26,7 @@ TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
     auto* parts = new QSplitter(Qt::Horizontal);
     parts->setChildrenCollapsible(false);
     parts->addWidget(MakeTable(form));
-    parts->addWidget(new GroundMapWidget(form.map, binder));
+    parts->addWidget(MakeMap(form));
     parts->setStretchFactor(1, 1);
     parts->setSizes({600, 660});
     column->addWidget(parts, 1);
@@ -96,13 +96,31 @@ QWidget* TerrainWindow::MakeTable(TerrainForm& form) {
     return panel;
 }
 
+QWidget* TerrainWindow::MakeMap(TerrainForm& form) {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* head = new QGridLayout;
+    AddLabel(form.area.lblArea, *head, 0, 0);
+    head->addWidget(MakeList(form.area.cmbArea), 0, 1);
+    head->setColumnStretch(2, 1);
+    column->addLayout(head);
+    column->addWidget(new GroundMapWidget(form.map, binder), 1);
+    auto* pointed = MakeLabel(form.area.lblPointed);
+    pointed->setWordWrap(true);
+    pointed->setAlignment(Qt::AlignTop);
+    pointed->setFixedHeight(3 * pointed->fontMetrics().height());
+    column->addWidget(pointed);
+    return panel;
+}
+
 QWidget* TerrainWindow::MakeButtons(TerrainForm& form) {
     auto* panel = new QWidget;
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch(1);
-    for (Button* button :
-         {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose})
+    for (Button* button : {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave,
+                           &form.area.cmdSaveArea, &form.cmdClose})
         row->addWidget(MakeButton(*button));
     return panel;
 }

@@ -14,6 +14,7 @@ public:
 
 private:
     QWidget* MakeInputs(TerrainForm& form);
+    QWidget* MakeMap(TerrainForm& form);
     QWidget* MakeTable(TerrainForm& form);
     QWidget* MakeButtons(TerrainForm& form);
 };
