@@ -50,7 +50,7 @@ needs() {
 }
 needs vardel fonts-liberation libqt6widgets6 libqcustomplot
 needs vardel-terrain libgdal
-needs python3-vardel python3-numpy 'python3 (<<' libsqlite3-0
+needs python3-vardel python3-numpy-abi 'python3 (<<' libsqlite3-0
 # The one is there for servers, too, and GDAL only for who has elevation data.
 without() {
   local depends
