@@ -243,6 +243,10 @@ bool TakeTerrain(vardel::QtPlatform& platform, vardel::Program& program, const Q
         box->SetText(text);
     form.cmdRead.Press();
     form.lstAzimuths.Select(9);
+    form.area.cmbArea.SetListIndex(1);
+    form.area.cmbArea.Click.Raise();
+    form.map.SetPointed(vardel::PlaceAround{9.0, 118.0});
+    form.map.Point.Raise();
     return TakeModalPicture(platform, form, pictures, "terrain");
 }
 

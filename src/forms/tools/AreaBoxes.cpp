@@ -35,7 +35,7 @@ double PixelMetres(double radiusKm) {
 AreaBoxes::AreaBoxes(Form& form, GroundMap& map)
     : lblArea(form, "lblArea", "Area"),
       cmbArea(form, "cmbArea", Items()),
-      cmdSaveArea(form, "cmdSaveArea", "Save A&rea ..."),
+      cmdSaveArea(form, "cmdSaveArea", "Save Ar&ea ..."),
       lblPointed(form, "lblPointed"),
       form_(form),
       map_(map) {
