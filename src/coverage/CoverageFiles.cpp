@@ -230,12 +230,11 @@ std::optional<std::vector<CoveredArea>> WriteCoverageFiles(
     const std::function<bool(double done)>& goOn) {
     std::optional<Files> files;
     if (output.Any()) files.emplace(output, module(), station, grid);
-    const auto areas =
-        RunCoverage(station, grid, output.wanted, output.threads,
-                    [&](int row, int rows, const CoverageBuffers& strip) {
-                        if (files) files->Take(row, rows, strip);
-                        return goOn(static_cast<double>(row + rows) / grid.cells.rows);
-                    });
+    auto areas = RunCoverage(station, grid, output.wanted, output.threads,
+                             [&](int row, int rows, const CoverageBuffers& strip) {
+                                 if (files) files->Take(row, rows, strip);
+                                 return goOn(static_cast<double>(row + rows) / grid.cells.rows);
+                             });
     if (areas && files) files->Finish();
     return areas;
 }

@@ -16,7 +16,7 @@ bool SaveWithDialog(Form& form, const std::string& filters, int filterIndex,
 
 std::optional<SaveChoice> AskWhereToSave(Form& form, const FileDialog& dialog) {
     Platform& platform = form.GetPlatform();
-    const auto choice = platform.windows.AskSaveFile(dialog);
+    auto choice = platform.windows.AskSaveFile(dialog);
     if (!choice || choice->path.empty()) return std::nullopt;
     if (FileExists(choice->path) &&
         platform.windows.ShowMessage({.text = "File already exits.  Overwrite It?",

@@ -81,8 +81,8 @@ void AreaBoxes::Save(const std::string& path, bool isPicture,
     station.farthestKm = std::min(FarthestReach, std::ceil(map_.RadiusKm()));
     const auto system = GridSystemAround(station.site);
     const CoverageGrid grid = MakeCoverageGrid(
-        station.site, system,
-        PatternOf(*system, station.site, PixelMetres(station.farthestKm)), {station.farthestKm});
+        station.site, system, PatternOf(*system, station.site, PixelMetres(station.farthestKm)),
+        {station.farthestKm});
     CoverageOutput output;
     (isPicture ? output.picture : output.raster) = path;
     output.wanted = goal_->wanted.value;
@@ -94,8 +94,8 @@ void AreaBoxes::Save(const std::string& path, bool isPicture,
 }
 
 void AreaBoxes::TakeSettings(const char* section) {
-    cmbArea.SetText(form_.GetPlatform().settings.Read(form_.GetPlatform().applicationTitle, section,
-                                                      Key));
+    cmbArea.SetText(
+        form_.GetPlatform().settings.Read(form_.GetPlatform().applicationTitle, section, Key));
     if (cmbArea.ListIndex() < 0) cmbArea.SetListIndex(0);
 }
 

@@ -23,8 +23,8 @@ public:
     void Show(const std::optional<Wanted>& wanted);
     bool IsShown() const { return !map_.Area().IsEmpty(); }
 
-    // Writes the area that is shown: as a picture of its model, or as a GeoTIFF of all models. Where
-    // goOn says no nothing is written. Throws ElevationError and std::system_error.
+    // Writes the area that is shown: as a picture of its model, or as a GeoTIFF of all models.
+    // Where goOn says no nothing is written. Throws ElevationError and std::system_error.
     void Save(const std::string& path, bool isPicture,
               const std::function<const ElevationModule&()>& module,
               const std::function<bool(double done)>& goOn) const;

@@ -21,7 +21,8 @@ std::string Coordinate(double degrees, char positive, char negative) {
 CoverageGrid GridAround(const Place& site, double radiusKm, std::size_t size) {
     const double half = radiusKm * 1000.0;
     const double side = 2.0 * half / static_cast<double>(size);
-    return {site, GridSystemAround(site),
+    return {site,
+            GridSystemAround(site),
             {static_cast<int>(size), static_cast<int>(size), {-half, side, 0.0, half, 0.0, -side}}};
 }
 
