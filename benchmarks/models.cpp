@@ -87,41 +87,39 @@ void CurveOnGrid(benchmark::State& state, ModelNumber model) {
     }
 }
 
-using NewCurve = void (*)(const ModelInputs&, const double*, std::size_t, double*) noexcept;
-
-void CurveOver(benchmark::State& state, NewCurve curve, const ModelInputs& in,
+void CurveOver(benchmark::State& state, ModelNumber model, const ModelInputs& in,
                const std::vector<double>& distances) {
     std::vector<double> values(distances.size());
     for (auto _ : state) {
-        curve(in, distances.data(), distances.size(), values.data());
+        ModelOf(model).lossOverKm(in, distances.data(), distances.size(), values.data());
         benchmark::DoNotOptimize(values.data());
         benchmark::ClobberMemory();
     }
 }
 
-void CurveOnNewDistances(benchmark::State& state, NewCurve curve) {
-    CurveOver(state, curve, PathsAt(1.0)[0], GraphDistances());
+void CurveOnNewDistances(benchmark::State& state, ModelNumber model) {
+    CurveOver(state, model, PathsAt(1.0)[0], GraphDistances());
 }
 
 // What benchmarks/module.py compares the Python module with: the same path and distances.
-void CurveOfAMillion(benchmark::State& state, NewCurve curve) {
+void CurveOfAMillion(benchmark::State& state, ModelNumber model) {
     std::vector<double> distances;
     for (int i = 0; i < 1'000'000; ++i) distances.push_back(0.1 + i * 299.9 / 999'999);
-    CurveOver(state, curve, {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, distances);
+    CurveOver(state, model, {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, distances);
 }
 
 #define CURVES(name, model)                                                          \
     BENCHMARK_CAPTURE(SingleCalls, name, name##Loss)->Unit(benchmark::kMicrosecond); \
     BENCHMARK_CAPTURE(CurveOnGrid, name, model)->Unit(benchmark::kMicrosecond);      \
-    BENCHMARK_CAPTURE(CurveOnNewDistances, name, name##LossCurve)->Unit(benchmark::kMicrosecond)
+    BENCHMARK_CAPTURE(CurveOnNewDistances, name, model)->Unit(benchmark::kMicrosecond)
 
 CURVES(Itu529, ModelNumber::Itu529);
 CURVES(Cost231, ModelNumber::Cost231);
 CURVES(Davidson, ModelNumber::Davidson);
-BENCHMARK_CAPTURE(CurveOfAMillion, itu529_loss, Itu529LossCurve);
-BENCHMARK_CAPTURE(CurveOfAMillion, davidson_loss, DavidsonLossCurve);
-BENCHMARK_CAPTURE(CurveOfAMillion, cost231_loss, Cost231LossCurve);
-BENCHMARK_CAPTURE(CurveOfAMillion, us_loss, UsLossCurve);
+BENCHMARK_CAPTURE(CurveOfAMillion, itu529_loss, ModelNumber::Itu529);
+BENCHMARK_CAPTURE(CurveOfAMillion, davidson_loss, ModelNumber::Davidson);
+BENCHMARK_CAPTURE(CurveOfAMillion, cost231_loss, ModelNumber::Cost231);
+BENCHMARK_CAPTURE(CurveOfAMillion, us_loss, ModelNumber::Us);
 
 }  // namespace
 }  // namespace vardel

@@ -66,19 +66,12 @@ for header in "$work"/prefix/include/vardel/models/*.h; do
   "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror -fsyntax-only "-I$work" "${library[@]}" "$work/header.cpp"
 done
 
-# Each function that the headers declare is in the library: a program takes the address of each curve, and
-# of each function with the caller's terms.
+# Each function that the headers declare is in the library: a program takes its address.
 {
   echo '#include <vardel/models/ModCalculations.h>'
-  echo 'using namespace vardel; using Points = const DistanceGrid::Point*;'
+  echo 'using namespace vardel; auto models = &Models;'
   for model in Davidson Itu529 Cost231 Us; do
-    echo "auto ${model}A = ${model}LossWith; auto ${model}B = ${model}FieldStrengthWith;"
-    echo "auto ${model}C = ${model}LossTerms; auto ${model}D = ${model}FieldStrengthTerms;"
-    for at in Points 'const double*'; do
-      echo "void (*${model}E${#at})(const ModelInputs&, $at, std::size_t, double*) noexcept = ${model}LossCurve;"
-      echo "void (*${model}F${#at})(const ModelInputs&, double, $at, std::size_t, double*) noexcept ="
-      echo "    ${model}FieldStrengthCurve;"
-    done
+    echo "ModelFunction ${model}A = ${model}Loss, ${model}B = ${model}FieldStrength;"
   done
   echo 'auto a = BrokenLimits; auto b = TimeVariability; auto c = ModelInRange;'
   echo 'auto d = static_cast<double (*)(double, double, std::string_view) noexcept>(LocationVariability);'

@@ -6,7 +6,7 @@
 #include <limits>
 #include <thread>
 
-#include "models/AreaFormulas.h"
+#include "models/Model.h"
 #include "models/Variability.h"
 
 namespace vardel {
@@ -69,11 +69,11 @@ private:
     }
 
     void ComputeModel(ModelNumber number, std::size_t count, double* values) const {
-        const AreaFormula& formula = AreaFormulas.at(IndexOf(number));
+        const Model& model = ModelOf(number);
         if (station_.quantity == CoverageQuantity::PathLoss)
-            formula.losses(station_.path, block_, values);
+            model.areaLosses(station_.path, block_, values);
         else
-            formula.fieldStrengths(station_.path, station_.powerWatts, block_, values);
+            model.areaFieldStrengths(station_.path, station_.powerWatts, block_, values);
         if (station_.quantity == CoverageQuantity::ReceivedPower)
             for (std::size_t i = 0; i < count; ++i)
                 values[i] = ReceivedPower(station_.receiver, values[i]);

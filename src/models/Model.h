@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "AreaBlock.h"
 #include "Distances.h"
 #include "FormulaTerms.h"
 #include "ModelInputs.h"
@@ -12,12 +13,19 @@
 
 namespace vardel {
 
-// A propagation model, all that the rest of a program knows of it.
+// Of a model's curve beside those of the others.
+struct ModelColor {
+    std::uint8_t red, green, blue;
+};
+
+// A propagation model, all that the rest of a program knows of it. Its functions are safe on any
+// thread and have the same bits wherever they meet; see MakeModel for how they are made.
 struct Model {
     ModelNumber number;
     const char* name;  // short, as legends tell it
     // Path loss in dB, and field strength in dB(µV/m) for a power in watts e.r.p., with terms of
-    // the caller's own.
+    // the caller's own. In an urban area a city size that is not known keeps the antenna term of
+    // the last call, in curves it gives a term of 0.
     double (*loss)(const ModelInputs& in, ModelTermsRecord& terms) noexcept;
     double (*fieldStrength)(const ModelInputs& in, double powerWatts,
                             ModelTermsRecord& terms) noexcept;
@@ -32,12 +40,14 @@ struct Model {
                        double* values) noexcept;
     void (*fieldStrengthOverKm)(const ModelInputs& in, double powerWatts, const double* km,
                                 std::size_t count, double* values) noexcept;
+    // The same over a block of an area's points, in place of in.d and in.hb.
+    void (*areaLosses)(const ModelInputs& in, const AreaBlock& block, double* values) noexcept;
+    void (*areaFieldStrengths)(const ModelInputs& in, double powerWatts, const AreaBlock& block,
+                               double* values) noexcept;
     // What the two consist of, for a reader.
     FormulaTerms (*lossTerms)(const ModelInputs& in);
     FormulaTerms (*fieldStrengthTerms)(const ModelInputs& in, double powerWatts);
-    struct {
-        std::uint8_t red, green, blue;
-    } color;  // of its curve beside those of the others
+    ModelColor color;
 };
 
 // In the order of ModelNumber.

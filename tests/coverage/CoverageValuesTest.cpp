@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "models/AreaFormulas.h"
+#include "models/Model.h"
 
 namespace vardel {
 namespace {

@@ -81,8 +81,9 @@ TEST(Curves, OfManyNewDistances) {
     for (double d = 0.1; d <= 300.0; d = d + 0.1) km.push_back(d);
     const DistanceGrid grid(km.data(), km.size());
     std::vector<double> direct(km.size()), gridded(km.size());
-    Itu529FieldStrengthCurve(in, 5.0, km.data(), km.size(), direct.data());
-    Itu529FieldStrengthCurve(in, 5.0, grid.begin(), km.size(), gridded.data());
+    const Model& itu529 = ModelOf(ModelNumber::Itu529);
+    itu529.fieldStrengthOverKm(in, 5.0, km.data(), km.size(), direct.data());
+    itu529.fieldStrengthCurve(in, 5.0, grid.begin(), km.size(), gridded.data());
     EXPECT_EQ(direct, gridded);
 }
 

@@ -1,21 +1,20 @@
-#include "models/Davidson.h"
+#pragma once
 
 #include <cmath>
 
-#include "models/PathTerms.h"
+#include "ModelTerms.h"
+#include "PathTerms.h"
 
 namespace vardel {
 
-namespace {
-
-constexpr const char* Tsb88 = "TSB-88-A";
-
 // What does not change with the distance, and the corrections, in dB, that do. The published form
 // is in miles and feet, hence 0.62137 and 121.92.
-struct Path {
+struct DavidsonPath {
+    static constexpr const char* Tsb88 = "TSB-88-A";
+
     // The logarithms of corrections that begin at some distance are left out where none beyond it
     // comes.
-    Path(const ModelInputs& in, double& antennaTerm, double farthest) noexcept
+    DavidsonPath(const ModelInputs& in, double& antennaTerm, double farthest) noexcept
         : area(ReadArea(in, statistics)),
           antennaForm(HataAntennaForm(area, in.city)),
           f(in.f),
@@ -29,6 +28,13 @@ struct Path {
         antenna = antennaTerm;
         head = LossHead(*this);
         areaTerm = AreaCorrection(area, in.f, logF);
+    }
+
+    // For any distance, with no term kept from an earlier call.
+    static DavidsonPath ForCurve(const ModelInputs& in) noexcept {
+        constexpr double Farthest = 1e300;  // km
+        double antenna = 0.0;
+        return {in, antenna, Farthest};
     }
 
     void Raise(const AreaBlock::Point& at) noexcept {
@@ -103,6 +109,39 @@ struct Path {
 
     void Note(ListedSum&, double) const {}
 
+    // The distance of a call, which needs the logarithm for the term that it keeps and for its sum.
+    struct CallDistance : SingleDistance {
+        explicit CallDistance(const ModelInputs& in) noexcept
+            : SingleDistance{in.d}, logOfInverse(in.hb <= 300.0 ? 0.0 : Log10(9.98 / in.d)) {}
+
+        double LogOfInverse() const noexcept { return logOfInverse; }
+
+        double logOfInverse;  // 0 where no height correction is
+    };
+
+    void KeepTerms(const CallDistance& at, ModelTermsRecord& terms) const noexcept {
+        terms.DavAreaTerm = areaTerm;
+        terms.DavDistanceTerm = DistanceCorrection(at.Km());
+        terms.DavHeightTerm = HeightCorrection(at);
+        terms.DavFreqDistTerm = FrequencyDistanceCorrection(at.Km());
+    }
+
+    static double Loss(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
+        const CallDistance at(in);
+        const DavidsonPath path(in, terms.DavAntennaTerm, in.d);
+        path.KeepTerms(at, terms);
+        return LossFrom(path.head, path, at);
+    }
+    static double FieldStrength(const ModelInputs& in, double powerWatts,
+                                ModelTermsRecord& terms) noexcept {
+        const CallDistance at(in);
+        const DavidsonPath path(in, terms.DavAntennaTerm, in.d);
+        path.KeepTerms(at, terms);
+        return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
+    }
+
+    static constexpr bool TakesPowersOfDistance = false;
+
     PathStatistics statistics;
     Area area;
     AntennaForm antennaForm;
@@ -117,89 +156,5 @@ struct Path {
     double head = 0.0;      // of the loss, dB
     double areaTerm = 0.0;  // dB
 };
-
-// The distance of a call, which needs the logarithm for the term that it keeps and for its sum.
-struct CallDistance : SingleDistance {
-    double logOfInverse;  // 0 where no height correction is
-
-    double LogOfInverse() const noexcept { return logOfInverse; }
-};
-
-CallDistance DistanceOf(const ModelInputs& in) noexcept {
-    return {{in.d}, in.hb <= 300.0 ? 0.0 : Log10(9.98 / in.d)};
-}
-
-void KeepTerms(const Path& path, const CallDistance& at, ModelTermsRecord& terms) noexcept {
-    terms.DavAreaTerm = path.areaTerm;
-    terms.DavDistanceTerm = path.DistanceCorrection(at.Km());
-    terms.DavHeightTerm = path.HeightCorrection(at);
-    terms.DavFreqDistTerm = path.FrequencyDistanceCorrection(at.Km());
-}
-
-// For any distance, with no term kept from an earlier call.
-Path CurvePath(const ModelInputs& in) noexcept {
-    constexpr double Farthest = 1e300;  // km
-    double antenna = 0.0;
-    return Path(in, antenna, Farthest);
-}
-
-}  // namespace
-
-double DavidsonLossWith(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
-    const CallDistance at = DistanceOf(in);
-    const Path path(in, terms.DavAntennaTerm, in.d);
-    KeepTerms(path, at, terms);
-    return LossFrom(path.head, path, at);
-}
-
-double DavidsonFieldStrengthWith(const ModelInputs& in, double powerWatts,
-                                 ModelTermsRecord& terms) noexcept {
-    const CallDistance at = DistanceOf(in);
-    const Path path(in, terms.DavAntennaTerm, in.d);
-    KeepTerms(path, at, terms);
-    return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
-}
-
-void DavidsonLossCurve(const ModelInputs& in, const DistanceGrid::Point* points, std::size_t count,
-                       double* values) noexcept {
-    FillLosses(CurvePath(in), points, count, values);
-}
-
-void DavidsonLossCurve(const ModelInputs& in, const double* km, std::size_t count,
-                       double* values) noexcept {
-    FillLosses(CurvePath(in), km, count, values);
-}
-
-void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts,
-                                const DistanceGrid::Point* points, std::size_t count,
-                                double* values) noexcept {
-    FillFieldStrengths(CurvePath(in), powerWatts, points, count, values);
-}
-
-void DavidsonFieldStrengthCurve(const ModelInputs& in, double powerWatts, const double* km,
-                                std::size_t count, double* values) noexcept {
-    FillFieldStrengths(CurvePath(in), powerWatts, km, count, values);
-}
-
-void DavidsonAreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept {
-    FillAreaLosses(CurvePath(in), block, values);
-}
-
-void DavidsonAreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
-                                double* values) noexcept {
-    FillAreaFieldStrengths(CurvePath(in), powerWatts, block, values);
-}
-
-FormulaTerms DavidsonLossTerms(const ModelInputs& in) { return LossTerms(CurvePath(in), in); }
-
-FormulaTerms DavidsonFieldStrengthTerms(const ModelInputs& in, double powerWatts) {
-    return FieldStrengthTerms(CurvePath(in), in, powerWatts);
-}
-
-double DavidsonLoss(const ModelInputs& in) noexcept { return DavidsonLossWith(in, ModelTerms); }
-
-double DavidsonFieldStrength(const ModelInputs& in) noexcept {
-    return DavidsonFieldStrengthWith(in, GetPowerWatts(), ModelTerms);
-}
 
 }  // namespace vardel
