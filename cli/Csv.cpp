@@ -9,8 +9,7 @@ namespace {
 // Why a character may not stand where it stands; nothing where it may.
 const char* FaultAt(CsvState state, char c, CsvState next) {
     if (c == '\0') return "a NUL byte";
-    if (state == CsvState::Plain && c == '"')
-        return "a quote within a field that has none around it";
+    if (state == CsvState::Plain && c == '"') return "a quote inside an unquoted field";
     if (state == CsvState::BehindQuote && next == CsvState::Plain)
         return "text behind the closing quote";
     if (next == CsvState::Plain && c == '\r') return "a carriage return within the row";

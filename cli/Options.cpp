@@ -162,7 +162,7 @@ CommandLine Split(int argc, char* const* argv) {
         if (id == 'h') {
             line.options.push_back({&Known.at(Known.size() - 2), {}});
         } else if (id == ':') {
-            throw UsageError(Dashed(*optionOf(optopt)) + " wants a value");
+            throw UsageError(Dashed(*optionOf(optopt)) + " needs a value");
         } else if (id == '?') {
             if (optopt >= FirstId) throw UsageError(Dashed(*optionOf(optopt)) + " takes no value");
             throw UsageError("unknown option " +
@@ -190,7 +190,7 @@ Value OneOf(const Given& given, const std::array<std::pair<const char*, Value>, 
         if (given.value == name) return value;
         names += (names.empty() ? "" : ", ") + std::string(name);
     }
-    throw UsageError(Dashed(*given.option) + ": " + Shown(given.value) + " is none of " + names);
+    throw UsageError(Dashed(*given.option) + ": " + Shown(given.value) + " is not one of " + names);
 }
 
 // What a text means by a function that tells what is wrong with it.
@@ -462,11 +462,11 @@ private:
             if (options_.file.empty()) throw UsageError("the file's name is empty");
         }
         if (options_.command == Command::Batch && options_.file.empty())
-            throw UsageError("batch wants a file, or - for standard input");
+            throw UsageError("batch needs a file, or - for standard input");
     }
 
     void Check() const {
-        if (powerUnitGiven_ && !powerGiven_) throw UsageError("--power-unit wants --power, too");
+        if (powerUnitGiven_ && !powerGiven_) throw UsageError("--power-unit needs --power");
         CheckTerrain();
         if (!options_.file.empty()) return;  // each row is looked at by itself
         if ((Reaches & Bit(options_.command)) != 0) {
@@ -489,13 +489,13 @@ private:
     void CheckCoverage() const {
         const CoverageOptions& coverage = options_.coverage;
         if ((coverage.extent.radiusKm > 0.0) == coverage.extent.bounds.has_value())
-            throw UsageError("coverage wants one of --radius and --bounds");
+            throw UsageError("coverage needs one of --radius and --bounds");
         if (wantedGiven_ && coverage.quantity)
             throw UsageError("--quantity goes without a wanted value, which says it");
         if (!wantedGiven_ && (!coverage.picture.empty() || !coverage.lines.empty()))
             throw UsageError(std::string("--picture and --lines: coverage") + OneWanted);
         if (!coverage.picture.empty() && !coverage.model)
-            throw UsageError("--picture wants --model, of which it is");
+            throw UsageError("--picture needs --model");
     }
 
     // Its height is that of the antenna over the ground, or one for all directions.
@@ -503,7 +503,7 @@ private:
         const TerrainOptions& terrain = options_.terrain;
         if (!terrain.files.empty()) {
             if (heightGiven_) throw UsageError("--base-height does not go with --elevation");
-            if (!terrain.antenna) throw UsageError("coverage wants --antenna with --elevation");
+            if (!terrain.antenna) throw UsageError("coverage needs --antenna with --elevation");
             return;
         }
         if (terrain.antenna || terrain.ground || terrain.azimuths || terrain.definition ||
@@ -516,10 +516,10 @@ private:
     void CheckTerrain() const {
         const TerrainOptions& terrain = options_.terrain;
         if ((Sites & Bit(options_.command)) != 0) {
-            if (!terrain.site) throw UsageError(command_ + " wants --site");
+            if (!terrain.site) throw UsageError(command_ + " needs --site");
             if (options_.command == Command::Coverage) return CheckCoverageGround();
-            if (!terrain.antenna) throw UsageError(command_ + " wants --antenna");
-            if (terrain.files.empty()) throw UsageError(command_ + " wants --elevation");
+            if (!terrain.antenna) throw UsageError(command_ + " needs --antenna");
+            if (terrain.files.empty()) throw UsageError(command_ + " needs --elevation");
             if (options_.json && terrain.format.value_or(ContourFormat::Csv) != ContourFormat::Csv)
                 throw UsageError("--json goes with --format csv only");
             return;
@@ -527,7 +527,7 @@ private:
         if (terrain.files.empty() && (terrain.antenna || terrain.definition))
             throw UsageError("--antenna and --definition want --elevation, too");
         if (!terrain.files.empty() && options_.file.empty())
-            throw UsageError("--elevation wants a file of paths");
+            throw UsageError("--elevation needs a file of paths");
     }
 
     void CheckCurve() const {
@@ -544,7 +544,7 @@ private:
     }
 
     static constexpr const char* OneWanted =
-        " wants one of --field-strength, --received-power and --path-loss";
+        " needs one of --field-strength, --received-power and --path-loss";
 
     CommandLine line_;
     Options options_;

@@ -30,7 +30,7 @@ std::optional<std::string> SetName(std::string& target, std::string_view text, c
         }
         wanted += (wanted.empty() ? "" : ", ") + std::string(name);
     }
-    return Shown(text) + " is none of " + wanted;
+    return Shown(text) + " is not one of " + wanted;
 }
 
 std::optional<std::string> SetPositive(double& target, std::string_view text, double factor) {
@@ -94,7 +94,7 @@ std::optional<double> NumberOrFault(std::string_view text, std::optional<std::st
     std::string pointed(text);
     std::replace(pointed.begin(), pointed.end(), ',', '.');
     wrong = Shown(text) + (WholeTextNumber(pointed) ? " has a decimal comma; a point is wanted"
-                                                    : " is no number");
+                                                    : " is not a number");
     return number;
 }
 

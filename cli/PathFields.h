@@ -37,7 +37,7 @@ std::optional<std::string> SetPathField(PathInputs& path, PathField field, std::
 // The text as a message shows it: in quotes, shortened, no control characters.
 std::string Shown(std::string_view text);
 
-// The number that a text is, for words like "'x' is no number"; wrong tells them.
+// The number that a text is, for words like "'x' is not a number"; wrong tells them.
 std::optional<double> NumberOrFault(std::string_view text, std::optional<std::string>& wrong);
 
 }  // namespace vardel::cli

@@ -51,18 +51,18 @@ void PlaceColumns::Check(const char* distanceColumn, const char* baseHeightColum
         throw InputError(std::string("line 1: ") + distanceColumn +
                          " and the places are the same input");
     if (ground_ == nullptr) {
-        if (columns_[Antenna]) throw InputError("line 1: antenna_above_ground wants --elevation");
+        if (columns_[Antenna]) throw InputError("line 1: antenna_above_ground needs --elevation");
         return;
     }
     if (given == 0)
         throw InputError(
-            "line 1: --elevation wants the columns base_lat, base_lon, mobile_lat and mobile_lon");
+            "line 1: --elevation needs the columns base_lat, base_lon, mobile_lat and mobile_lon");
     if (baseHeightColumn != nullptr)
         throw InputError(std::string("line 1: with --elevation the base height is found; ") +
                          baseHeightColumn + " gives it, too");
     if (!columns_[Antenna] && !ground_->Antenna())
         throw InputError(
-            "line 1: --elevation wants the column antenna_above_ground_m, or --antenna");
+            "line 1: --elevation needs the column antenna_above_ground_m, or --antenna");
 }
 
 bool PlaceColumns::Has(std::size_t column) const {

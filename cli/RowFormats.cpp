@@ -75,7 +75,7 @@ void JsonRows::Begin(std::string& /*out*/, std::string_view /*head*/, const RowR
         const std::string& name = columns.Names()[i];
         if (!names.insert(name).second)
             throw InputError("line 1, column " + std::to_string(i + 1) + ": a second '" + name +
-                             "', which JSON cannot tell from the first");
+                             "', which JSON cannot distinguish from the first");
         columns_.push_back({name, columns.IsNumber(i)});
     }
     found_ = columns.AddedNames();

@@ -31,7 +31,7 @@ std::optional<HeightDefinition> DefinitionOf(const std::string& text,
         if (from && to && 0.0 <= *from && *from < *to && *to <= FarthestBound)
             return OwnHeightDefinition(*from, *to);
     }
-    wrong = Shown(text) + " is none of " + DefinitionKeys() +
+    wrong = Shown(text) + " is not one of " + DefinitionKeys() +
             ", and no bounds in km from 0 to 300 such as 2-20";
     return std::nullopt;
 }

@@ -118,8 +118,8 @@ std::string NoNumberFault(std::string_view text, const std::string& what) {
     const auto has = [text](std::string_view part) { return text.find(part) != text.npos; };
     if (EqualButForCase(text.substr(0, 4), "sep=")) return "a \"sep=\" line is no data.";
     if (has("\0"sv) && !has("\0\0"sv)) return "the text is in UTF-16 instead of UTF-8.";
-    if (has(";")) return "semicolons stand between the fields instead of commas.";
-    if (has("\t")) return "tabs stand between the fields instead of commas.";
+    if (has(";")) return "the fields are separated by semicolons instead of commas.";
+    if (has("\t")) return "the fields are separated by tabs instead of commas.";
     return what + " is not a number.";
 }
 
@@ -190,7 +190,7 @@ void MeasuredParser::ReadHead() {
 
 void MeasuredParser::ReadRow(double distance) {
     if (!segment_)
-        throw MeasuredFault{fields_.Line(), "a data row stands before the first table head."};
+        throw MeasuredFault{fields_.Line(), "a data row comes before the first table head."};
     if (rows_ == MeasuredRows - 1)
         throw MeasuredFault{fields_.Line(), "a table has more than 75 data rows."};
     segment_->RowDistance[rows_] = distance;

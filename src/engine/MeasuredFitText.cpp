@@ -48,7 +48,7 @@ std::string TableRow(const std::string& name, const FitStatistics& counted) {
 }  // namespace
 
 std::string FitTable(const std::vector<MeasuredFit>& fits) {
-    std::string text = Left("Model less measured, dB", NameWidth) + Right("points", 8);
+    std::string text = Left("Model minus measured, dB", NameWidth) + Right("points", 8);
     for (const char* head : {"mean", "deviation", "rms", "to add"})
         text += Right(head, NumberWidth);
     text += '\n';

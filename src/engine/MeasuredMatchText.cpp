@@ -101,8 +101,7 @@ std::string MatchText(const PathInputs& path, const MeasuredTable& table,
                ShortestText(segment.PercentTime * 100.0) + " % of time";
     }
     const std::vector<Candidate> nearest = NearestOf(table, wanted);
-    if (nearest.empty())
-        return "There are no measured data: measured.csv holds none, or is not there.";
+    if (nearest.empty()) return "There are no measured data: measured.csv is empty or missing.";
     std::string text = "No table of measured.csv is of these inputs. The nearest:";
     bool rounding = false;
     for (const Candidate& candidate : nearest) {

@@ -131,7 +131,7 @@ std::vector<std::string> NotesOn(const EffectiveHeightTable& heights) {
     AddNote(notes, count([](const RadialHeight& radial) { return radial.Floored(); }),
             radials.size(),
             "have an effective height below " + ShortestText(heights.definition.floor) +
-                " m, which is taken instead");
+                " m, which is used instead");
     return notes;
 }
 

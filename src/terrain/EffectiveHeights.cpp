@@ -80,7 +80,7 @@ double GroundAt(Elevations& elevations, const Mast& mast) {
     elevations.At(&mast.site, 1, &metres);
     if (std::isnan(metres))
         throw ElevationError(SiteText(mast.site) +
-                             " lies outside the elevation data, or on a cell without data");
+                             " is outside the elevation data, or on a cell without data");
     return metres;
 }
 

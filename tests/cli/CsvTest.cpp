@@ -34,7 +34,7 @@ TEST(Csv, FieldsOfARow) {
 
 TEST(Csv, WhatIsWrongWithTheForm) {
     const std::tuple<std::string, std::size_t, const char*> cases[] = {
-        {"a;b\"c", 1, "a quote within"},  {"\"a\"b;c", 0, "behind the closing"},
+        {"a;b\"c", 1, "a quote inside"},  {"\"a\"b;c", 0, "behind the closing"},
         {"a;b;\"c;d", 2, "never closed"}, {std::string("a;b\0;\"c", 7), 1, "NUL"},
         {"a\rb;c", 0, "carriage return"}, {"a;\"b\"\r", 1, "behind the closing"},
     };

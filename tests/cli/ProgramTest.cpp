@@ -37,7 +37,7 @@ TEST(Program, OnePath) {
 TEST(Program, WrongUsage) {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"--height", "3"}, "unknown option --height"},
-        {{"--base"}, "--base-height wants a value"},
+        {{"--base"}, "--base-height needs a value"},
         {{"--json=1"}, "--json takes no value"},
         {{"-q"}, "unknown option -q"},
         {{"plot"}, "unknown command 'plot'"},
@@ -45,11 +45,11 @@ TEST(Program, WrongUsage) {
         {{"--frequency", "29"}, "Valid Frequency Range"},
         {{"--percent-time", "0.5"}, "--percent-time: '0.5' is not from 1 to 99"},
         {{"--locations", "99.5"}, "--locations: '99.5' is not from 1 to 99"},
-        {{"--area", "Forest"}, "--area: 'Forest' is none of Urban, Suburban, Open"},
+        {{"--area", "Forest"}, "--area: 'Forest' is not one of Urban, Suburban, Open"},
         {{"--power", "-3"}, "--power: '-3' is no power"},
-        {{"--power-unit", "w"}, "--power-unit wants --power"},
+        {{"--power-unit", "w"}, "--power-unit needs --power"},
         {{"--step", "1"}, "--step does not go with a single path"},
-        {{"batch"}, "batch wants a file"},
+        {{"batch"}, "batch needs a file"},
         {{"batch", "a", "b"}, "too much: 'b'"},
         {{"batch", "a", "--threads", "0"}, "--threads: a whole number"},
         {{"curve", "--distance", "3"}, "--distance does not go with curve"},
@@ -57,8 +57,8 @@ TEST(Program, WrongUsage) {
         {{"curve", "--step", "-1"}, "--step is not above zero"},
         {{"curve", "--step", "1e-9"}, "--step is too small"},
         {{"curve", "--start", "50", "--end", "5"}, "--end is before --start"},
-        {{"reach"}, "reach wants one of"},
-        {{"reach", "--path-loss", "1", "--field-strength", "1"}, "reach wants one of"},
+        {{"reach"}, "reach needs one of"},
+        {{"reach", "--path-loss", "1", "--field-strength", "1"}, "reach needs one of"},
         {{"reach", "--path-loss", "1", "--cable-loss", "1"}, "go with --received-power"},
     };
     for (const auto& [words, error] : cases) {
@@ -89,19 +89,19 @@ constexpr const char* Head = "n,Distance_km,frequency_mhz,percent_time,power_dbm
 // calculated.
 TEST(Program, BatchTellsWhatIsWrongWithARow) {
     const std::tuple<std::string, std::string, const char*> cases[] = {
-        {"\"x,\",a,450,50,60,Large", "", "column Distance_km: 'a' is no number"},
+        {"\"x,\",a,450,50,60,Large", "", "column Distance_km: 'a' is not a number"},
         {"x,\"4,5\",450,50,60,Large", "",
          "Distance_km: '4,5' has a decimal comma; a point is wanted"},
         {"x,,450,50,60,Large", "", "column Distance_km: is empty"},
         {"x,-0,450,50,60,Large", "", "column Distance_km: '-0' is not above zero"},
         {"x,1,450,99.5,60,Large", "", "column percent_time: '99.5' is not from 1 to 99"},
         {"x,1,450,50,1e9,Large", "", "column power_dbm: '1e9' is no power"},
-        {"x,1,450,50,60,Huge", "", "column city: 'Huge' is none of Small/Medium, Large"},
+        {"x,1,450,50,60,Huge", "", "column city: 'Huge' is not one of Small/Medium, Large"},
         {"x,1,20,50,60,Large", "", "Valid Frequency Range"},
         {"x,301,450,50,60,Large", "", "Valid Range is 0 < Distance"},
         {"x,1,450", "x,1,450,,,", "column 4: the row has 3 fields, the head 6"},
         {"x,1,450,50,60,Large,y", "x,1,450,50,60,Large", "column 7: the row has 7 fields"},
-        {"x\"y,1,450,50,60,Large", "\"x\"\"y\",1,450,50,60,Large", "column n: a quote within"},
+        {"x\"y,1,450,50,60,Large", "\"x\"\"y\",1,450,50,60,Large", "column n: a quote inside"},
         {std::string("x\0,1,450,50,60,Large", 21), std::string("x\0,1,450,50,60,Large", 21),
          "a NUL"},
     };
@@ -130,7 +130,7 @@ TEST(Program, BatchRefusesAHead) {
         {"area,Davidson_Loss_dB\n",
          "column 2: davidson_loss_db is the name of a column that is added"},
         {"area,Error\n", "column 2: error is the name of a column that is added"},
-        {"area,x\"y\n", "line 1, column 2: a quote within"},
+        {"area,x\"y\n", "line 1, column 2: a quote inside"},
         {"area,\"x\n1,2\n", "line 1, column 2: a quote that is never closed"},
     };
     for (const auto& [input, error] : cases) {
@@ -162,7 +162,7 @@ TEST(Program, BatchAsJson) {
                          "\"itu529_loss_db\":116.92895227209"),
               HasSubstr(",\"cost231_in_range\":false,\"error\":null}\n{\"a\\\"é\":\"b\","
                         "\"distance_km\":\"?\",\"x\":\"\",\"itu529_loss_db\":null,"),
-              EndsWith("\"error\":\"line 3, column distance_km: '?' is no number\"}\n")));
+              EndsWith("\"error\":\"line 3, column distance_km: '?' is not a number\"}\n")));
 }
 
 // Blocks of many sizes, errors among them.
@@ -228,7 +228,7 @@ TEST(Program, LogLinesTellTheInputs) {
     }
     const Outcome outcome = Calc({"log", "-", "--header"}, "distance_km\nx\n");
     EXPECT_EQ(outcome.errors,
-              "line 2, column distance_km: 'x' is no number\n"
+              "line 2, column distance_km: 'x' is not a number\n"
               "vardel-calc: standard input: 1 of 1 rows could not be calculated\n");
     EXPECT_THAT(outcome.output, AllOf(StartsWith("  Dist     Frq "), EndsWith("Time\r\n")));
 }

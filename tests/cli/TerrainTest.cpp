@@ -69,13 +69,13 @@ TEST(Terrain, FaultsAreOneSentenceAndNothingIsWritten) {
         return more;
     };
     const std::pair<std::vector<std::string>, const char*> cases[] = {
-        {{"heights", "--antenna", "30"}, "heights wants --site"},
-        {{"heights", "--site", "50 10"}, "heights wants --antenna"},
-        {{"contour", "--site", "50 10", "--antenna", "30"}, "contour wants one of --field"},
+        {{"heights", "--antenna", "30"}, "heights needs --site"},
+        {{"heights", "--site", "50 10"}, "heights needs --antenna"},
+        {{"contour", "--site", "50 10", "--antenna", "30"}, "contour needs one of --field"},
         {with({"--azimuths", "7"}), "--azimuths: a whole number from 8 to 3600"},
         {with({"--azimuths", "8.5"}), "--azimuths: a whole number"},
         {with({"--definition", "9-3"}),
-         "--definition: '9-3' is none of 3-16, 3-15, 3.2-16.1, p1546"},
+         "--definition: '9-3' is not one of 3-16, 3-15, 3.2-16.1, p1546"},
         {with({"--definition", "0-301"}), "--definition: '0-301'"},
         {with({"--site", "5010"}), "--site: '5010' is no latitude and longitude"},
         {with({"--antenna", "0"}), "--antenna: '0' is not above zero"},
@@ -84,7 +84,7 @@ TEST(Terrain, FaultsAreOneSentenceAndNothingIsWritten) {
         {{"contour", "--site", "50 10", "--antenna", "30", "--path-loss", "9", "--json", "--format",
           "kml"},
          "--json goes with --format csv only"},
-        {{"log"}, "--elevation wants a file of paths"}};
+        {{"log"}, "--elevation needs a file of paths"}};
     for (const auto& [words, error] : cases) {
         const Outcome outcome = CalcOnFlat(words);
         EXPECT_EQ(outcome.status, ExitStatus::WrongUsage) << error;
@@ -94,9 +94,9 @@ TEST(Terrain, FaultsAreOneSentenceAndNothingIsWritten) {
     const Outcome outside = CalcOnFlat({"heights", "--site", "50 20", "--antenna", "30"});
     EXPECT_EQ(outside.status, ExitStatus::Failed);
     EXPECT_EQ(outside.output, "");
-    EXPECT_THAT(outside.errors, HasSubstr("vardel-calc: the site 50 20 lies outside"));
+    EXPECT_THAT(outside.errors, HasSubstr("vardel-calc: the site 50 20 is outside"));
     EXPECT_THAT(Calc({"batch", "-", "--antenna", "3"}).errors, HasSubstr("want --elevation, too"));
-    EXPECT_THAT(Calc(site).errors, HasSubstr("heights wants --elevation"));
+    EXPECT_THAT(Calc(site).errors, HasSubstr("heights needs --elevation"));
 }
 
 constexpr const char* Places = "Base_Lat,base_lon,mobile_lat,mobile_lon";
@@ -128,9 +128,9 @@ TEST(Terrain, BatchTellsWhatIsWrongWithPlaces) {
         {"91,10,50.1,10,60", "column Base_Lat: '91' is no latitude in degrees"},
         {"50,10,50.1,,60", "column mobile_lon: '' is no longitude in degrees"},
         {"50,10,50,10,60", "base and mobile are at the same place"},
-        {"50,10,50.1,10,x", "column antenna_above_ground_m: 'x' is no number"},
+        {"50,10,50.1,10,x", "column antenna_above_ground_m: 'x' is not a number"},
         {"50,10,50.1,10,-1", "column antenna_above_ground_m: '-1' is not above zero"},
-        {"50,20,50.1,20,60", "the site 50 20 lies outside the elevation data"},
+        {"50,20,50.1,20,60", "the site 50 20 is outside the elevation data"},
         {"50,10.99,50,11.1,60", "the elevation data have nothing of the path"},
         {"50,10,54,10,60", "Valid Range is 0 < Distance"}};
     for (const auto& [row, error] : rows) {
@@ -144,12 +144,12 @@ TEST(Terrain, BatchTellsWhatIsWrongWithPlaces) {
         {false, "base_lat,base_lon,mobile_lat", "go together, and one is missing"},
         {false, "base_lat,BASE_LAT", "a second column gives the same as base_lat"},
         {false, "distance_km,base_lat,base_lon,mobile_lat,mobile_lon", "are the same input"},
-        {false, "distance_km,antenna_above_ground_ft", "antenna_above_ground wants --elevation"},
+        {false, "distance_km,antenna_above_ground_ft", "antenna_above_ground needs --elevation"},
         {false, "base_lat,base_lon,mobile_lat,mobile_lon,Distance_mi",
          "distance_mi and the places"},
-        {true, "distance_km", "--elevation wants the columns base_lat,"},
+        {true, "distance_km", "--elevation needs the columns base_lat,"},
         {true, "base_lat,base_lon,mobile_lat,mobile_lon",
-         "wants the column antenna_above_ground_m"},
+         "needs the column antenna_above_ground_m"},
         {true, "base_lat,base_lon,mobile_lat,mobile_lon,antenna_above_ground_m,base_height_ft",
          "with --elevation the base height is found; base_height_ft gives it"},
         {true, "base_lat,base_lon,mobile_lat,mobile_lon,antenna_above_ground_m,Terrain_seen",

@@ -90,10 +90,10 @@ class Coverage(unittest.TestCase):
         cases = [
             (("--radius", "0"), 2, "--radius: '0' is not above zero"),
             (("--radius", "301"), 2, "--radius: at most 300 km are calculated"),
-            ((), 2, "coverage wants one of --radius and --bounds"),
+            ((), 2, "coverage needs one of --radius and --bounds"),
             (("--bounds", "50 6 49 5"), 2, "--bounds: '50 6 49 5' is not south, west, north and east"),
             (("--radius", "300", "--resolution", "1"), 2, "at most 100000 each way are calculated"),
-            (("--radius", "9", "--picture", self.folder / "x.png"), 2, "--picture and --lines: coverage wants one of"),
+            (("--radius", "9", "--picture", self.folder / "x.png"), 2, "--picture and --lines: coverage needs one of"),
             (("--radius", "9", "--antenna", "9"), 2, "want --elevation, too"),
             (("--radius", "9", "--output", self.folder / "none" / "x.tif"), 1, "No such file or directory"),
             (("--radius", "9", "--output", self.folder), 1, "Is a directory"),

@@ -155,9 +155,9 @@ class Terrain(unittest.TestCase):
                 ([empty], SITE, "empty holds no raster with elevations"),
                 ([plain], SITE, "plain.asc has no coordinate system"),
                 ([cut], (50.1, 10.5), "cut.tif: "),
-                ([void], (-0.5, -0.5), "the site -0.5 -0.5 lies outside the elevation data, or on a cell without data"),
-                ([self.tiles], (40, 10), "the site 40 10 lies outside"),
-                ([huge], (60, 10), "the site 60 10 lies outside")]:
+                ([void], (-0.5, -0.5), "the site -0.5 -0.5 is outside the elevation data, or on a cell without data"),
+                ([self.tiles], (40, 10), "the site 40 10 is outside"),
+                ([huge], (60, 10), "the site 60 10 is outside")]:
             status, out, errors = heights(*words, site=site)
             self.assertEqual((status, out), (1, ""), error)
             self.assertIn(error, errors)

@@ -111,8 +111,8 @@ TEST(EffectiveHeights, OfNoDataAreNone) {
     EXPECT_FALSE(table.radials[2].Floored());
 
     const std::pair<Mast, const char*> cases[] = {
-        {{{50, 10.5}, 40, {}}, "the site 50 10.5 lies outside the elevation data, or on a cell"},
-        {{{-50, 10}, 40, {}}, "the site -50 10 lies outside"},
+        {{{50, 10.5}, 40, {}}, "the site 50 10.5 is outside the elevation data, or on a cell"},
+        {{{-50, 10}, 40, {}}, "the site -50 10 is outside"},
         {{{-50, 10}, 40, 7.0},
          "the elevation data have nothing from 3 to 16 km of the site -50 10"}};
     for (const auto& [mast, error] : cases) {

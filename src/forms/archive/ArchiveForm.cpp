@@ -112,8 +112,7 @@ void ArchiveForm::cmdTake_Click() {
     const auto inputs = InputsOfRun(run->parameters, curves_);
     if (!inputs) {
         lblStatus.SetCaption(
-            "The inputs cannot be taken: no units of the heights in the parameters "
-            "give the curves of the run.");
+            "The inputs cannot be taken: heights in neither m nor ft give the curves of the run.");
         return;
     }
     doors_.MainForm->TakeInputs(

@@ -36,7 +36,7 @@ public:
     Chart CTWXRun{*this, "CTWXRun", "Run", "Distance (km)", "dB"};
     Label lblStatus{*this, "lblStatus"};
     Button cmdTake{*this, "cmdTake", "&Take Inputs"};
-    Button cmdLay{*this, "cmdLay", "&Lay over Graphs"};
+    Button cmdLay{*this, "cmdLay", "Show on &Graphs"};
     Button cmdComment{*this, "cmdComment", "Edit &Comment ..."};
     Button cmdDelete{*this, "cmdDelete", "&Delete"};
     Button cmdUndo{*this, "cmdUndo", "&Undo Delete"};

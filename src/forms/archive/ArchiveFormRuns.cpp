@@ -134,8 +134,8 @@ void ArchiveForm::EnableButtons() {
     cmdStoreHere.SetEnabled(writable && reader_->Path() != shared_.ArchiveFile);
     cmdTake.SetEnabled(run != nullptr && !curves_.empty());
     cmdLay.SetEnabled(run != nullptr && !curves_.empty());
-    cmdLay.SetCaption(run != nullptr && IsLaid(run->number) ? "&Lift off Graphs"
-                                                            : "&Lay over Graphs");
+    cmdLay.SetCaption(run != nullptr && IsLaid(run->number) ? "Remove from &Graphs"
+                                                            : "Show on &Graphs");
     cmdComment.SetEnabled(run != nullptr && writable);
     cmdDelete.SetEnabled(run != nullptr && writable && !IsDeleted(run->number));
     cmdUndo.SetEnabled(!deleted_.empty());

@@ -22,7 +22,8 @@ constexpr int SmallestSide = 200;
 constexpr int LargestSide = 6000;
 
 constexpr const char* PointFilter = "CSV with decimal points (*.csv)|*.csv";
-constexpr const char* CommaFilter = "CSV with decimal commas, parted by semicolons (*.csv)|*.csv";
+constexpr const char* CommaFilter =
+    "CSV with decimal commas, separated by semicolons (*.csv)|*.csv";
 
 // As in "1600 x 900".
 std::optional<std::pair<int, int>> SizeOf(const std::string& text) {

@@ -54,7 +54,7 @@ void MainForm::MarkValuesStale() {
         value->SetBackColor(StaleColor);
         if (value->Caption().empty()) continue;
         value->SetStateText("Not of the present inputs");
-        value->SetToolTipText("Not of the present inputs: calculate anew");
+        value->SetToolTipText("Of earlier inputs: calculate again");
     }
     valuesStale_ = true;
     BringToolsUpToDate();

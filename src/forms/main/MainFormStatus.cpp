@@ -37,10 +37,10 @@ void MainForm::ShowStatus() {
     if (!computed_ || !path) return;
     const std::string changes = QuietChanges(*computed_, *path);
     if (valuesStale_)
-        lblStatus.SetCaption("The values are not of the present inputs: calculate anew.");
+        lblStatus.SetCaption("The values are of earlier inputs: calculate again.");
     else if (!changes.empty())
         lblStatus.SetCaption("Changed since the values were computed: " + changes +
-                             ". Calculate anew.");
+                             ". Calculate again.");
 }
 
 }  // namespace vardel

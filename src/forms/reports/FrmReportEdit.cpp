@@ -99,7 +99,8 @@ void FrmReport::mnuEditTake_Click() {
     constexpr double NoLine = 1.0;       // dB: then a distance may as well be in the other unit
     const auto line = ReadLogLine(LineAtCaret());
     if (!line)
-        return lblStatus.SetCaption("The caret is in no line of a calculation: no inputs taken.");
+        return lblStatus.SetCaption(
+            "The caret is not in a line of a calculation; no inputs were taken.");
     const auto [path, off] = InputsOfLine(*line);
     const bool english = path.units == Units::English;
     const bool otherUnits = english != doors_.MainForm->mnuUnitsEnglish.Checked();

@@ -97,7 +97,7 @@ void MeasuredForm::BringUpToDate() {
     } else {
         lblPath.SetCaption("");
         lblMatch.SetCaption("");
-        lblProblem.SetCaption("A box of the main window holds no number above zero.");
+        lblProblem.SetCaption("A box of the main window has no number above zero.");
     }
     ShowFits(path ? &*path : nullptr, percents);
 }

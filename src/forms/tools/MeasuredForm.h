@@ -27,7 +27,7 @@ public:
     TextBox txtPercents{*this, "txtPercents", "50"};  // one or several
     Label lblProblem{*this, "lblProblem"};
     Label lblFit{*this, "lblFit"};  // in columns of a fixed width
-    Chart CTWXErrors{*this, "CTWXErrors", "Model less measured", "Distance (km)", "dB"};
+    Chart CTWXErrors{*this, "CTWXErrors", "Model minus measured", "Distance (km)", "dB"};
     Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
     Button cmdCopy{*this, "cmdCopy", "&Copy Table"};
     Button cmdSave{*this, "cmdSave", "&Save as CSV ..."};

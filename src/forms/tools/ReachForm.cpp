@@ -149,7 +149,7 @@ void ReachForm::BringUpToDate() {
     const auto goal = wanted.Read(problem);
     const auto percentages = ReadPercentages(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
-    if (!path) problem = "A box of the main window holds no number above zero.";
+    if (!path) problem = "A box of the main window has no number above zero.";
     table_.reset();
     if (path && goal && percentages) table_ = MakeReachTable(*path, *goal, *percentages);
     lblPath.SetCaption(path ? PathText(*path) : "");

@@ -48,7 +48,7 @@ public:
     std::array<Label, 3> lblHeight{
         {{*this, "lblHeight(0)"}, {*this, "lblHeight(1)"}, {*this, "lblHeight(2)"}}};
 
-    Label lblLatitude{*this, "lblLatitude", "Station's latitude"};
+    Label lblLatitude{*this, "lblLatitude", "Site latitude"};
     TextBox txtLatitude{*this, "txtLatitude"};
     Label lblLongitude{*this, "lblLongitude", "longitude"};
     TextBox txtLongitude{*this, "txtLongitude"};

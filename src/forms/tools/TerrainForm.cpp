@@ -99,7 +99,7 @@ TerrainForm::TerrainForm(Platform& platform, Doors& doors)
     txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
     txtGround.SetToolTipText("Above sea level; empty: from the elevation data");
     txtFiles.SetToolTipText(
-        "Files and folders of GeoTIFF, SRTM, DTED and others, parted by semicolons");
+        "Files and folders of GeoTIFF, SRTM, DTED and others, separated by semicolons");
     cmdTake.SetToolTipText("Puts the effective height of the marked azimuth into the main window");
     cmdCopy.SetToolTipText("As text and as CSV");
     cmdSave.SetToolTipText("As GeoJSON, KML or CSV");
@@ -345,7 +345,7 @@ void TerrainForm::ShowContours() {
     std::string problem;
     const auto goal = wanted.Read(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
-    if (!path) problem = "A box of the main window holds no number above zero.";
+    if (!path) problem = "A box of the main window has no number above zero.";
     lblPath.SetCaption(path ? StationText(*path) + " and " + PercentText(path->pctLoc) +
                                   " of locations; wanted " + (goal ? WantedText(*goal) : "-")
                             : "");

@@ -183,10 +183,10 @@ TEST_F(CalculationRun, TheStatusLineTellsWhatTheValuesAreNotOf) {
     Main().txtPowerUnit.SetText("2");
     Main().txtPowerUnit.LostFocus.Raise();
     EXPECT_EQ(status(),
-              "Changed since the values were computed: power, % of locations. Calculate anew.");
+              "Changed since the values were computed: power, % of locations. Calculate again.");
     Main().txthm.SetText("2");
-    EXPECT_EQ(status(), "The values are not of the present inputs: calculate anew.");
-    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "Not of the present inputs: calculate anew");
+    EXPECT_EQ(status(), "The values are of earlier inputs: calculate again.");
+    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "Of earlier inputs: calculate again");
     Main().cmdLossCalc.Press();
     EXPECT_EQ(status(), "");
     EXPECT_EQ(Main().lblDavidson.ToolTipText(), "");

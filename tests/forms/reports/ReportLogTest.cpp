@@ -161,7 +161,7 @@ TEST_F(ReportLog, TakesALinesInputsBackAndTellsWhatMayNotBeThem) {
               "50% Enlish 1000 11/25/2026 03:33 pm",
               "16.093", "450.0", "99.9988", "Urban", "The log rounds: distance"},
              {"10 450 100 1.5 Urban would be a path", "1.0", "900.0", "50.0", "Suburban",
-              "no line of a calculation"}}) {
+              "not in a line of a calculation"}}) {
         Main().txtDist.SetText("1.0");
         Main().txtFreq.SetText("900.0");
         Main().txthb.SetText("50.0");

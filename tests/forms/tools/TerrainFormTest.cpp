@@ -130,7 +130,7 @@ TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     Form().txtGround.SetText("");
     Form().cmdRead.Press();
     EXPECT_EQ(Form().lblProblem.Caption(),
-              "The site 50 40 lies outside the elevation data, or on a cell without data.");
+              "The site 50 40 is outside the elevation data, or on a cell without data.");
     EXPECT_EQ(Form().lstAzimuths.Count(), 8);
 }
 
