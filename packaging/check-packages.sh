@@ -24,7 +24,7 @@ check libvardel-models-dev lib/libvardel_models.a lib/pkgconfig/vardel-models.pc
   lib/cmake/VardelModels/VardelModels{Config,ConfigVersion,Targets,Targets-"$type"}.cmake \
   share/doc/libvardel-models-dev/{changelog.gz,copyright,model-library.md,models.md,examples/{CMakeLists.txt,curves.cpp,path_loss.cpp}}
 check vardel-calc bin/vardel-calc share/bash-completion/completions/vardel-calc share/man/man1/vardel-calc.1.gz \
-  share/doc/vardel-calc/{changelog.gz,copyright,coverage.md,scripting.md,terrain.md}
+  share/doc/vardel-calc/{changelog.gz,copyright,coverage.md,examples/{sites.csv,sites.sh},scripting.md,terrain.md}
 check vardel-terrain lib/vardel/modules/vardel-elevation.so share/doc/vardel-terrain/{changelog.gz,copyright,terrain.md}
 check vardel bin/vardel share/applications/vardel.desktop share/metainfo/org.vardel.vardel.metainfo.xml \
   lib/vardel/{vardel,'pictures/*.png',vardel.svg,{about,badbutton,goodbutton}.bmp,Vardel.chm,'New Model Data.mdb',measured.csv} \

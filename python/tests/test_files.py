@@ -77,7 +77,8 @@ def test_every_name_has_a_type_and_a_text(tmp_path):
     assert all(vardel.__dict__[name].__doc__ for name in vardel.__all__ if not name.isupper())
 
 
-def test_the_example_makes_its_picture(tmp_path):
-    example = Path(__file__).parents[1] / "examples/field_strength.py"
+@pytest.mark.parametrize("name", ["contour.py", "field_strength.py"])
+def test_an_example_makes_its_picture(name, tmp_path):
+    example = Path(__file__).parents[1] / "examples" / name
     subprocess.run([sys.executable, "-B", example, tmp_path / "picture.png"], check=True)
     assert (tmp_path / "picture.png").stat().st_size > 10_000
