@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "coverage/CoverageValues.h"
+#include "forms/tools/CoverageArea.h"
 
 namespace vardel {
 namespace {
@@ -80,6 +81,19 @@ void AreaInUtm(benchmark::State& state) {
 }
 BENCHMARK(AreaInUtm)->ArgName("threads")->Arg(1)->Arg(2)->UseRealTime()->Unit(
     benchmark::kMillisecond);
+
+// What the Terrain window paints, on all processors: 800 by 800 pixels of one model.
+void AreaPictureOfWindow(benchmark::State& state) {
+    ContourTable table{{{Site, 30.0, {}}, {}, 0.0, {}}, Town, Goal::FieldStrength(60.0, 25.0), {}};
+    for (int i = 0; i < 360; ++i) {
+        const double height = Rough().At(i);
+        table.heights.radials.push_back({double(i), 0.0, height, height, 1.0});
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(PictureOf(table, {{Wanted::Kind::FieldStrength, 60.0}},
+                                           ModelNumber::Itu529, 30.0, 800));
+}
+BENCHMARK(AreaPictureOfWindow)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 // The calls of the mathematical library with the arguments of the formulas, each once for all three
 // models, and nothing else.

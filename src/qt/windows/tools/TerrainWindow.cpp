@@ -99,7 +99,7 @@ QWidget* TerrainWindow::MakeTable(TerrainForm& form) {
 QWidget* TerrainWindow::MakeMap(TerrainForm& form) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(12, 0, 0, 0);
     auto* head = new QGridLayout;
     AddLabel(form.area.lblArea, *head, 0, 0);
     head->addWidget(MakeList(form.area.cmbArea), 0, 1);
