@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "archive/dbOperations.h"
-#include "engine/Curves.h"
+#include "engine/curves/Curves.h"
 #include "models/ModCalculations.h"
 #include "support/FakePlatform.h"
 

@@ -1,7 +1,7 @@
 // A batch of a million rows of CSV, from bytes in memory to bytes in memory, beside its model calls
 // and the formatting of its numbers alone. The ratio of a pair in one run is what counts.
 
-#include "cli/Batch.h"
+#include "cli/batch/Batch.h"
 
 #include <benchmark/benchmark.h>
 
@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "cli/RowFormats.h"
+#include "cli/batch/RowFormats.h"
 #include "engine/Calculation.h"
 #include "text/NumberText.h"
 

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "engine/CurvePlot.h"
+#include "engine/curves/CurvePlot.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "models/ModCalculations.h"

@@ -1,6 +1,6 @@
 // The questions that are asked backwards, by the three models that are compared.
 
-#include "engine/Reach.h"
+#include "engine/reach/Reach.h"
 
 #include <benchmark/benchmark.h>
 

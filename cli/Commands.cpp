@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "cli/Json.h"
-#include "cli/Records.h"
-#include "cli/Results.h"
-#include "cli/RowFormats.h"
+#include "cli/batch/RowFormats.h"
+#include "cli/output/Json.h"
+#include "cli/output/Records.h"
+#include "cli/output/Results.h"
 #include "engine/PathText.h"
 #include "text/NumberText.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/Batch.h"
-#include "cli/Options.h"
+#include "cli/batch/Batch.h"
+#include "cli/options/Options.h"
 #include "text/CalendarTime.h"
 
 // The commands that answer for one path. Each writes to the output as it goes.

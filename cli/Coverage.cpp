@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "cli/Records.h"
-#include "cli/Results.h"
+#include "cli/output/Records.h"
+#include "cli/output/Results.h"
 #include "coverage/CoverageFiles.h"
 #include "terrain/Contours.h"
 

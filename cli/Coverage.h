@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/Options.h"
 #include "cli/Terrain.h"
+#include "cli/options/Options.h"
 #include "terrain/ElevationModule.h"
 
 namespace vardel::cli {

@@ -8,9 +8,9 @@
 #include "cli/Commands.h"
 #include "cli/Coverage.h"
 #include "cli/Help.h"
-#include "cli/Options.h"
-#include "cli/RowFormats.h"
 #include "cli/Terrain.h"
+#include "cli/batch/RowFormats.h"
+#include "cli/options/Options.h"
 
 namespace vardel::cli {
 

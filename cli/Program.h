@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "cli/Batch.h"
+#include "cli/batch/Batch.h"
 #include "terrain/ElevationModule.h"
 #include "text/CalendarTime.h"
 

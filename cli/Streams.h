@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cli/Batch.h"
+#include "cli/batch/Batch.h"
 
 // Files and the standard streams. What fails throws std::system_error with the name in it.
 

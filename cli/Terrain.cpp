@@ -1,7 +1,7 @@
 #include "cli/Terrain.h"
 
-#include "cli/Records.h"
-#include "cli/Results.h"
+#include "cli/output/Records.h"
+#include "cli/output/Results.h"
 #include "terrain/Contours.h"
 
 namespace vardel::cli {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "cli/Batch.h"
-#include "cli/Options.h"
+#include "cli/batch/Batch.h"
+#include "cli/options/Options.h"
 
 // The commands that ask for the ground. Each writes all of its output at once, and tells in the
 // notes what the user is to know besides. Throws ElevationError, before anything is written.

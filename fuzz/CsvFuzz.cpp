@@ -2,7 +2,7 @@
 #include <cstdint>
 
 #include "Check.h"
-#include "cli/RowFormats.h"
+#include "cli/batch/RowFormats.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "Check.h"
-#include "services/IniText.h"
+#include "services/settings/IniText.h"
 
 // The first line is a value, the rest the file. What is set comes back, all else stays, and what is
 // there already changes nothing.

@@ -1,7 +1,7 @@
 #include <cstdint>
 
 #include "Check.h"
-#include "engine/MeasuredData.h"
+#include "engine/measured/MeasuredData.h"
 
 namespace {
 

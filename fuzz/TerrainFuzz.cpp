@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Check.h"
-#include "cli/TerrainOptions.h"
+#include "cli/options/TerrainOptions.h"
 #include "terrain/EffectiveHeights.h"
 #include "terrain/RasterMosaic.h"
 

@@ -12,7 +12,7 @@
 #include "Names.h"
 #include "Parts.h"
 #include "archive/ArchiveReader.h"
-#include "engine/MeasuredData.h"
+#include "engine/measured/MeasuredData.h"
 #include "services/Files.h"
 
 namespace vardel::python {

@@ -7,7 +7,7 @@
 
 #include "Parts.h"
 #include "Paths.h"
-#include "engine/Curves.h"
+#include "engine/curves/Curves.h"
 
 namespace vardel::python {
 

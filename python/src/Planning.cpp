@@ -7,9 +7,9 @@
 
 #include "Parts.h"
 #include "Paths.h"
-#include "engine/LinkBudget.h"
 #include "engine/PowerUnits.h"
-#include "engine/Reach.h"
+#include "engine/reach/LinkBudget.h"
+#include "engine/reach/Reach.h"
 
 namespace vardel::python {
 

@@ -9,7 +9,7 @@
 #include "Parts.h"
 #include "engine/Calculation.h"
 #include "engine/LogLine.h"
-#include "engine/MeasuredFit.h"
+#include "engine/measured/MeasuredFit.h"
 #include "map/CoverageRings.h"
 
 // What the program writes of paths and stations, for one at a time.

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "archive/ArchiveReader.h"
-#include "engine/CurvePlot.h"
+#include "engine/curves/CurvePlot.h"
 
 // Curves of an archive as graphs show them. One of very many points is drawn through some of them.
 

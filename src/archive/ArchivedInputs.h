@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "archive/ArchiveReader.h"
-#include "engine/Curves.h"
 #include "engine/PathInputs.h"
+#include "engine/curves/Curves.h"
 
 namespace vardel {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/Curves.h"
+#include "engine/curves/Curves.h"
 #include "text/CalendarTime.h"
 
 namespace vardel {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/LinkBudget.h"
+#include "engine/reach/LinkBudget.h"
 #include "map/Coordinates.h"
 #include "models/Model.h"
 

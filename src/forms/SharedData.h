@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/CurvePlot.h"
-#include "engine/MeasuredData.h"
 #include "engine/PowerUnits.h"
+#include "engine/curves/CurvePlot.h"
+#include "engine/measured/MeasuredData.h"
 #include "forms/graphs/chart/ChartLook.h"
 #include "forms/shared/Palette.h"
 #include "services/Color.h"

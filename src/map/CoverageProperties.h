@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/Reach.h"
+#include "engine/reach/Reach.h"
 #include "map/Coordinates.h"
 #include "map/MapFeatures.h"
 

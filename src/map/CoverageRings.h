@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 #include "map/Coordinates.h"
 #include "map/GeodesicCircle.h"
 

@@ -5,13 +5,10 @@
 // without a lock: call them from one thread at a time. Those of the table of models may be called
 // from any thread.
 
-#include "Cost231.h"
-#include "Davidson.h"
-#include "Itu529.h"
 #include "Model.h"
+#include "ModelFunctions.h"
 #include "ModelInputs.h"
 #include "ModelRanges.h"
 #include "ModelTerms.h"
 #include "Primitives.h"
-#include "UsVariant.h"
 #include "Variability.h"

@@ -1,14 +1,11 @@
 #include "models/Model.h"
 
-#include "models/Cost231.h"
-#include "models/Cost231Path.h"
-#include "models/Davidson.h"
-#include "models/DavidsonPath.h"
-#include "models/Itu529.h"
-#include "models/Itu529Path.h"
-#include "models/MakeModel.h"
-#include "models/UsPath.h"
-#include "models/UsVariant.h"
+#include "models/ModelFunctions.h"
+#include "models/paths/Cost231Path.h"
+#include "models/paths/DavidsonPath.h"
+#include "models/paths/Itu529Path.h"
+#include "models/paths/MakeModel.h"
+#include "models/paths/UsPath.h"
 
 namespace vardel {
 

@@ -8,8 +8,8 @@
 
 #include "services/Clock.h"
 #include "services/Picture.h"
-#include "services/SettingsStore.h"
 #include "services/TextFont.h"
+#include "services/settings/SettingsStore.h"
 
 // What the program asks of the outside.
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 #include "text/NumberText.h"
 
 namespace vardel {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/Reach.h"
+#include "engine/reach/Reach.h"
 #include "terrain/EffectiveHeights.h"
 
 // How far a station reaches in each direction, with the effective height that it has there.

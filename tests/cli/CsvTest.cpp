@@ -1,10 +1,10 @@
-#include "cli/Csv.h"
+#include "cli/batch/Csv.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
 
-#include "cli/RowReader.h"
+#include "cli/batch/RowReader.h"
 
 namespace vardel::cli {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/MeasuredData.h"
+#include "engine/measured/MeasuredData.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "engine/MeasuredFit.h"
-#include "engine/MeasuredMatchText.h"
+#include "engine/measured/MeasuredFit.h"
+#include "engine/measured/MeasuredMatchText.h"
 
 namespace vardel {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/Reach.h"
+#include "engine/reach/Reach.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <random>
 #include <tuple>
 
-#include "engine/LinkBudget.h"
+#include "engine/reach/LinkBudget.h"
 
 namespace vardel {
 namespace {

@@ -1,4 +1,4 @@
-#include "services/IniText.h"
+#include "services/settings/IniText.h"
 
 #include <gtest/gtest.h>
 

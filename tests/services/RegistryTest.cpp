@@ -1,4 +1,4 @@
-#include "services/Registry.h"
+#include "services/settings/Registry.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/Curves.h"
+#include "engine/curves/Curves.h"
 
 namespace vardel {
 

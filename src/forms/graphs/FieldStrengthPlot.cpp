@@ -1,4 +1,4 @@
-#include "engine/MeasuredData.h"
+#include "engine/measured/MeasuredData.h"
 #include "forms/SharedData.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/chart/ChartSetup.h"

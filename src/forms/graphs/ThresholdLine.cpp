@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/CurveReach.h"
+#include "engine/reach/CurveReach.h"
 #include "forms/SharedData.h"
 #include "forms/shared/BoxMark.h"
 #include "text/NumberText.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/CurvePlot.h"
+#include "engine/curves/CurvePlot.h"
 #include "forms/graphs/chart/Chart.h"
 
 namespace vardel {

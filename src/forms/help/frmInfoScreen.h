@@ -5,7 +5,7 @@
 #include <string>
 
 #include "controls/Controls.h"
-#include "services/Registry.h"
+#include "services/settings/Registry.h"
 
 namespace vardel {
 

@@ -11,7 +11,7 @@
 #include "forms/reports/TempLog.h"
 #include "forms/shared/BoxRule.h"
 #include "forms/shared/PowerUnitList.h"
-#include "services/Registry.h"
+#include "services/settings/Registry.h"
 
 namespace vardel {
 

@@ -1,7 +1,7 @@
 #include <array>
 
-#include "engine/MeasuredData.h"
 #include "engine/Units.h"
+#include "engine/measured/MeasuredData.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/help/ModelTopics.h"

@@ -1,8 +1,8 @@
 #include <array>
 
 #include "engine/LogLine.h"
-#include "engine/MeasuredData.h"
 #include "engine/Units.h"
+#include "engine/measured/MeasuredData.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/archive/ArchiveForm.h"

@@ -6,7 +6,7 @@
 
 #include "coverage/CoverageColors.h"
 #include "coverage/CoverageStation.h"
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 #include "terrain/Contours.h"
 
 // The area of a station with the contours of a table: as a picture under them, and in words at a

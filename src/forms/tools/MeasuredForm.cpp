@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/MeasuredMatchText.h"
 #include "engine/PathText.h"
+#include "engine/measured/MeasuredMatchText.h"
 #include "forms/Doors.h"
 #include "forms/SharedData.h"
 #include "forms/graphs/chart/ChartSetup.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/MeasuredFit.h"
+#include "engine/measured/MeasuredFit.h"
 #include "forms/graphs/chart/Chart.h"
 
 namespace vardel {

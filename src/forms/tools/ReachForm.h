@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "controls/Controls.h"
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 #include "forms/tools/WantedBoxes.h"
 #include "map/Coordinates.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "controls/Controls.h"
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 
 namespace vardel {
 

@@ -10,7 +10,7 @@
 #include <array>
 #include <cmath>
 
-#include "engine/ReachTable.h"
+#include "engine/reach/ReachTable.h"
 #include "qt/services/Convert.h"
 #include "terrain/ContourText.h"
 #include "text/NumberText.h"

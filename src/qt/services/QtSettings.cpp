@@ -7,7 +7,7 @@
 
 #include "qt/services/Convert.h"
 #include "services/Files.h"
-#include "services/IniText.h"
+#include "services/settings/IniText.h"
 
 namespace vardel {
 

@@ -2,7 +2,7 @@
 
 #include <map>
 #include <set>
-#include "services/SettingsStore.h"
+#include "services/settings/SettingsStore.h"
 
 namespace vardel {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "controls/Controls.h"
-#include "engine/CurvePlot.h"
 #include "engine/PathInputs.h"
+#include "engine/curves/CurvePlot.h"
 #include "forms/graphs/chart/ChartLook.h"
 
 namespace vardel {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/CurvePlot.h"
+#include "engine/curves/CurvePlot.h"
 #include "forms/graphs/chart/Chart.h"
 
 // What both kinds of graph set on their chart alike.
