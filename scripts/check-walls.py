@@ -36,7 +36,7 @@ OUTSIDE = [
     (r"dlfcn\.h", r"terrain/ElevationModule\.cpp"),
     (r"(pybind11|numpy)/.*", r"python/.*"),
     (r"(fcntl|unistd|signal|pwd)\.h|sys/.*", r"services/.*|qt/services/.*|cli/Streams\.cpp"),
-    (r"getopt\.h", r"cli/options/Options\.cpp"),
+    (r"getopt\.h", r"cli/options/CommandLine\.cpp"),
 ]
 STANDARD = re.compile(r"c?[a-z_0-9]+$")  # no ending, no folder
 

@@ -38,8 +38,7 @@ struct Options {
     CoverageOptions coverage = {};
 };
 
-// Options stand anywhere, and may be shortened as far as they are clear. Throws UsageError. Uses
-// the one state of getopt_long, so one call at a time.
+// Throws UsageError. One call at a time, see SplitCommandLine.
 Options ParseOptions(int argc, char* const* argv);
 
 }  // namespace vardel::cli

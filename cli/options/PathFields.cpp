@@ -98,6 +98,17 @@ std::optional<double> NumberOrFault(std::string_view text, std::optional<std::st
     return number;
 }
 
+std::optional<std::size_t> WholeNumberOrFault(std::string_view text, std::size_t least,
+                                              std::size_t most, std::optional<std::string>& wrong) {
+    const auto number = NumberOrFault(text, wrong);
+    if (!number) return std::nullopt;
+    if (*number >= double(least) && *number <= double(most) && std::floor(*number) == *number)
+        return static_cast<std::size_t>(*number);
+    wrong = "a whole number from " + std::to_string(least) + " to " + std::to_string(most) +
+            " is wanted";
+    return std::nullopt;
+}
+
 std::optional<std::string> SetPathField(PathInputs& path, PathField field, std::string_view text,
                                         double factor, PowerUnit unit) {
     switch (field) {

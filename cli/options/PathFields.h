@@ -37,7 +37,9 @@ std::optional<std::string> SetPathField(PathInputs& path, PathField field, std::
 // The text as a message shows it: in quotes, shortened, no control characters.
 std::string Shown(std::string_view text);
 
-// The number that a text is, for words like "'x' is not a number"; wrong tells them.
+// The number that a text is. What is wrong with it goes into wrong, such as "'x' is not a number".
 std::optional<double> NumberOrFault(std::string_view text, std::optional<std::string>& wrong);
+std::optional<std::size_t> WholeNumberOrFault(std::string_view text, std::size_t least,
+                                              std::size_t most, std::optional<std::string>& wrong);
 
 }  // namespace vardel::cli

@@ -1,7 +1,5 @@
 #include "cli/options/TerrainOptions.h"
 
-#include <cmath>
-
 #include "cli/options/PathFields.h"
 #include "text/NumberText.h"
 
@@ -37,13 +35,7 @@ std::optional<HeightDefinition> DefinitionOf(const std::string& text,
 }
 
 std::optional<std::size_t> AzimuthsOf(const std::string& text, std::optional<std::string>& wrong) {
-    const auto number = NumberOrFault(text, wrong);
-    if (!number) return std::nullopt;
-    if (*number >= FewestAzimuths && *number <= MostAzimuths && std::floor(*number) == *number)
-        return static_cast<std::size_t>(*number);
-    wrong = "a whole number from " + std::to_string(FewestAzimuths) + " to " +
-            std::to_string(MostAzimuths) + " is wanted";
-    return std::nullopt;
+    return WholeNumberOrFault(text, FewestAzimuths, MostAzimuths, wrong);
 }
 
 }  // namespace vardel::cli
