@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/options/Options.h"
+#include "engine/PowerUnits.h"
 
 // The table of all options: which commands take each, and what it does.
 

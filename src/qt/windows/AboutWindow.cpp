@@ -1,11 +1,10 @@
-#include "qt/windows/AboutWindow.h"
-
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 
 #include "forms/help/AboutForm.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -14,7 +13,11 @@ namespace {
 constexpr int Margin = 24;
 constexpr int TextWidth = 320;
 
-}  // namespace
+// AboutForm on the screen: the picture, and the program's name beside it.
+class AboutWindow : public FormWindow {
+public:
+    explicit AboutWindow(AboutForm& form);
+};
 
 AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
     auto* center = new QWidget;
@@ -45,6 +48,12 @@ AboutWindow::AboutWindow(AboutForm& form) : FormWindow(form) {
     setCentralWidget(center);
     setFixedSize(sizeHint());
     LeaveBy(*ok);
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(AboutForm& form) {
+    return std::make_unique<AboutWindow>(form);
 }
 
 }  // namespace vardel

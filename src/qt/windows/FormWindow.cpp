@@ -1,6 +1,7 @@
 #include "qt/windows/FormWindow.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFontDatabase>
@@ -104,6 +105,12 @@ QLabel* FormWindow::MakeLabel(Label& label) {
     return widget;
 }
 
+QLabel* FormWindow::MakeNote(Label& label) {
+    QLabel* widget = MakeLabel(label);
+    widget->setWordWrap(true);
+    return widget;
+}
+
 void FormWindow::AddWanted(WantedBoxes& wanted, QGridLayout& grid, int row) {
     constexpr int BoxWidth = 8;
     AddInput(wanted.lblWanted, *MakeList(wanted.cmbWanted), nullptr, grid, row, 0);
@@ -151,6 +158,14 @@ QPushButton* FormWindow::MakeButton(Button& button) {
     auto* widget = new QPushButton;
     binder.Bind(button, *widget);
     return widget;
+}
+
+QWidget* FormWindow::MakeButtonRow(std::initializer_list<Button*> buttons) {
+    auto* panel = new QWidget;
+    auto* row = LayoutOf<QHBoxLayout>(*panel);
+    row->addStretch(1);
+    for (Button* button : buttons) row->addWidget(MakeButton(*button));
+    return panel;
 }
 
 void FormWindow::SetTopic(HelpTopic topic) {

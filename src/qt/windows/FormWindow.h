@@ -24,6 +24,15 @@ void MakeTitle(QWidget& widget);  // large and bold
 // Of so many digits in the widget's font, in points of the screen.
 int WidthOf(const QWidget& widget, int characters);
 
+// A layout of the widget's content within the margin. Spacing -1 is the style's.
+template <class Layout>
+Layout* LayoutOf(QWidget& widget, int margin = 0, int spacing = -1) {
+    auto* layout = new Layout(&widget);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
 // What all windows have in common: caption, pointer and menu bar of their form, and a frame whose
 // closing the form decides about. Derived classes lay the form's controls out.
 class FormWindow : public QMainWindow {
@@ -48,6 +57,7 @@ protected:
 
     // Makers of the widgets that forms are laid out of, tied to their controls.
     QLabel* MakeLabel(Label& label);
+    QLabel* MakeNote(Label& label);  // goes on in further lines
     QLabel* AddLabel(Label& label, QGridLayout& grid, int row, int column,
                      Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
     // A caption, the widget that it names, and the unit behind it, from the column on.
@@ -61,6 +71,7 @@ protected:
     QLineEdit* MakeBox(TextBox& box, int characters);
     QComboBox* MakeList(ComboBox& list);
     QPushButton* MakeButton(Button& button);
+    QWidget* MakeButtonRow(std::initializer_list<Button*> buttons);  // at the right
 
     // Where F1 goes in the window of a form that has no topic of its own.
     void SetTopic(HelpTopic topic);

@@ -1,5 +1,3 @@
-#include "qt/windows/GraphWindow.h"
-
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -10,6 +8,7 @@
 #include "forms/graphs/GraphForm.h"
 #include "qt/chart/ChartWidget.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -18,7 +17,20 @@ namespace {
 constexpr int BoxWidth = 10;
 constexpr int RangeBoxWidth = 7;
 
-}  // namespace
+// The graph forms on the screen: the inputs at the left, the chart beside them.
+class GraphWindow : public FormWindow {
+public:
+    explicit GraphWindow(GraphForm& form);
+    explicit GraphWindow(FrmOkumFieldStrength& form);
+
+private:
+    void LayOut(PlotForm& form, QGridLayout& inputs);
+    QGridLayout* AddInputs(PlotForm& form);
+    void AddButtons(PlotForm& form, QGridLayout& inputs);
+    QWidget* MakeThreshold(ThresholdLine& threshold);
+    QWidget* MakeRanges(GraphView& view);
+    void UncoverByKeys(Label& label);
+};
 
 GraphWindow::GraphWindow(GraphForm& form) : FormWindow(form) {
     QGridLayout* inputs = AddInputs(form);
@@ -75,12 +87,10 @@ void GraphWindow::AddButtons(PlotForm& form, QGridLayout& inputs) {
 // All of it comes and goes with the line.
 QWidget* GraphWindow::MakeThreshold(ThresholdLine& threshold) {
     auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* grid = LayoutOf<QGridLayout>(*panel);
     AddInput(threshold.lblThreshold, *MakeBox(threshold.txtThreshold, BoxWidth),
              &threshold.lblThresholdUnit, *grid, 0, 0);
-    QLabel* reaches = MakeLabel(threshold.lblThresholdReach);
-    reaches->setWordWrap(true);
+    QLabel* reaches = MakeNote(threshold.lblThresholdReach);
     grid->addWidget(reaches, 1, 0, 1, 4);
     grid->setColumnStretch(3, 1);
     return panel;
@@ -89,8 +99,7 @@ QWidget* GraphWindow::MakeThreshold(ThresholdLine& threshold) {
 // All of it comes and goes with the ranges.
 QWidget* GraphWindow::MakeRanges(GraphView& view) {
     auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* row = LayoutOf<QHBoxLayout>(*panel);
     const auto addBox = [&](Label& caption, TextBox& box, const std::string& name) {
         QLabel* label = MakeLabel(caption);
         QLineEdit* edit = MakeBox(box, RangeBoxWidth);
@@ -120,14 +129,22 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     chart->addWidget(MakeRanges(form.View()));
     chart->addWidget(MakeThreshold(form.Threshold()));
     for (Label* label : {&form.lblHandBack, &form.lblStatus}) {
-        QLabel* line = MakeLabel(*label);
-        line->setWordWrap(true);
+        QLabel* line = MakeNote(*label);
         chart->addWidget(line);
     }
     row->addLayout(chart, 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});
     FocusFirst(form.txtFreq);
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(GraphForm& form) {
+    return std::make_unique<GraphWindow>(form);
+}
+std::unique_ptr<FormWindow> WindowOf(FrmOkumFieldStrength& form) {
+    return std::make_unique<GraphWindow>(form);
 }
 
 }  // namespace vardel

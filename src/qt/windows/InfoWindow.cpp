@@ -1,5 +1,3 @@
-#include "qt/windows/InfoWindow.h"
-
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -7,6 +5,7 @@
 
 #include "forms/help/frmInfoScreen.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -18,13 +17,19 @@ constexpr int TextWidth = 640;
 constexpr int CellMargin = 7;
 constexpr QColor Rule{0, 96, 96};
 
-}  // namespace
+// frmInfoScreen on the screen: a title, the text, the table, and the choice at the foot.
+class InfoWindow : public FormWindow {
+public:
+    explicit InfoWindow(frmInfoScreen& form);
+
+private:
+    QWidget* MakeTable(frmInfoScreen& form);
+};
 
 InfoWindow::InfoWindow(frmInfoScreen& form) : FormWindow(form) {
     SetTopic(HelpTopic::HelpMenu);
     auto* center = new QWidget;
-    auto* grid = new QGridLayout(center);
-    grid->setContentsMargins(Margin, Margin, Margin, Margin);
+    auto* grid = LayoutOf<QGridLayout>(*center, Margin);
     grid->setVerticalSpacing(Gap);
     QLabel* title = AddLabel(form.lblTitle, *grid, 0, 0);
     MakeTitle(*title);
@@ -54,9 +59,7 @@ QWidget* InfoWindow::MakeTable(frmInfoScreen& form) {
     ground.setColor(QPalette::Window, Rule);
     table->setPalette(ground);
     table->setAutoFillBackground(true);
-    auto* grid = new QGridLayout(table);
-    grid->setContentsMargins(1, 1, 1, 1);
-    grid->setSpacing(1);
+    auto* grid = LayoutOf<QGridLayout>(*table, 1, 1);
 
     const auto addCell = [&](Label& label, int row, int column, bool head) {
         QLabel* cell = AddLabel(label, *grid, row, column, {});
@@ -83,6 +86,12 @@ QWidget* InfoWindow::MakeTable(frmInfoScreen& form) {
     }
     for (column = 1; column <= 3; ++column) grid->setColumnStretch(column, 1);
     return table;
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(frmInfoScreen& form) {
+    return std::make_unique<InfoWindow>(form);
 }
 
 }  // namespace vardel

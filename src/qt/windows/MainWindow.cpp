@@ -1,5 +1,3 @@
-#include "qt/windows/MainWindow.h"
-
 #include <QApplication>
 #include <QComboBox>
 #include <QDropEvent>
@@ -20,6 +18,7 @@
 #include "qt/input/FocusRing.h"
 #include "qt/services/Convert.h"
 #include "qt/widgets/ResultLabel.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -36,7 +35,50 @@ QStringList FilesOf(const QMimeData& dropped) {
     return paths;
 }
 
-}  // namespace
+// MainForm on the screen: the inputs in three columns above, the results of the three models in
+// three columns below.
+class MainWindow : public FormWindow {
+public:
+    explicit MainWindow(MainForm& form);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    // Of the controls, which would take some of these keys as input.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    // Files, whose inputs are offered.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    // Ctrl+1, 2 and 3, held, are what a pressed head of a model's column is for the mouse, Ctrl+L
+    // what a double click on the head of the field strengths is. False for any other key.
+    bool IsCommand(QKeyEvent& press);
+    void EndHeldHint();
+
+    std::pair<QGroupBox*, QGridLayout*> MakeGroup(Frame& frame);
+    void AddStatusLine(MainForm& form);
+    QWidget* MakeInputs(MainForm& form);
+    QWidget* MakeResults(MainForm& form);
+    QWidget* MakePower(MainForm& form);
+    void SetTabOrder();
+
+    struct ResultRow {
+        Label& head;
+        std::array<Label*, 3> models;
+        std::array<Label*, 3> values;
+        std::array<Label*, 3> units;
+    };
+    void AddResultRow(const ResultRow& labels, QGridLayout& grid, int row);
+
+    bool TakesFiles(QEvent& event);
+    void OfferInputsOf(const QStringList& paths);
+
+    MainForm& form_;
+    std::array<Label*, 3> heads_;
+    Label* tables_;
+    int hintKey_ = 0;  // that holds a hint; 0: none
+};
 
 MainWindow::MainWindow(MainForm& form)
     : FormWindow(form, LabelFont::Bold),
@@ -44,9 +86,7 @@ MainWindow::MainWindow(MainForm& form)
       heads_{&form.lblLITU529[0], &form.lblLDavidson[0], &form.lblLCost231[0]},
       tables_(&form.lblFieldStrength) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(Margin, Margin, Margin, Margin);
-    column->setSpacing(Margin);
+    auto* column = LayoutOf<QVBoxLayout>(*center, Margin, Margin);
     column->addWidget(MakeInputs(form));
     column->addWidget(MakeResults(form));
     column->addStretch(1);
@@ -118,8 +158,7 @@ std::pair<QGroupBox*, QGridLayout*> MainWindow::MakeGroup(Frame& frame) {
     auto* group = new QGroupBox;
     MakeBold(*group);
     binder.Bind(frame, *group);
-    auto* grid = new QGridLayout(group);
-    grid->setContentsMargins(Margin, Margin, Margin, Margin);
+    auto* grid = LayoutOf<QGridLayout>(*group, Margin);
     grid->setHorizontalSpacing(Gap);
     grid->setVerticalSpacing(Gap);
     return {group, grid};
@@ -258,5 +297,9 @@ void MainWindow::OfferInputsOf(const QStringList& paths) {
         files.push_back({FromQt(QFileInfo(path).fileName()), TextOfFile(path)});
     form_.Run([&] { form_.OfferInputs(files); });
 }
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(MainForm& form) { return std::make_unique<MainWindow>(form); }
 
 }  // namespace vardel

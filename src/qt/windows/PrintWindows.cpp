@@ -1,5 +1,3 @@
-#include "qt/windows/PrintWindows.h"
-
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
@@ -7,6 +5,7 @@
 
 #include "forms/reports/FrmPrintOut.h"
 #include "forms/reports/frmPrinterSelect.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -27,7 +26,16 @@ QVBoxLayout* AddColumn(QMainWindow& window) {
     return column;
 }
 
-}  // namespace
+// The two small forms of printing on the screen. Escape leaves both.
+class PrintOutWindow : public FormWindow {
+public:
+    explicit PrintOutWindow(FrmPrintOut& form);
+};
+
+class PrinterSelectWindow : public FormWindow {
+public:
+    explicit PrinterSelectWindow(frmPrinterSelect& form);
+};
 
 PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
     SetTopic(HelpTopic::Printing);
@@ -57,6 +65,15 @@ PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(fo
     names->setFocus();
     QObject::connect(names->lineEdit(), &QLineEdit::returnPressed, select, &QPushButton::click);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(FrmPrintOut& form) {
+    return std::make_unique<PrintOutWindow>(form);
+}
+std::unique_ptr<FormWindow> WindowOf(frmPrinterSelect& form) {
+    return std::make_unique<PrinterSelectWindow>(form);
 }
 
 }  // namespace vardel

@@ -1,5 +1,3 @@
-#include "qt/windows/RangeWindow.h"
-
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -11,6 +9,7 @@
 #include "forms/reports/frmLogDistRange.h"
 #include "qt/input/FocusRing.h"
 #include "qt/services/Convert.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -34,14 +33,28 @@ void KeepPlaceWhenHidden(QWidget& widget) {
     widget.setSizePolicy(policy);
 }
 
-}  // namespace
+// frmLogDistRange on the screen. What a run shows stands in the place of what it hides, so that the
+// window keeps its size. Enter begins a run, Escape ends it or closes the window.
+class RangeWindow : public FormWindow {
+public:
+    explicit RangeWindow(frmLogDistRange& form);
+
+private:
+    QWidget* MakeInputs(frmLogDistRange& form);
+    QWidget* MakeDistance(frmLogDistRange& form);
+    QWidget* MakeProgress(frmLogDistRange& form);
+    QWidget* MakeClearLog(frmLogDistRange& form);
+    void SetKeys();
+
+    QPushButton* begin_;
+    QPushButton* exit_;
+};
 
 RangeWindow::RangeWindow(frmLogDistRange& form)
     : FormWindow(form), begin_(MakeButton(form.cmdLogDistRange)), exit_(new FocusedWhenShown) {
     SetTopic(HelpTopic::Calculation);
     auto* center = new QWidget;
-    auto* grid = new QGridLayout(center);
-    grid->setContentsMargins(Margin, Margin, Margin, Margin);
+    auto* grid = LayoutOf<QGridLayout>(*center, Margin);
     grid->setVerticalSpacing(Gap);
     grid->addWidget(MakeInputs(form), 0, 0);
     grid->addWidget(MakeDistance(form), 0, 0);
@@ -129,6 +142,12 @@ void RangeWindow::SetKeys() {
         else
             exit_->click();
     });
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(frmLogDistRange& form) {
+    return std::make_unique<RangeWindow>(form);
 }
 
 }  // namespace vardel

@@ -1,5 +1,3 @@
-#include "qt/windows/ReportWindow.h"
-
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QBoxLayout>
@@ -15,6 +13,7 @@
 #include "forms/reports/FrmReport.h"
 #include "qt/services/Convert.h"
 #include "qt/widgets/RichTextEdit.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -23,7 +22,26 @@ namespace {
 constexpr int LineWidth = 148;  // characters of a log line
 constexpr int LinesShown = 30;
 
-}  // namespace
+// FrmReport on the screen: the log below the heads of its columns, its buttons below.
+class ReportWindow : public FormWindow {
+public:
+    explicit ReportWindow(FrmReport& form);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* MakeHeads();
+    void ShowHeadsUnlessSeen();
+    QLayout* MakeFindBar();
+    void WireKeys();
+    void EnableHistory();
+
+    FrmReport& report_;
+    RichTextEdit* log_;
+    QLabel* heads_ = nullptr;
+};
 
 ReportWindow::ReportWindow(FrmReport& form)
     : FormWindow(form), report_(form), log_(new RichTextEdit(form.rtbLog, binder)) {
@@ -35,9 +53,7 @@ ReportWindow::ReportWindow(FrmReport& form)
     column->addLayout(MakeFindBar());
     auto* row = new QHBoxLayout;
     column->addLayout(row);
-    auto* status = MakeLabel(form.lblStatus);
-    status->setWordWrap(true);
-    row->addWidget(status, 1);
+    row->addWidget(MakeNote(form.lblStatus), 1);
     for (Button* button : {&form.cmdFile, &form.cmdPrint, &form.cmdClear, &form.cmdClose})
         row->addWidget(MakeButton(*button));
     setCentralWidget(center);
@@ -138,6 +154,12 @@ void ReportWindow::showEvent(QShowEvent* event) {
 void ReportWindow::hideEvent(QHideEvent* event) {
     if (!event->spontaneous()) log_->Leave();
     FormWindow::hideEvent(event);
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(FrmReport& form) {
+    return std::make_unique<ReportWindow>(form);
 }
 
 }  // namespace vardel

@@ -1,31 +1,38 @@
-#include "qt/windows/ValuesWindow.h"
-
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
 #include "forms/graphs/ValuesForm.h"
 #include "qt/widgets/RowTable.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
+namespace {
+
+// The values of a chart on the screen, as a table.
+class ValuesWindow : public FormWindow {
+public:
+    explicit ValuesWindow(ValuesForm& form);
+};
+
 ValuesWindow::ValuesWindow(ValuesForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    auto* title = MakeLabel(form.lblTitle);
-    title->setWordWrap(true);
-    column->addWidget(title);
+    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin);
+    column->addWidget(MakeNote(form.lblTitle));
     auto* table = new RowTable(form.lstValues, binder, "Values");
     column->addWidget(table, 1);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(MakeButton(form.cmdClose));
-    column->addLayout(row);
+    column->addWidget(MakeButtonRow({&form.cmdClose}));
     setCentralWidget(center);
     table->setFocus();
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     ResizeWithinScreen({860, 620});
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(ValuesForm& form) {
+    return std::make_unique<ValuesWindow>(form);
 }
 
 }  // namespace vardel

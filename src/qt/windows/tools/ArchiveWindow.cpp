@@ -1,5 +1,3 @@
-#include "qt/windows/tools/ArchiveWindow.h"
-
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
@@ -10,14 +8,25 @@
 #include "forms/archive/ArchiveForm.h"
 #include "qt/chart/ChartWidget.h"
 #include "qt/widgets/RowTable.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
+namespace {
+
+// The archive on the screen: the list of runs, and the chart of the one that is selected.
+class ArchiveWindow : public FormWindow {
+public:
+    explicit ArchiveWindow(ArchiveForm& form);
+
+private:
+    QWidget* MakeHead(ArchiveForm& form);
+    QWidget* MakeButtons(ArchiveForm& form);
+};
+
 ArchiveWindow::ArchiveWindow(ArchiveForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    column->setSpacing(WindowMargin / 2);
+    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin, WindowMargin / 2);
     column->addWidget(MakeHead(form));
     auto* parts = new QSplitter(Qt::Vertical);
     parts->setChildrenCollapsible(false);
@@ -25,9 +34,7 @@ ArchiveWindow::ArchiveWindow(ArchiveForm& form) : FormWindow(form) {
     parts->addWidget(new ChartWidget(form.CTWXRun, binder));
     for (const int part : {0, 1}) parts->setStretchFactor(part, 1);
     column->addWidget(parts, 1);
-    auto* status = MakeLabel(form.lblStatus);
-    status->setWordWrap(true);
-    column->addWidget(status);
+    column->addWidget(MakeNote(form.lblStatus));
     column->addWidget(MakeButtons(form));
     setCentralWidget(center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
@@ -43,10 +50,8 @@ ArchiveWindow::ArchiveWindow(ArchiveForm& form) : FormWindow(form) {
 
 QWidget* ArchiveWindow::MakeHead(ArchiveForm& form) {
     auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
-    auto* file = MakeLabel(form.lblFile);
-    file->setWordWrap(true);
+    auto* grid = LayoutOf<QGridLayout>(*panel);
+    auto* file = MakeNote(form.lblFile);
     grid->addWidget(file, 0, 0, 1, 3);
     grid->addWidget(MakeButton(form.cmdOpen), 0, 3);
     grid->addWidget(MakeButton(form.cmdStoreHere), 0, 4);
@@ -58,14 +63,19 @@ QWidget* ArchiveWindow::MakeHead(ArchiveForm& form) {
 
 QWidget* ArchiveWindow::MakeButtons(ArchiveForm& form) {
     auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* row = LayoutOf<QHBoxLayout>(*panel);
     for (Button* button : {&form.cmdTake, &form.cmdLay, &form.cmdComment, &form.cmdDelete,
                            &form.cmdUndo, &form.cmdSave})
         row->addWidget(MakeButton(*button));
     row->addStretch(1);
     row->addWidget(MakeButton(form.cmdClose));
     return panel;
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(ArchiveForm& form) {
+    return std::make_unique<ArchiveWindow>(form);
 }
 
 }  // namespace vardel

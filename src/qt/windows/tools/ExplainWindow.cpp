@@ -1,5 +1,3 @@
-#include "qt/windows/tools/ExplainWindow.h"
-
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QGridLayout>
@@ -8,14 +6,21 @@
 #include <QScrollArea>
 
 #include "forms/tools/ExplainForm.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
+namespace {
+
+// ExplainForm on the screen. Escape closes it.
+class ExplainWindow : public FormWindow {
+public:
+    explicit ExplainWindow(ExplainForm& form);
+};
+
 ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* grid = new QGridLayout(center);
-    grid->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    grid->setSpacing(WindowMargin / 2);
+    auto* grid = LayoutOf<QGridLayout>(*center, WindowMargin, WindowMargin / 2);
     auto* models = MakeList(form.cmbModel);
     AddInput(form.lblModel, *models, nullptr, *grid, 0, 0);
     grid->setColumnStretch(2, 1);
@@ -25,10 +30,7 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     grid->addWidget(terms, 2, 0, 1, 3);
     grid->setRowStretch(2, 1);
 
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    for (Button* button : {&form.cmdCopy, &form.cmdClose}) row->addWidget(MakeButton(*button));
-    grid->addLayout(row, 3, 0, 1, 3);
+    grid->addWidget(MakeButtonRow({&form.cmdCopy, &form.cmdClose}), 3, 0, 1, 3);
     setCentralWidget(center);
     models->setFocus();
     OnKeys({Qt::Key_Escape}, [this] { close(); });
@@ -36,6 +38,12 @@ ExplainWindow::ExplainWindow(ExplainForm& form) : FormWindow(form) {
     const QFontMetrics metrics(terms->widget()->font());
     ResizeWithinScreen({metrics.horizontalAdvance(QString(128, '0')) + 4 * WindowMargin,
                         metrics.lineSpacing() * LinesShown + 10 * WindowMargin});
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(ExplainForm& form) {
+    return std::make_unique<ExplainWindow>(form);
 }
 
 }  // namespace vardel

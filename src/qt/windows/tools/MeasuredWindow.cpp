@@ -1,5 +1,3 @@
-#include "qt/windows/tools/MeasuredWindow.h"
-
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
@@ -9,18 +7,23 @@
 
 #include "forms/tools/MeasuredForm.h"
 #include "qt/chart/ChartWidget.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
+namespace {
+
+// The measured data against the models on the screen: the table of errors, and their chart below.
+class MeasuredWindow : public FormWindow {
+public:
+    explicit MeasuredWindow(MeasuredForm& form);
+};
+
 MeasuredWindow::MeasuredWindow(MeasuredForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    column->setSpacing(WindowMargin / 2);
+    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin, WindowMargin / 2);
     for (Label* label : {&form.lblPath, &form.lblMatch}) {
-        auto* widget = MakeLabel(*label);
-        widget->setWordWrap(true);
-        column->addWidget(widget);
+        column->addWidget(MakeNote(*label));
     }
 
     auto* inputs = new QGridLayout;
@@ -38,15 +41,17 @@ MeasuredWindow::MeasuredWindow(MeasuredForm& form) : FormWindow(form) {
     parts->setStretchFactor(1, 1);
     column->addWidget(parts, 1);
 
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    for (Button* button : {&form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose})
-        row->addWidget(MakeButton(*button));
-    column->addLayout(row);
+    column->addWidget(MakeButtonRow({&form.cmdAdd, &form.cmdCopy, &form.cmdSave, &form.cmdClose}));
     setCentralWidget(center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     FocusFirst(form.txtPercents);
     ResizeWithinScreen({860, 760});
+}
+
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(MeasuredForm& form) {
+    return std::make_unique<MeasuredWindow>(form);
 }
 
 }  // namespace vardel

@@ -1,5 +1,3 @@
-#include "qt/windows/tools/ReachWindow.h"
-
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QGridLayout>
@@ -9,6 +7,7 @@
 
 #include "forms/tools/ReachForm.h"
 #include "qt/widgets/ResultLabel.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
@@ -17,21 +16,27 @@ namespace {
 constexpr int Gap = 8;
 constexpr int CellWidth = 10;
 
-}  // namespace
+// ReachForm on the screen: what is wanted, the table, the station on the map. Escape closes it.
+class ReachWindow : public FormWindow {
+public:
+    explicit ReachWindow(ReachForm& form);
+
+private:
+    QWidget* MakeWanted(ReachForm& form);
+    QWidget* MakeTable(ReachForm& form);
+    QWidget* MakeMap(ReachForm& form);
+    void AddCell(Label& cell, const std::string& what, QGridLayout& grid, int row, int column);
+};
 
 ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    column->setSpacing(WindowMargin);
-    auto* path = MakeLabel(form.lblPath);
-    path->setWordWrap(true);
-    column->addWidget(path);
+    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin, WindowMargin);
+    column->addWidget(MakeNote(form.lblPath));
     column->addWidget(MakeWanted(form));
     column->addWidget(MakeTable(form));
     column->addWidget(MakeMap(form));
     column->addStretch(1);
-    column->addWidget(MakeButtons(form));
+    column->addWidget(MakeButtonRow({&form.cmdGraph, &form.cmdAdd, &form.cmdCopy, &form.cmdClose}));
     SetScrolledContent(*center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     FocusFirst(form.wanted.txtWanted);
@@ -39,8 +44,7 @@ ReachWindow::ReachWindow(ReachForm& form) : FormWindow(form) {
 
 QWidget* ReachWindow::MakeWanted(ReachForm& form) {
     auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* grid = LayoutOf<QGridLayout>(*panel);
     grid->setHorizontalSpacing(Gap);
     AddWanted(form.wanted, *grid, 0);
     auto* problem = MakeLabel(form.lblProblem);
@@ -61,9 +65,7 @@ void ReachWindow::AddCell(Label& cell, const std::string& what, QGridLayout& gri
 
 QWidget* ReachWindow::MakeTable(ReachForm& form) {
     auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(Gap);
+    auto* grid = LayoutOf<QGridLayout>(*panel, 0, Gap);
     const int percentages = static_cast<int>(ReachPercentages);
     const int power = percentages + 1, height = power + 1;
     auto* head = MakeLabel(form.lblReachHead);
@@ -99,8 +101,7 @@ QWidget* ReachWindow::MakeTable(ReachForm& form) {
 
 QWidget* ReachWindow::MakeMap(ReachForm& form) {
     auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* grid = LayoutOf<QGridLayout>(*panel);
     grid->setHorizontalSpacing(Gap);
     constexpr int BoxWidth = 14;
     AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, BoxWidth), nullptr, *grid, 0, 0);
@@ -109,14 +110,10 @@ QWidget* ReachWindow::MakeMap(ReachForm& form) {
     return panel;
 }
 
-QWidget* ReachWindow::MakeButtons(ReachForm& form) {
-    auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addStretch(1);
-    for (Button* button : {&form.cmdGraph, &form.cmdAdd, &form.cmdCopy, &form.cmdClose})
-        row->addWidget(MakeButton(*button));
-    return panel;
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(ReachForm& form) {
+    return std::make_unique<ReachWindow>(form);
 }
 
 }  // namespace vardel

@@ -1,5 +1,3 @@
-#include "qt/windows/tools/TerrainWindow.h"
-
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QGridLayout>
@@ -12,17 +10,28 @@
 #include "forms/tools/TerrainForm.h"
 #include "qt/chart/GroundMapWidget.h"
 #include "qt/widgets/RowTable.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 
+namespace {
+
+// TerrainForm on the screen: the inputs above the table of azimuths, the map beside them. Escape
+// closes it.
+class TerrainWindow : public FormWindow {
+public:
+    explicit TerrainWindow(TerrainForm& form);
+
+private:
+    QWidget* MakeInputs(TerrainForm& form);
+    QWidget* MakeMap(TerrainForm& form);
+    QWidget* MakeTable(TerrainForm& form);
+};
+
 TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
     auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(WindowMargin, WindowMargin, WindowMargin, WindowMargin);
-    column->setSpacing(WindowMargin / 2);
-    auto* path = MakeLabel(form.lblPath);
-    path->setWordWrap(true);
-    column->addWidget(path);
+    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin, WindowMargin / 2);
+    column->addWidget(MakeNote(form.lblPath));
     auto* parts = new QSplitter(Qt::Horizontal);
     parts->setChildrenCollapsible(false);
     parts->addWidget(MakeTable(form));
@@ -30,7 +39,8 @@ TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
     parts->setStretchFactor(1, 1);
     parts->setSizes({600, 660});
     column->addWidget(parts, 1);
-    column->addWidget(MakeButtons(form));
+    column->addWidget(MakeButtonRow({&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave,
+                                     &form.area.cmdSaveArea, &form.cmdClose}));
     SetScrolledContent(*center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     FocusFirst(form.txtLatitude);
@@ -39,8 +49,7 @@ TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
 
 QWidget* TerrainWindow::MakeInputs(TerrainForm& form) {
     auto* panel = new QWidget;
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* column = LayoutOf<QVBoxLayout>(*panel);
     auto* grid = new QGridLayout;
     column->addLayout(grid);
     constexpr int PlaceWidth = 11, NumberWidth = 6;
@@ -81,18 +90,14 @@ QWidget* TerrainWindow::MakeInputs(TerrainForm& form) {
 
 QWidget* TerrainWindow::MakeTable(TerrainForm& form) {
     auto* panel = new QWidget;
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* column = LayoutOf<QVBoxLayout>(*panel);
     column->addWidget(MakeInputs(form));
-    auto* problem = MakeLabel(form.lblProblem);
-    problem->setWordWrap(true);
+    auto* problem = MakeNote(form.lblProblem);
     problem->setMinimumHeight(problem->fontMetrics().height() + 4);
     MakeBold(*problem);
     column->addWidget(problem);
     column->addWidget(new RowTable(form.lstAzimuths, binder, "Azimuths"), 1);
-    auto* notes = MakeLabel(form.lblNotes);
-    notes->setWordWrap(true);
-    column->addWidget(notes);
+    column->addWidget(MakeNote(form.lblNotes));
     return panel;
 }
 
@@ -106,23 +111,17 @@ QWidget* TerrainWindow::MakeMap(TerrainForm& form) {
     head->setColumnStretch(2, 1);
     column->addLayout(head);
     column->addWidget(new GroundMapWidget(form.map, binder), 1);
-    auto* pointed = MakeLabel(form.area.lblPointed);
-    pointed->setWordWrap(true);
+    auto* pointed = MakeNote(form.area.lblPointed);
     pointed->setAlignment(Qt::AlignTop);
     pointed->setFixedHeight(3 * pointed->fontMetrics().height());
     column->addWidget(pointed);
     return panel;
 }
 
-QWidget* TerrainWindow::MakeButtons(TerrainForm& form) {
-    auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addStretch(1);
-    for (Button* button : {&form.cmdTake, &form.cmdAdd, &form.cmdCopy, &form.cmdSave,
-                           &form.area.cmdSaveArea, &form.cmdClose})
-        row->addWidget(MakeButton(*button));
-    return panel;
+}  // namespace
+
+std::unique_ptr<FormWindow> WindowOf(TerrainForm& form) {
+    return std::make_unique<TerrainWindow>(form);
 }
 
 }  // namespace vardel
