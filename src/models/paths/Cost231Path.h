@@ -54,11 +54,8 @@ struct Cost231Path {
     }
     template <class Sum, class Distance>
     void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
-        sum.Subtract(P529DistanceTerm::Text, distanceTerm.At(at));
-        sum.Add(AreaCorrectionText(area), areaTerm);
-        sum.Add(AntennaText(), antenna);
-        sum.Subtract(statistics.TimeText(), statistics.Time(at));
-        sum.Add(PathStatistics::LocationText, statistics.location);
+        OppositeSum opposite(sum);
+        AddLossTail(opposite, at);
     }
 
     constexpr TermText AntennaText() const noexcept {
@@ -77,7 +74,7 @@ struct Cost231Path {
         terms.CostLossAreaTerm = path.areaTerm;
         terms.CostLossExponent = path.distanceTerm.Exponent(at);
         if (in.d > 20.0) terms.CostLossEffectiveHb = path.distanceTerm.EffectiveHb();
-        return LossFrom(LossHead(path), path, at);
+        return ValueOf(LossFormula{}, path, at);
     }
     static double FieldStrength(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept {
@@ -87,7 +84,7 @@ struct Cost231Path {
         terms.CostFsAreaTerm = path.areaTerm;
         terms.CostFsExponent = path.distanceTerm.Exponent(at);
         if (in.d > 20.0) terms.CostFsEffectiveHb = path.distanceTerm.EffectiveHb();
-        return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
+        return ValueOf(FieldStrengthFormula{powerWatts}, path, at);
     }
 
     static constexpr bool TakesPowersOfDistance = true;

@@ -26,7 +26,7 @@ struct DavidsonPath {
           frequencyFactor(farthest > 40.238 ? -0.112 * Log10(1500.0 / in.f) : 0.0) {
         AssignHataAntennaTerm(antennaTerm, antennaForm, logF, in.f, in.hm);
         antenna = antennaTerm;
-        head = LossHead(*this);
+        head = HeadOf(LossFormula{}, *this);
         areaTerm = AreaCorrection(area, in.f, logF);
     }
 
@@ -42,7 +42,7 @@ struct DavidsonPath {
         logHb = at.LogHb();
         slope = DistanceSlope(logHb);
         heightFactor = HeightFactor(at.LogHbInUnits());
-        head = LossHead(*this);
+        head = HeadOf(LossFormula{}, *this);
     }
 
     static double HeightFactor(double logHbInUnits) noexcept { return 0.5 + 0.15 * logHbInUnits; }
@@ -87,7 +87,7 @@ struct DavidsonPath {
     template <class Sum, class Distance>
     void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
         sum.Subtract({"Path loss", "L, the sum of its own terms", Tsb88},
-                     LossFrom(head, *this, at));
+                     ValueFrom(head, LossFormula{}, *this, at));
     }
 
     constexpr TermText DistanceCorrectionText(double d) const noexcept {
@@ -130,14 +130,14 @@ struct DavidsonPath {
         const CallDistance at(in);
         const DavidsonPath path(in, terms.DavAntennaTerm, in.d);
         path.KeepTerms(at, terms);
-        return LossFrom(path.head, path, at);
+        return ValueFrom(path.head, LossFormula{}, path, at);
     }
     static double FieldStrength(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept {
         const CallDistance at(in);
         const DavidsonPath path(in, terms.DavAntennaTerm, in.d);
         path.KeepTerms(at, terms);
-        return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
+        return ValueOf(FieldStrengthFormula{powerWatts}, path, at);
     }
 
     static constexpr bool TakesPowersOfDistance = false;

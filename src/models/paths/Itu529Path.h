@@ -57,9 +57,8 @@ struct Itu529Path {
     }
     template <class Sum, class Distance>
     void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
-        sum.Subtract(P529DistanceTerm::Text, distanceTerm.At(at));
-        sum.Subtract(statistics.TimeText(), statistics.Time(at));
-        sum.Add(PathStatistics::LocationText, statistics.location);
+        OppositeSum opposite(sum);
+        AddLossTail(opposite, at);
     }
 
     void Note(ListedSum& sum, double d) const { distanceTerm.Note(sum, d); }
@@ -70,7 +69,7 @@ struct Itu529Path {
         terms.ItuLossAreaTerm = path.areaTerm;
         terms.ItuLossExponent = path.distanceTerm.Exponent(at);
         if (in.d > 20.0) terms.ItuLossEffectiveHb = path.distanceTerm.EffectiveHb();
-        return LossFrom(LossHead(path), path, at);
+        return ValueOf(LossFormula{}, path, at);
     }
     static double FieldStrength(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept {
@@ -79,7 +78,7 @@ struct Itu529Path {
         terms.ItuFsAreaTerm = path.areaTerm;
         terms.ItuFsExponent = path.distanceTerm.Exponent(at);
         if (in.d > 20.0) terms.ItuFsEffectiveHb = path.distanceTerm.EffectiveHb();
-        return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
+        return ValueOf(FieldStrengthFormula{powerWatts}, path, at);
     }
 
     static constexpr bool TakesPowersOfDistance = true;

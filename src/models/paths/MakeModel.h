@@ -12,61 +12,45 @@
 namespace vardel {
 
 template <class Path>
-struct ModelFunctions {
-    static void LossCurve(const ModelInputs& in, const DistanceGrid::Point* points,
-                          std::size_t count, double* values) noexcept {
-        FillLosses(Path::ForCurve(in), points, count, values);
-    }
-    static void FieldStrengthCurve(const ModelInputs& in, double powerWatts,
-                                   const DistanceGrid::Point* points, std::size_t count,
-                                   double* values) noexcept {
-        FillFieldStrengths(Path::ForCurve(in), powerWatts, points, count, values);
-    }
-    static void LossOverKm(const ModelInputs& in, const double* km, std::size_t count,
-                           double* values) noexcept {
-        if constexpr (Path::TakesPowersOfDistance)
-            FillNewLosses(Path::ForCurve(in), km, count, values);
-        else
-            FillLosses(Path::ForCurve(in), km, count, values);
-    }
-    static void FieldStrengthOverKm(const ModelInputs& in, double powerWatts, const double* km,
-                                    std::size_t count, double* values) noexcept {
-        if constexpr (Path::TakesPowersOfDistance)
-            FillNewFieldStrengths(Path::ForCurve(in), powerWatts, km, count, values);
-        else
-            FillFieldStrengths(Path::ForCurve(in), powerWatts, km, count, values);
-    }
-    static void AreaLosses(const ModelInputs& in, const AreaBlock& block, double* values) noexcept {
-        FillAreaLosses(Path::ForCurve(in), block, values);
-    }
-    static void AreaFieldStrengths(const ModelInputs& in, double powerWatts, const AreaBlock& block,
-                                   double* values) noexcept {
-        FillAreaFieldStrengths(Path::ForCurve(in), powerWatts, block, values);
-    }
-    static FormulaTerms TermsOfLoss(const ModelInputs& in) {
-        return LossTerms(Path::ForCurve(in), in);
-    }
-    static FormulaTerms TermsOfFieldStrength(const ModelInputs& in, double powerWatts) {
-        return FieldStrengthTerms(Path::ForCurve(in), in, powerWatts);
-    }
-};
-
-template <class Path>
 constexpr Model MakeModel(ModelNumber number, const char* name, ModelColor color) {
-    using Functions = ModelFunctions<Path>;
-    return {number,
-            name,
-            Path::Loss,
-            Path::FieldStrength,
-            Functions::LossCurve,
-            Functions::FieldStrengthCurve,
-            Functions::LossOverKm,
-            Functions::FieldStrengthOverKm,
-            Functions::AreaLosses,
-            Functions::AreaFieldStrengths,
-            Functions::TermsOfLoss,
-            Functions::TermsOfFieldStrength,
-            color};
+    using In = const ModelInputs&;
+    using Strength = FieldStrengthFormula;
+    return {
+        .number = number,
+        .name = name,
+        .loss = Path::Loss,
+        .fieldStrength = Path::FieldStrength,
+        .lossCurve =
+            [](In in, const DistanceGrid::Point* points, std::size_t count,
+               double* values) noexcept {
+                FillCurve(LossFormula{}, Path::ForCurve(in), points, count, values);
+            },
+        .fieldStrengthCurve =
+            [](In in, double watts, const DistanceGrid::Point* points, std::size_t count,
+               double* values) noexcept {
+                FillCurve(Strength{watts}, Path::ForCurve(in), points, count, values);
+            },
+        .lossOverKm =
+            [](In in, const double* km, std::size_t count, double* values) noexcept {
+                FillNewCurve(LossFormula{}, Path::ForCurve(in), km, count, values);
+            },
+        .fieldStrengthOverKm =
+            [](In in, double watts, const double* km, std::size_t count, double* values) noexcept {
+                FillNewCurve(Strength{watts}, Path::ForCurve(in), km, count, values);
+            },
+        .areaLosses =
+            [](In in, const AreaBlock& block, double* values) noexcept {
+                FillArea(LossFormula{}, Path::ForCurve(in), block, values);
+            },
+        .areaFieldStrengths =
+            [](In in, double watts, const AreaBlock& block, double* values) noexcept {
+                FillArea(Strength{watts}, Path::ForCurve(in), block, values);
+            },
+        .lossTerms = [](In in) { return TermsOf(LossFormula{}, Path::ForCurve(in), in); },
+        .fieldStrengthTerms =
+            [](In in, double watts) { return TermsOf(Strength{watts}, Path::ForCurve(in), in); },
+        .color = color,
+    };
 }
 
 }  // namespace vardel

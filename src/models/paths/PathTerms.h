@@ -97,107 +97,103 @@ private:
     double exponentSlope_;
 };
 
-// What follows takes a model's path: the head of its formula, that the distance does not change,
-// and the tail at a distance.
+// What a loss gains a field strength loses.
+template <class Sum>
+class OppositeSum {
+public:
+    explicit OppositeSum(Sum& sum) noexcept : sum_(sum) {}
 
-template <class Path>
-double LossHead(const Path& path) noexcept {
+    void Add(const TermText& text, double term) { sum_.Subtract(text, term); }
+    void Subtract(const TermText& text, double term) { sum_.Add(text, term); }
+
+private:
+    Sum& sum_;
+};
+
+// The two formulas of a path: a head, which the distance does not change, and a tail at a distance.
+struct LossFormula {
+    template <class Path, class Sum>
+    void AddHead(Sum& sum, const Path& path) const {
+        path.AddLossHead(sum);
+    }
+    template <class Path, class Sum, class Distance>
+    void AddTail(Sum& sum, const Path& path, const Distance& at) const {
+        path.AddLossTail(sum, at);
+    }
+};
+
+struct FieldStrengthFormula {
+    double powerWatts;
+
+    template <class Path, class Sum>
+    void AddHead(Sum& sum, const Path& path) const {
+        path.AddFieldStrengthHead(sum, powerWatts);
+    }
+    template <class Path, class Sum, class Distance>
+    void AddTail(Sum& sum, const Path& path, const Distance& at) const {
+        path.AddFieldStrengthTail(sum, at);
+    }
+};
+
+template <class Formula, class Path>
+double HeadOf(const Formula& formula, const Path& path) noexcept {
     PlainSum sum;
-    path.AddLossHead(sum);
+    formula.AddHead(sum, path);
     return sum.Total();
 }
 
-template <class Path, class Distance>
-double LossFrom(double head, const Path& path, const Distance& at) noexcept {
+template <class Formula, class Path, class Distance>
+double ValueFrom(double head, const Formula& formula, const Path& path,
+                 const Distance& at) noexcept {
     PlainSum sum(head);
-    path.AddLossTail(sum, at);
+    formula.AddTail(sum, path, at);
     return sum.Total();
 }
 
-template <class Path>
-double FieldStrengthHead(const Path& path, double powerWatts) noexcept {
-    PlainSum sum;
-    path.AddFieldStrengthHead(sum, powerWatts);
-    return sum.Total();
+template <class Formula, class Path, class Distance>
+double ValueOf(const Formula& formula, const Path& path, const Distance& at) noexcept {
+    return ValueFrom(HeadOf(formula, path), formula, path, at);
 }
 
-template <class Path, class Distance>
-double FieldStrengthFrom(double head, const Path& path, const Distance& at) noexcept {
-    PlainSum sum(head);
-    path.AddFieldStrengthTail(sum, at);
-    return sum.Total();
-}
-
-// Curves. The points are distances in km or those of a grid.
-template <class Path, class Point>
-void FillLosses(const Path& path, const Point* points, std::size_t count, double* values) noexcept {
-    std::transform(points, points + count, values, [&path, head = LossHead(path)](const Point& at) {
-        return LossFrom(head, path, DistanceAt(at));
-    });
-}
-
-template <class Path, class Point>
-void FillFieldStrengths(const Path& path, double powerWatts, const Point* points, std::size_t count,
-                        double* values) noexcept {
+// A curve. The points are distances in km or those of a grid.
+template <class Formula, class Path, class Point>
+void FillCurve(const Formula& formula, const Path& path, const Point* points, std::size_t count,
+               double* values) noexcept {
     std::transform(points, points + count, values,
-                   [&path, head = FieldStrengthHead(path, powerWatts)](const Point& at) {
-                       return FieldStrengthFrom(head, path, DistanceAt(at));
+                   [&, head = HeadOf(formula, path)](const Point& at) {
+                       return ValueFrom(head, formula, path, DistanceAt(at));
                    });
 }
 
-// Curves over distances in km that no other curve has, by blocks of points: fill(points, count,
-// values) for each.
-template <class Path, class Fill>
-void FillByBlocks(const Path& path, const double* km, std::size_t count, double* values,
-                  Fill fill) noexcept {
-    std::array<FreshPoint, FreshPoint::Block> points;
-    for (std::size_t done = 0; done < count; done += points.size()) {
-        const std::size_t size = std::min(points.size(), count - done);
-        FreshPoint::Compute(km + done, size, path.statistics.timeLevel != 0.0, points.data());
-        fill(points.data(), size, values + done);
+// A curve over distances in km that no other curve has. Powers of them are computed by blocks.
+template <class Formula, class Path>
+void FillNewCurve(const Formula& formula, const Path& path, const double* km, std::size_t count,
+                  double* values) noexcept {
+    if constexpr (Path::TakesPowersOfDistance) {
+        std::array<FreshPoint, FreshPoint::Block> points;
+        for (std::size_t done = 0; done < count; done += points.size()) {
+            const std::size_t size = std::min(points.size(), count - done);
+            FreshPoint::Compute(km + done, size, path.statistics.timeLevel != 0.0, points.data());
+            FillCurve(formula, path, points.data(), size, values + done);
+        }
+    } else {
+        FillCurve(formula, path, km, count, values);
     }
-}
-
-template <class Path>
-void FillNewLosses(const Path& path, const double* km, std::size_t count, double* values) noexcept {
-    FillByBlocks(path, km, count, values,
-                 [&path](const FreshPoint* points, std::size_t n, double* block) {
-                     FillLosses(path, points, n, block);
-                 });
-}
-
-template <class Path>
-void FillNewFieldStrengths(const Path& path, double powerWatts, const double* km, std::size_t count,
-                           double* values) noexcept {
-    FillByBlocks(path, km, count, values,
-                 [&path, powerWatts](const FreshPoint* points, std::size_t n, double* block) {
-                     FillFieldStrengths(path, powerWatts, points, n, block);
-                 });
 }
 
 // Over the points of an area, whose base heights differ, too.
-template <class Path>
-void FillAreaLosses(Path path, const AreaBlock& block, double* values) noexcept {
+template <class Formula, class Path>
+void FillArea(const Formula& formula, Path path, const AreaBlock& block, double* values) noexcept {
     for (std::size_t i = 0; i < block.Count(); ++i) {
         const AreaBlock::Point at = block[i];
         path.Raise(at);
-        values[i] = LossFrom(LossHead(path), path, at);
+        values[i] = ValueOf(formula, path, at);
     }
 }
 
-template <class Path>
-void FillAreaFieldStrengths(Path path, double powerWatts, const AreaBlock& block,
-                            double* values) noexcept {
-    for (std::size_t i = 0; i < block.Count(); ++i) {
-        const AreaBlock::Point at = block[i];
-        path.Raise(at);
-        values[i] = FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, at);
-    }
-}
-
-// What the path consists of, with the quantities behind its statistics.
-template <class Path>
-ListedSum Quantities(const Path& path, const ModelInputs& in) {
+// What the formula consists of, with the quantities behind its statistics.
+template <class Formula, class Path>
+FormulaTerms TermsOf(const Formula& formula, const Path& path, const ModelInputs& in) {
     ListedSum sum;
     path.Note(sum, in.d);
     const Area area = AreaOfUntrimmed(in.area);
@@ -206,22 +202,8 @@ ListedSum Quantities(const Path& path, const ModelInputs& in) {
                  DeviationSigma(SigmaTableOf(area), in.f), "dB");
         sum.Note({"Normal deviate z", "of pl", source::Okumura}, LocationDeviate(in.pctLoc), "");
     }
-    return sum;
-}
-
-template <class Path>
-FormulaTerms LossTerms(const Path& path, const ModelInputs& in) {
-    ListedSum sum = Quantities(path, in);
-    path.AddLossHead(sum);
-    path.AddLossTail(sum, SingleDistance{in.d});
-    return sum.Terms();
-}
-
-template <class Path>
-FormulaTerms FieldStrengthTerms(const Path& path, const ModelInputs& in, double powerWatts) {
-    ListedSum sum = Quantities(path, in);
-    path.AddFieldStrengthHead(sum, powerWatts);
-    path.AddFieldStrengthTail(sum, SingleDistance{in.d});
+    formula.AddHead(sum, path);
+    formula.AddTail(sum, path, SingleDistance{in.d});
     return sum.Terms();
 }
 

@@ -40,11 +40,8 @@ struct UsPath {
     }
     template <class Sum, class Distance>
     void AddFieldStrengthTail(Sum& sum, const Distance& at) const {
-        sum.Subtract(DistanceText, 40.0 * at.Log());
-        sum.Add(HeightsText, 20.0 * logHeights);
-        sum.Subtract(statistics.TimeText(), statistics.Time(at));
-        sum.Add(AreaCorrectionText(area), areaTerm);
-        sum.Add(PathStatistics::LocationText, statistics.location);
+        OppositeSum opposite(sum);
+        AddLossTail(opposite, at);
     }
 
     void Note(ListedSum&, double) const {}
@@ -52,13 +49,13 @@ struct UsPath {
     static double Loss(const ModelInputs& in, ModelTermsRecord& terms) noexcept {
         const UsPath path(in);
         terms.UsLossAreaTerm = path.areaTerm;
-        return LossFrom(LossHead(path), path, SingleDistance{in.d});
+        return ValueOf(LossFormula{}, path, SingleDistance{in.d});
     }
     static double FieldStrength(const ModelInputs& in, double powerWatts,
                                 ModelTermsRecord& terms) noexcept {
         const UsPath path(in);
         terms.UsFsAreaTerm = path.areaTerm;
-        return FieldStrengthFrom(FieldStrengthHead(path, powerWatts), path, SingleDistance{in.d});
+        return ValueOf(FieldStrengthFormula{powerWatts}, path, SingleDistance{in.d});
     }
 
     static constexpr bool TakesPowersOfDistance = false;
