@@ -3,10 +3,10 @@
 #include <cmath>
 
 #include "cli/batch/RowFormats.h"
-#include "cli/output/Json.h"
 #include "cli/output/Records.h"
 #include "cli/output/Results.h"
 #include "engine/PathText.h"
+#include "text/JsonText.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
@@ -77,9 +77,9 @@ void WritePath(const Options& options, const Sink& output) {
     const Calculation calculation = CalculationOf(options.path);
     std::string out;
     if (options.json) {
-        JsonLine line(out);
+        JsonObject line(out);
         AddResults(line, &calculation);
-        line.End();
+        line.End("\n");
         return output(out);
     }
     constexpr std::size_t ModelWidth = 10;
@@ -113,10 +113,10 @@ void WriteCurve(const Options& options, const Sink& output) {
         path.distance = LeadingNumber(distance);
         const Calculation calculation = CalculationOf(path);
         if (options.json) {
-            JsonLine line(out);
+            JsonObject line(out);
             line.Number(distanceName, path.distance);
             AddResults(line, &calculation);
-            line.End();
+            line.End("\n");
         } else {
             out += distance;
             AppendResults(out, &calculation, ',');

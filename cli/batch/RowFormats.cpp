@@ -82,7 +82,7 @@ void JsonRows::Begin(std::string& /*out*/, std::string_view /*head*/, const RowR
 }
 
 void JsonRows::Row(std::string& out, std::string& /*messages*/, const BatchRow& row) const {
-    JsonLine line(out);
+    JsonObject line(out);
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const std::string text = row.fields[i].Text();
         const auto number = columns_[i].number ? WholeTextNumber(text) : std::nullopt;
@@ -103,7 +103,7 @@ void JsonRows::Row(std::string& out, std::string& /*messages*/, const BatchRow& 
         line.Null(ErrorColumn);
     else
         line.Text(ErrorColumn, row.error);
-    line.End();
+    line.End("\n");
 }
 
 void LogRows::Begin(std::string& out, std::string_view /*head*/, const RowReader& /*input*/,

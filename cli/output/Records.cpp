@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "cli/output/Json.h"
 #include "cli/output/Results.h"
 #include "text/CsvText.h"
+#include "text/JsonText.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
@@ -20,7 +20,7 @@ std::string CellText(const Cell& cell) {
 }
 
 void AppendJson(std::string& out, const Record& record) {
-    JsonLine line(out);
+    JsonObject line(out);
     for (const auto& [name, cell] : record) {
         if (const auto* const number = std::get_if<double>(&cell))
             line.Number(name, *number);
@@ -31,7 +31,7 @@ void AppendJson(std::string& out, const Record& record) {
         else
             line.Null(name);
     }
-    line.End();
+    line.End("\n");
 }
 
 }  // namespace

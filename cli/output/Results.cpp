@@ -46,7 +46,7 @@ void AppendResults(std::string& row, const Calculation* calculation, char delimi
     }
 }
 
-void AddResults(JsonLine& line, const Calculation* calculation) {
+void AddResults(JsonObject& line, const Calculation* calculation) {
     for (std::size_t i = 0; i < ComparedModels.size(); ++i) {
         const ResultNames& names = NamesOfResults().at(i);
         if (calculation == nullptr) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/output/Json.h"
 #include "engine/Calculation.h"
+#include "text/JsonText.h"
 
 // What the compared models say of a path, as columns and as members.
 
@@ -30,6 +30,6 @@ constexpr const char* YesOrNo(bool yes) { return yes ? "yes" : "no"; }
 
 // Each value with the delimiter before it. Without a calculation the fields are empty.
 void AppendResults(std::string& row, const Calculation* calculation, char delimiter);
-void AddResults(JsonLine& line, const Calculation* calculation);
+void AddResults(JsonObject& line, const Calculation* calculation);
 
 }  // namespace vardel::cli

@@ -1,5 +1,6 @@
 #include "map/MapFeatures.h"
 
+#include "text/JsonText.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 
@@ -12,44 +13,25 @@ std::string HexOf(unsigned value) {
     return {Digits[value / 16 % 16], Digits[value % 16]};
 }
 
-// What each character becomes, in UTF-8 that is valid whatever the text is.
-template <class Escape>
-std::string Escaped(std::string_view text, Escape escape) {
+// In UTF-8 that is valid whatever the text is. XML has no way to write most control characters, nor
+// two at the end of the first plane.
+std::string XmlText(std::string_view text) {
     std::string escaped;
     while (!text.empty()) {
         const char32_t c = TakeUtf8(text);
-        if (const std::string other = escape(c); !other.empty())
-            escaped += other;
+        const bool isNone = c < 0x20 && c != U'\t' && c != U'\n' && c != U'\r';
+        if (c == U'&')
+            escaped += "&amp;";
+        else if (c == U'<')
+            escaped += "&lt;";
+        else if (c == U'>')
+            escaped += "&gt;";
+        else if (c == U'\r')
+            escaped += "&#13;";
         else
-            AppendUtf8(escaped, c);
+            AppendUtf8(escaped, isNone || c == 0xFFFE || c == 0xFFFF ? U' ' : c);
     }
     return escaped;
-}
-
-std::string JsonText(std::string_view text) {
-    return '"' +
-           Escaped(text,
-                   [](char32_t c) -> std::string {
-                       if (c == U'"' || c == U'\\') return {'\\', static_cast<char>(c)};
-                       return c < 0x20 ? "\\u00" + HexOf(c) : "";
-                   }) +
-           '"';
-}
-
-// XML has no way to write most control characters, nor two at the end of the first plane.
-std::string XmlText(std::string_view text) {
-    return Escaped(text, [](char32_t c) -> std::string {
-        if (c == U'&') return "&amp;";
-        if (c == U'<') return "&lt;";
-        if (c == U'>') return "&gt;";
-        if (c == U'\r') return "&#13;";
-        const bool isNone = c < 0x20 && c != U'\t' && c != U'\n';
-        return isNone || c == 0xFFFE || c == 0xFFFF ? " " : "";
-    });
-}
-
-std::string JsonValue(const FeatureProperty& property) {
-    return property.isText ? JsonText(property.value) : property.value;
 }
 
 std::string DegreesText(std::int64_t position) {
@@ -80,13 +62,12 @@ std::string JsonGeometry(const std::vector<PolygonRing>& polygons) {
 }
 
 std::string JsonFeature(const MapFeature& feature) {
-    std::string properties;
-    for (const FeatureProperty& property : feature.properties) {
-        if (!properties.empty()) properties += ',';
-        properties += JsonText(property.name) + ':' + JsonValue(property);
-    }
-    return R"({"type":"Feature","properties":{)" + properties + R"(},"geometry":)" +
-           JsonGeometry(feature.polygons) + '}';
+    std::string text = R"({"type":"Feature","properties":)";
+    JsonObject properties(text);
+    for (const auto& [name, value, isText] : feature.properties)
+        isText ? properties.Text(name, value) : properties.Raw(name, value);
+    properties.End();
+    return text + R"(,"geometry":)" + JsonGeometry(feature.polygons) + '}';
 }
 
 // Colours of KML are of opacity, blue, green and red.

@@ -1,11 +1,11 @@
-#include "cli/output/Json.h"
+#include "text/JsonText.h"
 
 #include <cmath>
 
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 
-namespace vardel::cli {
+namespace vardel {
 
 void AppendJsonString(std::string& out, std::string_view text) {
     constexpr std::string_view Hex = "0123456789abcdef";
@@ -29,28 +29,28 @@ void AppendJsonString(std::string& out, std::string_view text) {
     out += '"';
 }
 
-void JsonLine::Text(std::string_view name, std::string_view value) {
+void JsonObject::Text(std::string_view name, std::string_view value) {
     Name(name);
     AppendJsonString(out_, value);
 }
 
-void JsonLine::Number(std::string_view name, double value) {
+void JsonObject::Number(std::string_view name, double value) {
     if (std::isfinite(value))
         Raw(name, ShortestText(value));
     else
         Null(name);
 }
 
-void JsonLine::Name(std::string_view name) {
+void JsonObject::Name(std::string_view name) {
     out_ += first_ ? '{' : ',';
     first_ = false;
     AppendJsonString(out_, name);
     out_ += ':';
 }
 
-void JsonLine::Raw(std::string_view name, std::string_view value) {
+void JsonObject::Raw(std::string_view name, std::string_view value) {
     Name(name);
     out_ += value;
 }
 
-}  // namespace vardel::cli
+}  // namespace vardel
