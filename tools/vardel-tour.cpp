@@ -182,8 +182,8 @@ bool TakeTools(vardel::QtPlatform& platform, vardel::Program& program, const QDi
     main.txtPowerUnit.SetText("25");
     main.txtPowerUnit.LostFocus.Raise();
     vardel::ReachForm& reach = *program.ReachForm;
-    reach.txtLatitude.SetText("52 30 12 N");
-    reach.txtLongitude.SetText("13.4");
+    reach.site.txtLatitude.SetText("52 30 12 N");
+    reach.site.txtLongitude.SetText("13.4");
     bool good = TakeModalPicture(platform, reach, pictures, "reach");
     program.FieldStrengthThreshold.shown = program.LossThreshold.shown = true;
     for (const auto& [graph, name] :
@@ -238,7 +238,7 @@ bool TakeTerrain(vardel::QtPlatform& platform, vardel::Program& program, const Q
     program.OpenElevations = MadeHills;
     vardel::TerrainForm& form = *program.TerrainForm;
     for (const auto& [box, text] :
-         {std::pair(&form.txtLatitude, "49.8"), std::pair(&form.txtLongitude, "6.5"),
+         {std::pair(&form.site.txtLatitude, "49.8"), std::pair(&form.site.txtLongitude, "6.5"),
           std::pair(&form.txtFiles, "hills.tif"), std::pair(&form.wanted.txtWanted, "40")})
         box->SetText(text);
     form.cmdRead.Press();

@@ -28,8 +28,8 @@ TEST(TerrainWindow, TheMapShowsTheGroundAndMarksAnAzimuth) {
     TerrainForm& form = *program.TerrainForm;
     FormWindow& window = platform.WindowOf(form);
     form.Show();
-    form.txtLatitude.SetText("50");
-    form.txtLongitude.SetText("6.6");
+    form.site.txtLatitude.SetText("50");
+    form.site.txtLongitude.SetText("6.6");
     form.txtAzimuths.SetText("36");
     form.txtFiles.SetText("a");
     form.wanted.txtWanted.SetText("20");

@@ -12,8 +12,8 @@ namespace vardel {
 namespace {
 
 void SaveRings(Program& program) {
-    program.ReachForm->txtLatitude.SetText("52.5");
-    program.ReachForm->txtLongitude.SetText("13.4");
+    program.ReachForm->site.txtLatitude.SetText("52.5");
+    program.ReachForm->site.txtLongitude.SetText("13.4");
     program.ReachForm->cmdMap.Press();
 }
 

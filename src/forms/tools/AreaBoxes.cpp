@@ -5,13 +5,11 @@
 #include <thread>
 
 #include "coverage/CoverageFiles.h"
-#include "services/Platform.h"
 
 namespace vardel {
 
 namespace {
 
-constexpr const char* Key = "Area";
 constexpr std::size_t PictureSize = 800;  // pixels each way
 constexpr double FewestPixels = 1000.0;   // of a file, each way
 constexpr double FinestPixel = 1.0;       // m
@@ -37,7 +35,6 @@ AreaBoxes::AreaBoxes(Form& form, GroundMap& map)
       cmbArea(form, "cmbArea", Items()),
       cmdSaveArea(form, "cmdSaveArea", "Save Ar&ea ..."),
       lblPointed(form, "lblPointed"),
-      form_(form),
       map_(map) {
     cmbArea.SetToolTipText("The model whose values are shown under the contours");
     cmdSaveArea.SetToolTipText("As GeoTIFF or PNG, 1,000 to 2,500 pixels across");
@@ -91,17 +88,6 @@ void AreaBoxes::Save(const std::string& path, bool isPicture,
     output.ground = {table.heights.mast.antenna, table.heights.definition,
                      table.heights.radials.size()};
     WriteCoverageFiles(output, module, station, grid, goOn);
-}
-
-void AreaBoxes::TakeSettings(const char* section) {
-    cmbArea.SetText(
-        form_.GetPlatform().settings.Read(form_.GetPlatform().applicationTitle, section, Key));
-    if (cmbArea.ListIndex() < 0) cmbArea.SetListIndex(0);
-}
-
-void AreaBoxes::SaveSettings(const char* section) const {
-    form_.GetPlatform().settings.Write(form_.GetPlatform().applicationTitle, section, Key,
-                                       cmbArea.Text());
 }
 
 }  // namespace vardel

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "controls/Controls.h"
+#include "forms/shared/StoredTexts.h"
 #include "forms/tools/CoverageArea.h"
 #include "forms/tools/GroundMap.h"
 #include "terrain/ElevationModule.h"
@@ -29,8 +30,7 @@ public:
               const std::function<const ElevationModule&()>& module,
               const std::function<bool(double done)>& goOn) const;
 
-    void TakeSettings(const char* section);
-    void SaveSettings(const char* section) const;
+    StoredTexts Texts() { return {{"Area", &cmbArea}}; }
 
     Label lblArea;
     ComboBox cmbArea;
@@ -41,7 +41,6 @@ private:
     std::optional<ModelNumber> Chosen() const;
     void TellPointed();
 
-    Form& form_;
     GroundMap& map_;
     std::optional<AreaGoal> goal_;
 };

@@ -20,18 +20,6 @@ namespace {
 
 constexpr const char* Section = "Reach";
 
-struct StoredBox {
-    const char* key;
-    TextBox ReachForm::*box;
-};
-
-constexpr std::array<StoredBox, 2> StoredBoxes = {{
-    {"Latitude", &ReachForm::txtLatitude},
-    {"Longitude", &ReachForm::txtLongitude},
-}};
-
-std::string PercentKey(std::size_t i) { return "PctLoc" + std::to_string(i); }
-
 void ShowCell(Label& cell, const std::string& text, const std::string& remark, bool marked) {
     cell.SetCaption(text);
     cell.SetBackColor(marked ? OutOfRangePink : White);
@@ -64,8 +52,6 @@ ReachForm::ReachForm(Platform& platform, SharedData& shared, Doors& doors)
         lblReach.push_back(std::make_unique<Label>(*this, "lblReach(" + std::to_string(i) + ')'));
     for (std::size_t i = 0; i < ComparedModels.size(); ++i)
         lblModel.at(i).SetCaption(ModelOf(ComparedModels.at(i)).name);
-    txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
-    txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
     cmdGraph.SetToolTipText(
         "A graph with a line at what is wanted, for the main window's percentages");
     cmdMap.SetToolTipText("Coverage as GeoJSON or KML, a ring for each model and percentage");
@@ -80,7 +66,8 @@ void ReachForm::WireEvents() {
     };
     wanted.OnChange(upToDate);
     for (TextBox& box : txtPercent) box.Change = upToDate;
-    for (TextBox* box : {&txtLatitude, &txtLongitude}) box->Change = [this] { CheckStation(); };
+    for (TextBox* box : {&site.txtLatitude, &site.txtLongitude})
+        box->Change = [this] { CheckStation(); };
     cmdAdd.Click = [this] {
         if (table_) doors_.FrmReport->AppendTable(ReachLines(*table_));
     };
@@ -95,15 +82,7 @@ void ReachForm::WireEvents() {
 void ReachForm::Form_Load() { TakeSettings(); }
 
 void ReachForm::TakeSettings() {
-    const auto stored = [this](const std::string& key) {
-        return GetPlatform().settings.Read(GetPlatform().applicationTitle, Section, key);
-    };
-    for (const auto& [key, box] : StoredBoxes)
-        if (const std::string text = stored(key); !text.empty()) (this->*box).SetText(text);
-    for (std::size_t i = 0; i < txtPercent.size(); ++i)
-        if (const std::string text = stored(PercentKey(i)); !text.empty())
-            txtPercent.at(i).SetText(text);
-    wanted.TakeSettings(Section);
+    TakeTexts(GetPlatform(), Section, Texts());
     FillStation();
     BringUpToDate();
 }
@@ -113,20 +92,20 @@ void ReachForm::FillStation() {
     const std::string latitude = HostCoordinate(registry, "Lat", "DD", "NS");
     const std::string longitude = HostCoordinate(registry, "Lon", "DDD", "EW");
     if (!ParseLatitude(latitude) || !ParseLongitude(longitude)) return;
-    txtLatitude.SetText(latitude);
-    txtLongitude.SetText(longitude);
+    site.txtLatitude.SetText(latitude);
+    site.txtLongitude.SetText(longitude);
 }
 
 void ReachForm::Form_Unload() { SaveSettings(); }
 
-void ReachForm::SaveSettings() {
-    const auto store = [this](const std::string& key, const std::string& text) {
-        GetPlatform().settings.Write(GetPlatform().applicationTitle, Section, key, text);
-    };
-    for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
+void ReachForm::SaveSettings() { StoreTexts(GetPlatform(), Section, Texts()); }
+
+StoredTexts ReachForm::Texts() {
+    StoredTexts texts = site.Texts();
     for (std::size_t i = 0; i < txtPercent.size(); ++i)
-        store(PercentKey(i), txtPercent.at(i).Text());
-    wanted.SaveSettings(Section);
+        texts.push_back({"PctLoc" + std::to_string(i), &txtPercent.at(i)});
+    for (const StoredText& text : wanted.Texts()) texts.push_back(text);
+    return texts;
 }
 
 std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
@@ -215,13 +194,8 @@ void ReachForm::ShowNoRow(std::size_t i) {
 
 // Empty boxes are no mistake: a map may not be wanted.
 void ReachForm::CheckStation() {
-    const auto latitude = ParseLatitude(txtLatitude.Text());
-    const auto longitude = ParseLongitude(txtLongitude.Text());
-    MarkBox(txtLatitude, latitude || txtLatitude.Text().empty(), "no latitude from -90 to 90");
-    MarkBox(txtLongitude, longitude || txtLongitude.Text().empty(),
-            "no longitude from -180 to 180");
-    station_.reset();
-    if (latitude && longitude) station_ = Place{*latitude, *longitude};
+    std::string problem;  // is seen in the boxes
+    station_ = site.Read(problem);
     cmdMap.SetEnabled(table_ && station_);
 }
 

@@ -7,8 +7,8 @@
 
 #include "controls/Controls.h"
 #include "engine/reach/ReachTable.h"
+#include "forms/tools/SiteBoxes.h"
 #include "forms/tools/WantedBoxes.h"
-#include "map/Coordinates.h"
 
 namespace vardel {
 
@@ -48,10 +48,7 @@ public:
     std::array<Label, 3> lblHeight{
         {{*this, "lblHeight(0)"}, {*this, "lblHeight(1)"}, {*this, "lblHeight(2)"}}};
 
-    Label lblLatitude{*this, "lblLatitude", "Site latitude"};
-    TextBox txtLatitude{*this, "txtLatitude"};
-    Label lblLongitude{*this, "lblLongitude", "longitude"};
-    TextBox txtLongitude{*this, "txtLongitude"};
+    SiteBoxes site{*this};
     Button cmdMap{*this, "cmdMap", "Save &Rings ..."};
     Button cmdGraph{*this, "cmdGraph", "Show on &Graph"};
     Button cmdAdd{*this, "cmdAdd", "&Add to Log"};
@@ -62,6 +59,7 @@ private:
     void Form_Load() override;
     void Form_Unload() override;
     void WireEvents();
+    StoredTexts Texts();
     void FillStation();
     void cmdGraph_Click();
     void cmdMap_Click();

@@ -27,22 +27,6 @@ constexpr double LowestGround = -500.0;   // m
 constexpr std::size_t ReliefSize = 320;   // cells each way
 constexpr double HeightsShare = 0.3;      // of the time of a reading
 
-struct StoredBox {
-    const char* key;
-    TextBox TerrainForm::*box;
-};
-
-constexpr std::array<StoredBox, 8> StoredBoxes = {{
-    {"Latitude", &TerrainForm::txtLatitude},
-    {"Longitude", &TerrainForm::txtLongitude},
-    {"Antenna", &TerrainForm::txtAntenna},
-    {"Ground", &TerrainForm::txtGround},
-    {"Files", &TerrainForm::txtFiles},
-    {"From", &TerrainForm::txtFrom},
-    {"To", &TerrainForm::txtTo},
-    {"Azimuths", &TerrainForm::txtAzimuths},
-}};
-
 std::vector<ComboBox::Item> DefinitionItems() {
     std::vector<ComboBox::Item> items;
     items.reserve(HeightDefinitions.size() + 1);
@@ -95,8 +79,6 @@ TerrainForm::TerrainForm(Platform& platform, Doors& doors)
       doors_(doors) {
     SetHelpContextID(HelpTopic::Terrain);
     txtFiles.SetHoldsNumber(false);
-    txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
-    txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
     txtGround.SetToolTipText("Above sea level; empty: from the elevation data");
     txtFiles.SetToolTipText(
         "Files and folders of GeoTIFF, SRTM, DTED and others, separated by semicolons");
@@ -108,7 +90,9 @@ TerrainForm::TerrainForm(Platform& platform, Doors& doors)
 
 void TerrainForm::WireEvents() {
     const auto inputsChange = [this] { TellGround(); };
-    for (const auto& stored : StoredBoxes) (this->*stored.box).Change = inputsChange;
+    for (TextBox* box : {&site.txtLatitude, &site.txtLongitude, &txtAntenna, &txtGround, &txtFiles,
+                         &txtFrom, &txtTo, &txtAzimuths})
+        box->Change = inputsChange;
     cmbDefinition.Click = inputsChange;
     wanted.OnChange([this] { BringUpToDate(); });
     area.OnChange([this] { BringUpToDate(); });
@@ -144,18 +128,14 @@ void TerrainForm::WireEvents() {
 void TerrainForm::Form_Load() { TakeSettings(); }
 
 void TerrainForm::TakeSettings() {
-    const auto stored = [this](const std::string& key) {
-        return GetPlatform().settings.Read(GetPlatform().applicationTitle, Section, key);
-    };
-    for (const auto& [key, box] : StoredBoxes)
-        if (const std::string text = stored(key); !text.empty()) (this->*box).SetText(text);
-    if (stored("Units") == HeightUnit(Units::English)) units_ = Units::English;
-    cmbDefinition.SetText(stored("Definition"));
-    wanted.TakeSettings(Section);
-    area.TakeSettings(Section);
-    if (txtLatitude.Text().empty() && txtLongitude.Text().empty() && doors_.ReachForm.Loaded()) {
-        txtLatitude.SetText(doors_.ReachForm->txtLatitude.Text());
-        txtLongitude.SetText(doors_.ReachForm->txtLongitude.Text());
+    if (GetPlatform().settings.Read(GetPlatform().applicationTitle, Section, "Units") ==
+        HeightUnit(Units::English))
+        units_ = Units::English;
+    TakeTexts(GetPlatform(), Section, Texts());
+    if (site.txtLatitude.Text().empty() && site.txtLongitude.Text().empty() &&
+        doors_.ReachForm.Loaded()) {
+        site.txtLatitude.SetText(doors_.ReachForm->site.txtLatitude.Text());
+        site.txtLongitude.SetText(doors_.ReachForm->site.txtLongitude.Text());
     }
     BringUpToDate();
 }
@@ -166,14 +146,23 @@ void TerrainForm::Form_Unload() {
 }
 
 void TerrainForm::SaveSettings() {
-    const auto store = [this](const std::string& key, const std::string& text) {
-        GetPlatform().settings.Write(GetPlatform().applicationTitle, Section, key, text);
-    };
-    for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
-    store("Units", HeightUnit(units_));
-    store("Definition", cmbDefinition.Text());
-    wanted.SaveSettings(Section);
-    area.SaveSettings(Section);
+    StoreTexts(GetPlatform(), Section, Texts());
+    GetPlatform().settings.Write(GetPlatform().applicationTitle, Section, "Units",
+                                 HeightUnit(units_));
+}
+
+StoredTexts TerrainForm::Texts() {
+    StoredTexts texts = site.Texts();
+    texts.insert(texts.end(), {{"Antenna", &txtAntenna},
+                               {"Ground", &txtGround},
+                               {"Files", &txtFiles},
+                               {"From", &txtFrom},
+                               {"To", &txtTo},
+                               {"Azimuths", &txtAzimuths},
+                               {"Definition", &cmbDefinition}});
+    for (const StoredTexts& part : {wanted.Texts(), area.Texts()})
+        texts.insert(texts.end(), part.begin(), part.end());
+    return texts;
 }
 
 Units TerrainForm::UnitsNow() const {
@@ -200,14 +189,7 @@ std::optional<HeightDefinition> TerrainForm::ReadDefinition(std::string& problem
 
 // Boxes that are still empty are no mistakes, but nothing can be read without them.
 std::optional<TerrainForm::Inputs> TerrainForm::ReadInputs(std::string& problem) {
-    const auto latitude = ParseLatitude(txtLatitude.Text());
-    const auto longitude = ParseLongitude(txtLongitude.Text());
-    const auto coordinate = [&](TextBox& box, bool good, const char* what) {
-        if (!MarkBox(box, good || box.Text().empty(), what) && problem.empty())
-            problem = std::string("The site has ") + what + '.';
-    };
-    coordinate(txtLatitude, latitude.has_value(), "no latitude from -90 to 90");
-    coordinate(txtLongitude, longitude.has_value(), "no longitude from -180 to 180");
+    const auto place = site.Read(problem);
     const double metres = MetresPerHeight(UnitsNow());
     const auto antenna = ReadOrTell(txtAntenna, 0.1 / metres, TallestMast / metres,
                                     "The antenna is 0.1 to 2000 m above the ground.", problem);
@@ -229,10 +211,9 @@ std::optional<TerrainForm::Inputs> TerrainForm::ReadInputs(std::string& problem)
     }
     Inputs inputs{};
     inputs.files = PathsOf(txtFiles.Text());
-    if (!latitude || !longitude || !antenna || !definition || !azimuths || !whole ||
-        inputs.files.empty())
+    if (!place || !antenna || !definition || !azimuths || !whole || inputs.files.empty())
         return std::nullopt;
-    inputs.mast = {{*latitude, *longitude}, *antenna * metres, std::nullopt};
+    inputs.mast = {*place, *antenna * metres, std::nullopt};
     if (ground) inputs.mast.ground = *ground * metres;
     inputs.definition = *definition;
     inputs.azimuths = static_cast<std::size_t>(*azimuths);

@@ -8,6 +8,7 @@
 #include "controls/RowList.h"
 #include "forms/tools/AreaBoxes.h"
 #include "forms/tools/GroundMap.h"
+#include "forms/tools/SiteBoxes.h"
 #include "forms/tools/WantedBoxes.h"
 #include "terrain/Elevations.h"
 
@@ -30,10 +31,7 @@ public:
     void SaveSettings();
 
     Label lblPath{*this, "lblPath"};  // the main form's inputs
-    Label lblLatitude{*this, "lblLatitude", "Site latitude"};
-    TextBox txtLatitude{*this, "txtLatitude"};
-    Label lblLongitude{*this, "lblLongitude", "longitude"};
-    TextBox txtLongitude{*this, "txtLongitude"};
+    SiteBoxes site{*this};
     Label lblAntenna{*this, "lblAntenna", "Antenna above ground"};
     TextBox txtAntenna{*this, "txtAntenna", "30"};
     Label lblAntennaUnit{*this, "lblAntennaUnit"};
@@ -84,6 +82,7 @@ private:
     void cmdSave_Click();
     void cmdSaveArea_Click();
 
+    StoredTexts Texts();
     std::optional<Inputs> ReadInputs(std::string& problem);
     std::optional<HeightDefinition> ReadDefinition(std::string& problem);
     // Runs what takes its time, with progress and Cancel; an exception becomes the problem, and so

@@ -3,24 +3,8 @@
 #include <array>
 
 #include "forms/shared/BoxMark.h"
-#include "services/Platform.h"
 
 namespace vardel {
-
-namespace {
-
-struct StoredBox {
-    const char* key;
-    TextBox WantedBoxes::*box;
-};
-
-constexpr std::array<StoredBox, 3> StoredBoxes = {{
-    {"Value", &WantedBoxes::txtWanted},
-    {"Gain", &WantedBoxes::txtGain},
-    {"CableLoss", &WantedBoxes::txtCable},
-}};
-
-}  // namespace
 
 WantedBoxes::WantedBoxes(Form& form)
     : lblWanted(form, "lblWanted", "Wanted"),
@@ -32,8 +16,7 @@ WantedBoxes::WantedBoxes(Form& form)
       lblGainUnit(form, "lblGainUnit", "dBi"),
       lblCable(form, "lblCable", "Cable loss"),
       txtCable(form, "txtCable", "0"),
-      lblCableUnit(form, "lblCableUnit", "dB"),
-      form_(form) {
+      lblCableUnit(form, "lblCableUnit", "dB") {
     ShowHeads();
 }
 
@@ -73,24 +56,11 @@ std::optional<Wanted> WantedBoxes::Read(std::string& problem) {
     return wanted;
 }
 
-void WantedBoxes::TakeSettings(const char* section) {
-    const Platform& platform = form_.GetPlatform();
-    const auto stored = [&](const char* key) {
-        return platform.settings.Read(platform.applicationTitle, section, key);
-    };
-    for (const auto& [key, box] : StoredBoxes)
-        if (const std::string text = stored(key); !text.empty()) (this->*box).SetText(text);
-    cmbWanted.SetText(stored("Wanted"));
-    ShowHeads();
-}
-
-void WantedBoxes::SaveSettings(const char* section) const {
-    const Platform& platform = form_.GetPlatform();
-    const auto store = [&](const char* key, const std::string& text) {
-        platform.settings.Write(platform.applicationTitle, section, key, text);
-    };
-    for (const auto& [key, box] : StoredBoxes) store(key, (this->*box).Text());
-    store("Wanted", cmbWanted.Text());
+StoredTexts WantedBoxes::Texts() {
+    return {{"Value", &txtWanted},
+            {"Gain", &txtGain},
+            {"CableLoss", &txtCable},
+            {"Wanted", &cmbWanted}};
 }
 
 std::optional<double> ReadOrTell(TextBox& box, double low, double high, const char* rule,

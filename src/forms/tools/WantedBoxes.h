@@ -5,6 +5,7 @@
 
 #include "controls/Controls.h"
 #include "engine/reach/ReachTable.h"
+#include "forms/shared/StoredTexts.h"
 
 namespace vardel {
 
@@ -18,9 +19,7 @@ public:
     // Nothing while a box is wrong, which is marked. The first rule that was broken becomes the
     // problem, unless there is one.
     std::optional<Wanted> Read(std::string& problem);
-    // From and to that section of the settings.
-    void TakeSettings(const char* section);
-    void SaveSettings(const char* section) const;
+    StoredTexts Texts();
 
     Label lblWanted;
     ComboBox cmbWanted;
@@ -35,8 +34,6 @@ public:
 
 private:
     void ShowHeads();
-
-    Form& form_;
 };
 
 // As ReadMarked; the first rule that was broken becomes the problem, unless there is one.

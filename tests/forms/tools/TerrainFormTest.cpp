@@ -39,10 +39,10 @@ protected:
 
     void Fill() {
         for (const auto& [box, text] :
-             {std::pair(&Form().txtLatitude, "50 N"), std::pair(&Form().txtLongitude, "7"),
-              std::pair(&Form().txtAntenna, "50"), std::pair(&Form().txtGround, "150"),
-              std::pair(&Form().txtAzimuths, "8"), std::pair(&Form().txtFiles, "a.tif; b"),
-              std::pair(&Form().wanted.txtWanted, "140")})
+             {std::pair(&Form().site.txtLatitude, "50 N"),
+              std::pair(&Form().site.txtLongitude, "7"), std::pair(&Form().txtAntenna, "50"),
+              std::pair(&Form().txtGround, "150"), std::pair(&Form().txtAzimuths, "8"),
+              std::pair(&Form().txtFiles, "a.tif; b"), std::pair(&Form().wanted.txtWanted, "140")})
             box->SetText(text);
         Form().wanted.cmbWanted.SetText("Path loss");
     }
@@ -104,7 +104,7 @@ TEST_F(TerrainFormTest, AnAzimuthGoesIntoTheMainFormAndTheTableIntoTheLog) {
 TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     Form().cmdRead.Press();
     const std::tuple<TextBox*, const char*, const char*> cases[] = {
-        {&Form().txtLatitude, "91", "The site has no latitude from -90 to 90."},
+        {&Form().site.txtLatitude, "91", "The site has no latitude from -90 to 90."},
         {&Form().txtAntenna, "0", "The antenna is 0.1 to 2000 m above the ground."},
         {&Form().txtAzimuths, "7", "The azimuths are a whole number from 8 to 3600."},
         {&Form().txtAzimuths, "8.5", "The azimuths are a whole number from 8 to 3600."},
@@ -126,7 +126,7 @@ TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     Form().cmdRead.Press();
     EXPECT_EQ(Form().lblProblem.Caption(), "Install the package vardel-terrain.");
     Fill();
-    Form().txtLongitude.SetText("40");
+    Form().site.txtLongitude.SetText("40");
     Form().txtGround.SetText("");
     Form().cmdRead.Press();
     EXPECT_EQ(Form().lblProblem.Caption(),

@@ -148,10 +148,10 @@ TEST_F(Tools, TheTableGoesToTheLogTheClipboardAndTheMap) {
                 HasSubstr("\nITU 529\t11.933\t\t6.266\t\t5.196\t\t232.7\t134.5\n"));
     EXPECT_THAT(platform.clipboardCsv, HasSubstr("\r\nCost 231,14.799,out of the model's range,"));
     EXPECT_FALSE(Form().cmdMap.Enabled());
-    Form().txtLatitude.SetText("52 30 N");
-    Form().txtLongitude.SetText("190");
+    Form().site.txtLatitude.SetText("52 30 N");
+    Form().site.txtLongitude.SetText("190");
     EXPECT_FALSE(Form().cmdMap.Enabled());
-    Form().txtLongitude.SetText("13.4");
+    Form().site.txtLongitude.SetText("13.4");
     platform.saveChoice = SaveChoice{platform.folder.Path("r.kml"), 2};
     Form().cmdMap.Press();
     std::stringstream saved;
@@ -207,8 +207,8 @@ TEST_F(Tools, TheStationIsWhereTheHostSays) {
                                      {"LonH_EW", "E"}})
         platform.store[std::string("Ostrel_Quorne/Global Parameters/Tx") + part] = text;
     Main().mnuToolsReach.Pick();
-    EXPECT_EQ(Form().txtLatitude.Text(), "52 30 36 N");
-    EXPECT_EQ(Form().txtLongitude.Text(), "13 24 E");
+    EXPECT_EQ(Form().site.txtLatitude.Text(), "52 30 36 N");
+    EXPECT_EQ(Form().site.txtLongitude.Text(), "13 24 E");
 }
 
 TEST_F(Tools, ANumberIsExplained) {

@@ -104,8 +104,10 @@ QWidget* ReachWindow::MakeMap(ReachForm& form) {
     auto* grid = LayoutOf<QGridLayout>(*panel);
     grid->setHorizontalSpacing(Gap);
     constexpr int BoxWidth = 14;
-    AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, BoxWidth), nullptr, *grid, 0, 0);
-    AddInput(form.lblLongitude, *MakeBox(form.txtLongitude, BoxWidth), nullptr, *grid, 0, 2);
+    AddInput(form.site.lblLatitude, *MakeBox(form.site.txtLatitude, BoxWidth), nullptr, *grid, 0,
+             0);
+    AddInput(form.site.lblLongitude, *MakeBox(form.site.txtLongitude, BoxWidth), nullptr, *grid, 0,
+             2);
     grid->addWidget(MakeButton(form.cmdMap), 0, 4);
     return panel;
 }

@@ -43,7 +43,7 @@ TerrainWindow::TerrainWindow(TerrainForm& form) : FormWindow(form) {
                                      &form.area.cmdSaveArea, &form.cmdClose}));
     SetScrolledContent(*center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
-    FocusFirst(form.txtLatitude);
+    FocusFirst(form.site.txtLatitude);
     ResizeWithinScreen({1300, 820});
 }
 
@@ -53,8 +53,10 @@ QWidget* TerrainWindow::MakeInputs(TerrainForm& form) {
     auto* grid = new QGridLayout;
     column->addLayout(grid);
     constexpr int PlaceWidth = 11, NumberWidth = 6;
-    AddInput(form.lblLatitude, *MakeBox(form.txtLatitude, PlaceWidth), nullptr, *grid, 0, 0);
-    AddInput(form.lblLongitude, *MakeBox(form.txtLongitude, PlaceWidth), nullptr, *grid, 0, 3);
+    AddInput(form.site.lblLatitude, *MakeBox(form.site.txtLatitude, PlaceWidth), nullptr, *grid, 0,
+             0);
+    AddInput(form.site.lblLongitude, *MakeBox(form.site.txtLongitude, PlaceWidth), nullptr, *grid,
+             0, 3);
     AddInput(form.lblAntenna, *MakeBox(form.txtAntenna, NumberWidth), &form.lblAntennaUnit, *grid,
              1, 0);
     AddInput(form.lblGround, *MakeBox(form.txtGround, NumberWidth), &form.lblGroundUnit, *grid, 1,

@@ -1,0 +1,33 @@
+#include "forms/tools/SiteBoxes.h"
+
+#include "forms/shared/BoxMark.h"
+
+namespace vardel {
+
+SiteBoxes::SiteBoxes(Form& form)
+    : lblLatitude(form, "lblLatitude", "Site latitude"),
+      txtLatitude(form, "txtLatitude"),
+      lblLongitude(form, "lblLongitude", "longitude"),
+      txtLongitude(form, "txtLongitude") {
+    txtLatitude.SetToolTipText("Such as 52.5 or 52 30 12 N");
+    txtLongitude.SetToolTipText("Such as -0.12 or 0 7 12 W");
+}
+
+std::optional<Place> SiteBoxes::Read(std::string& problem) {
+    const auto latitude = ParseLatitude(txtLatitude.Text());
+    const auto longitude = ParseLongitude(txtLongitude.Text());
+    const auto mark = [&](TextBox& box, bool good, const char* what) {
+        if (!MarkBox(box, good || box.Text().empty(), what) && problem.empty())
+            problem = std::string("The site has ") + what + '.';
+    };
+    mark(txtLatitude, latitude.has_value(), "no latitude from -90 to 90");
+    mark(txtLongitude, longitude.has_value(), "no longitude from -180 to 180");
+    if (!latitude || !longitude) return std::nullopt;
+    return Place{*latitude, *longitude};
+}
+
+StoredTexts SiteBoxes::Texts() {
+    return {{"Latitude", &txtLatitude}, {"Longitude", &txtLongitude}};
+}
+
+}  // namespace vardel
