@@ -63,7 +63,8 @@ struct BatchRun {
 
 // Reads, calculates and writes all rows, in the order of the input. Empty lines are left out.
 // Throws InputError for what is wrong with the input as a whole, and what source and output throw;
-// rows before that are written.
+// rows before that are written. Each worker takes the next block of whole rows, formats it, and
+// waits for its turn to write: no more blocks than workers are in memory.
 BatchCount RunBatch(const BatchRun& run, RowFormat& format);
 
 }  // namespace vardel::cli
