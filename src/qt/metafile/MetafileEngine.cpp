@@ -17,10 +17,10 @@ constexpr int FinestUnitsPerPixel = 20;
 constexpr int LargestCoordinate = 32767;
 constexpr int PointsPerInch = 72;
 
-// What is not here, such as gradients and patterns, Qt turns into images of their own.
+// No gradients, patterns or images: charts have none.
 constexpr QPaintEngine::PaintEngineFeatures Features =
-    QPaintEngine::PrimitiveTransform | QPaintEngine::PixmapTransform | QPaintEngine::PainterPaths |
-    QPaintEngine::AlphaBlend | QPaintEngine::ConstantOpacity | QPaintEngine::Antialiasing |
+    QPaintEngine::PrimitiveTransform | QPaintEngine::PainterPaths | QPaintEngine::AlphaBlend |
+    QPaintEngine::ConstantOpacity | QPaintEngine::Antialiasing |
     QPaintEngine::PaintOutsidePaintEvent;
 
 MetafilePoint Rounded(const QPointF& point) { return {qRound(point.x()), qRound(point.y())}; }
@@ -33,17 +33,6 @@ MetafilePoints Rounded(const QPolygonF& polygon) {
 
 MetafileRect Rounded(const QRectF& rect) {
     return {qRound(rect.left()), qRound(rect.top()), qRound(rect.right()), qRound(rect.bottom())};
-}
-
-bool IsRectangle(const QPolygonF& polygon) {
-    const QRectF bounds = polygon.boundingRect();
-    const auto corner = [&](const QPointF& p) {
-        return (p.x() == bounds.left() || p.x() == bounds.right()) &&
-               (p.y() == bounds.top() || p.y() == bounds.bottom());
-    };
-    return polygon.size() == 5 && polygon.isClosed() &&
-           std::all_of(polygon.begin(), polygon.end(), corner) && polygon[0] != polygon[2] &&
-           polygon[1] != polygon[3];
 }
 
 LineCap CapOf(Qt::PenCapStyle style) {
@@ -61,22 +50,6 @@ std::string Encoded(const QString& text) {
     for (const char32_t c : text.normalized(QString::NormalizationForm_C).toUcs4())
         bytes += vardel::ToWindows1252(c);
     return bytes;
-}
-
-MetafileImage ImageRows(const QImage& image) {
-    // Drawn on white paper first, as the format has no transparency.
-    QImage paper(image.size(), QImage::Format_RGB32);
-    paper.fill(Qt::white);
-    QPainter(&paper).drawImage(paper.rect(), image);
-    MetafileImage rows{paper.width(), paper.height(), {}};
-    for (int y = paper.height() - 1; y >= 0; --y) {
-        for (int x = 0; x < paper.width(); ++x) {
-            const QRgb point = paper.pixel(x, y);
-            for (const int part : {qBlue(point), qGreen(point), qRed(point)})
-                rows.rows.push_back(static_cast<std::uint8_t>(part));
-        }
-    }
-    return rows;
 }
 
 }  // namespace
@@ -104,46 +77,26 @@ bool MetafileEngine::end() {
     return true;
 }
 
-// Only the clip is followed as it changes; all else is asked for when something is drawn.
+// Only the clip is followed as it changes, always a rectangle in a chart; all else is asked for
+// when something is drawn.
 void MetafileEngine::updateState(const QPaintEngineState& changed) {
     const DirtyFlags dirty = changed.state();
     if (dirty & DirtyClipEnabled) clips_ = changed.isClipEnabled();
     if (!(dirty & (DirtyClipRegion | DirtyClipPath))) return;
-    if (changed.clipOperation() != Qt::IntersectClip) clip_.reset();
     clips_ = changed.clipOperation() != Qt::NoClip;
     if (!clips_) return;
-    QPainterPath path = changed.clipPath();
-    if (dirty & DirtyClipRegion) {
-        path.clear();
-        path.addRegion(changed.clipRegion());
-    }
-    Intersect(changed.transform().map(path));
-}
-
-void MetafileEngine::Intersect(const QPainterPath& pixels) {
-    if (!clip_) clip_ = Clip{QRectF(QPointF(), QSizeF(pixels_)), {}};
-    const QPolygonF polygon = pixels.toFillPolygon();
-    if (IsRectangle(polygon)) {
-        clip_->bounds &= polygon.boundingRect();
-        return;
-    }
-    const QRegion region(polygon.toPolygon(), pixels.fillRule());
-    clip_->bounds &= region.boundingRect();
-    clip_->holes += QRegion(region.boundingRect()) - region;
+    const QRectF bounds = changed.transform().mapRect(
+        dirty & DirtyClipRegion ? QRectF(changed.clipRegion().boundingRect())
+                                : changed.clipPath().boundingRect());
+    const bool narrows = changed.clipOperation() == Qt::IntersectClip;
+    clip_ = bounds & (narrows ? clip_ : QRectF(QPointF(), QSizeF(pixels_)));
 }
 
 QRectF MetafileEngine::Visible() {
-    const auto inUnits = [&](const QRectF& rect) {
-        return QRectF(rect.topLeft() * unitsPerPixel_, rect.size() * unitsPerPixel_);
-    };
-    if (!clips_ || !clip_) {
-        writer_.SetClip(std::nullopt);
-        return inUnits(QRectF(QPointF(), QSizeF(pixels_)));
-    }
-    MetafileClip clip{Rounded(inUnits(clip_->bounds)), {}};
-    for (const QRect& hole : clip_->holes) clip.holes.push_back(Rounded(inUnits(hole)));
-    if (!clip_->bounds.isEmpty()) writer_.SetClip(clip);
-    return inUnits(clip_->bounds);
+    const QRectF pixels = clips_ ? clip_ : QRectF(QPointF(), QSizeF(pixels_));
+    const QRectF units(pixels.topLeft() * unitsPerPixel_, pixels.size() * unitsPerPixel_);
+    if (!units.isEmpty()) writer_.SetClip(clips_ ? std::optional(Rounded(units)) : std::nullopt);
+    return units;
 }
 
 QTransform MetafileEngine::ToUnits() const {
@@ -180,10 +133,6 @@ void MetafileEngine::drawPolygon(const QPointF* points, int pointCount, PolygonD
         polygon.append(polygon.first());
     }
     Stroke(polygon);
-}
-
-void MetafileEngine::drawPoints(const QPointF* points, int pointCount) {
-    for (int i = 0; i < pointCount; ++i) Stroke(QPolygonF(2, ToUnits().map(points[i])));
 }
 
 void MetafileEngine::Fill(const QList<QPolygonF>& units, Qt::FillRule rule) {
@@ -268,27 +217,6 @@ void MetafileEngine::drawTextItem(const QPointF& baseline, const QTextItem& item
     writer_.DrawText(
         {Rounded(transform.map(box.topLeft())), characters, OnPaper(state->pen().color())},
         FontOf(item));
-}
-
-void MetafileEngine::drawPixmap(const QRectF& where, const QPixmap& pixmap, const QRectF& part) {
-    drawImage(where, pixmap.toImage(), part, Qt::AutoColor);
-}
-
-void MetafileEngine::drawImage(const QRectF& where, const QImage& image, const QRectF& part,
-                               Qt::ImageConversionFlags /*flags*/) {
-    const QTransform transform = ToUnits();
-    const QRectF units = transform.mapRect(where);
-    QImage shown = image.copy(part.toAlignedRect());
-    if (shown.isNull() || !units.intersects(Visible())) return;
-    const bool turned =
-        transform.m12() != 0 || transform.m21() != 0 || transform.m11() < 0 || transform.m22() < 0;
-    if (turned) {
-        const QTransform& t = state->transform();
-        shown = shown.scaled(where.size().toSize().expandedTo({1, 1}))
-                    .convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                    .transformed(QTransform(t.m11(), t.m12(), t.m21(), t.m22(), 0, 0));
-    }
-    if (!shown.isNull()) writer_.DrawImage(Rounded(units), ImageRows(shown));
 }
 
 }  // namespace vardel

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QPaintEngine>
-#include <QRegion>
-#include <optional>
+#include <QRectF>
 
 #include "qt/metafile/MetafileWriter.h"
 
@@ -19,28 +18,19 @@ public:
     bool begin(QPaintDevice* device) override;
     bool end() override;
     void updateState(const QPaintEngineState& changed) override;
-    using QPaintEngine::drawPoints;
     using QPaintEngine::drawPolygon;
     void drawPath(const QPainterPath& path) override;
-    void drawPoints(const QPointF* points, int pointCount) override;
     void drawPolygon(const QPointF* points, int pointCount, PolygonDrawMode mode) override;
     void drawTextItem(const QPointF& baseline, const QTextItem& item) override;
-    void drawPixmap(const QRectF& where, const QPixmap& pixmap, const QRectF& part) override;
-    void drawImage(const QRectF& where, const QImage& image, const QRectF& part,
-                   Qt::ImageConversionFlags flags) override;
+    // Charts draw no images.
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
     Type type() const override { return User; }
 
 private:
-    struct Clip {
-        QRectF bounds;  // in pixels
-        QRegion holes;  // in pixels
-    };
-
     static int UnitsPerPixel(QSize pixels);
     QTransform ToUnits() const;
     qreal PenWidth() const;  // in units
     Color OnPaper(const QColor& color) const;
-    void Intersect(const QPainterPath& pixels);
     // Sets the metafile's clip and tells what of the device shows, in units.
     QRectF Visible();
     void Fill(const QList<QPolygonF>& units, Qt::FillRule rule);
@@ -52,7 +42,7 @@ private:
     int dpi_;
     int unitsPerPixel_;
     MetafileWriter writer_;
-    std::optional<Clip> clip_;
+    QRectF clip_;  // in pixels
     bool clips_ = false;
 };
 

@@ -17,7 +17,6 @@ enum Function : std::uint16_t {
     SetBkMode = 0x0102,
     SetRop2 = 0x0104,
     SetPolyFillMode = 0x0106,
-    SetStretchBltMode = 0x0107,
     RestoreDc = 0x0127,
     SelectObject = 0x012D,
     SetTextAlign = 0x012E,
@@ -30,28 +29,22 @@ enum Function : std::uint16_t {
     CreateBrushIndirect = 0x02FC,
     Polygon = 0x0324,
     Polyline = 0x0325,
-    ExcludeClipRect = 0x0415,
     IntersectClipRect = 0x0416,
     PolyPolygon = 0x0538,
     ExtTextOut = 0x0A32,
-    StretchDib = 0x0F43,
 };
 
 constexpr std::uint16_t Transparent = 1;
 constexpr std::uint16_t CopyPen = 13;
-constexpr std::uint16_t ColorOnColor = 3;
 constexpr std::uint16_t TopLeft = 0;  // some readers know no other
 constexpr std::uint16_t LastSaved = 0xFFFF;
 constexpr std::uint16_t NullPen = 5;
 constexpr std::uint16_t SolidBrush = 0;
 constexpr std::uint16_t NullBrush = 1;
-constexpr std::uint32_t SourceCopy = 0x00CC0020;
 constexpr std::uint32_t PlaceableKey = 0x9AC6CDD7;
 
 constexpr std::size_t HeaderWords = 9;
 constexpr std::size_t FaceBytes = 32;
-constexpr std::size_t DibHeaderBytes = 40;
-constexpr std::size_t MostObjects = 48;
 // The count of points is a signed 16-bit number.
 constexpr std::size_t MostPoints = 32767;
 
@@ -91,10 +84,6 @@ void AddRecord(Words& words, std::uint16_t function, const Words& parameters) {
     words.insert(words.end(), parameters.begin(), parameters.end());
 }
 
-Words RectParameters(const MetafileRect& rect) {
-    return {Word(rect.bottom), Word(rect.right), Word(rect.top), Word(rect.left)};
-}
-
 // Repeated points say nothing; of more than a record holds every so many are left out.
 void Thin(MetafilePoints& points) {
     points.erase(std::unique(points.begin(), points.end()), points.end());
@@ -116,28 +105,6 @@ Words FontParameters(const MetafileFont& font) {
     return words;
 }
 
-std::string DibBytes(const MetafileImage& image) {
-    const std::size_t row = static_cast<std::size_t>(image.width) * 3;
-    const std::size_t padding = (4 - row % 4) % 4;
-    Words header;
-    AddLong(header, DibHeaderBytes);
-    AddLong(header, static_cast<std::size_t>(image.width));
-    AddLong(header, static_cast<std::size_t>(image.height));
-    header.insert(header.end(), {1, 24});  // planes, bits
-    header.resize(DibHeaderBytes / 2);     // not compressed, no palette
-    std::string bytes;
-    for (const std::uint16_t word : header) {
-        bytes += static_cast<char>(word & 0xFFU);
-        bytes += static_cast<char>(word >> 8U);
-    }
-    for (std::size_t at = 0; at + row <= image.rows.size() && row > 0; at += row) {
-        bytes.append(image.rows.begin() + static_cast<std::ptrdiff_t>(at),
-                     image.rows.begin() + static_cast<std::ptrdiff_t>(at + row));
-        bytes.append(padding, '\0');
-    }
-    return bytes;
-}
-
 }  // namespace
 
 MetafileWriter::MetafileWriter(int width, int height, int unitsPerInch)
@@ -147,7 +114,6 @@ MetafileWriter::MetafileWriter(int width, int height, int unitsPerInch)
     Append(SetBkMode, {Transparent});
     Append(SetRop2, {CopyPen});
     Append(SetTextAlign, {TopLeft});
-    Append(SetStretchBltMode, {ColorOnColor});
     // From here to the end one saved state is open: a clip can only be widened by restoring it, and
     // when it is restored at the end, no object is in use any more and all can be deleted.
     Append(SaveDc, {});
@@ -158,7 +124,7 @@ void MetafileWriter::Append(std::uint16_t function, const Words& parameters) {
     largestRecord_ = std::max(largestRecord_, parameters.size() + 3);
 }
 
-void MetafileWriter::SetClip(const std::optional<MetafileClip>& clip) {
+void MetafileWriter::SetClip(const std::optional<MetafileRect>& clip) {
     if (clip == clip_) return;
     if (clip_) {
         Append(RestoreDc, {LastSaved});
@@ -167,8 +133,8 @@ void MetafileWriter::SetClip(const std::optional<MetafileClip>& clip) {
     }
     clip_ = clip;
     if (!clip_) return;
-    Append(IntersectClipRect, RectParameters(clip_->bounds));
-    for (const MetafileRect& hole : clip_->holes) Append(ExcludeClipRect, RectParameters(hole));
+    Append(IntersectClipRect,
+           {Word(clip_->bottom), Word(clip_->right), Word(clip_->top), Word(clip_->left)});
 }
 
 void MetafileWriter::DrawLine(MetafilePoints points, const MetafilePen& pen) {
@@ -217,16 +183,6 @@ void MetafileWriter::DrawText(const MetafileText& text, const MetafileFont& font
     Append(ExtTextOut, words);
 }
 
-void MetafileWriter::DrawImage(const MetafileRect& where, const MetafileImage& image) {
-    Words words;
-    AddLong(words, SourceCopy);
-    words.insert(words.end(),
-                 {0, Word(image.height), Word(image.width), 0, 0, Word(where.bottom - where.top),
-                  Word(where.right - where.left), Word(where.top), Word(where.left)});
-    AddBytes(words, DibBytes(image));
-    Append(StretchDib, words);
-}
-
 void MetafileWriter::SelectPen(std::uint16_t style, int width, Color color) {
     Words words = {style, Word(width), 0};
     AddColor(words, color);
@@ -240,46 +196,18 @@ void MetafileWriter::SelectBrush(std::uint16_t style, Color color) {
     Select(BrushKind, CreateBrushIndirect, words);
 }
 
+// The player gives each new object the lowest free index; none is deleted before the end.
 void MetafileWriter::Select(Kind kind, std::uint16_t createFunction, const Words& parameters) {
-    const auto known = std::find_if(objects_.begin(), objects_.end(), [&](const auto& object) {
-        return object && object->kind == kind && object->parameters == parameters;
-    });
-    const std::size_t index = known == objects_.end()
-                                  ? Create(kind, createFunction, parameters)
-                                  : static_cast<std::size_t>(known - objects_.begin());
-    objects_[index]->lastUse = ++uses_;
+    const Object object{kind, parameters};
+    const auto known = std::find(objects_.begin(), objects_.end(), object);
+    const auto index = static_cast<std::size_t>(known - objects_.begin());
+    if (known == objects_.end()) {
+        objects_.push_back(object);
+        Append(createFunction, parameters);
+    }
     if (selected_.objects[kind] == index) return;
     Append(SelectObject, {Count(index)});
     selected_.objects[kind] = index;
-}
-
-std::size_t MetafileWriter::Create(Kind kind, std::uint16_t createFunction,
-                                   const Words& parameters) {
-    const std::size_t index = FreeIndex();
-    objects_[index] = Object{kind, parameters, 0};
-    Append(createFunction, parameters);
-    return index;
-}
-
-// The player puts a new object at the lowest free index, so the same is done here. When there are
-// many, the one that was not used for the longest time makes room; one of each kind may be
-// selected, but those have been used later than some other.
-std::size_t MetafileWriter::FreeIndex() {
-    const auto gap = std::find(objects_.begin(), objects_.end(), std::nullopt);
-    if (gap != objects_.end()) return static_cast<std::size_t>(gap - objects_.begin());
-    if (objects_.size() < MostObjects) {
-        objects_.emplace_back();
-        return objects_.size() - 1;
-    }
-    std::optional<std::size_t> oldest;
-    for (std::size_t i = 0; i < objects_.size(); ++i) {
-        const bool inUse = std::find(selected_.objects.begin(), selected_.objects.end(), i) !=
-                           selected_.objects.end();
-        if (!inUse && (!oldest || objects_[i]->lastUse < objects_[*oldest]->lastUse)) oldest = i;
-    }
-    objects_[*oldest].reset();
-    Append(DeleteObject, {Count(*oldest)});
-    return *oldest;
 }
 
 std::string MetafileWriter::File() const {

@@ -55,19 +55,6 @@ struct MetafileText {
     Color color;
 };
 
-struct MetafileImage {
-    int width = 0;                   // in image points
-    int height = 0;                  // in image points
-    std::vector<std::uint8_t> rows;  // blue, green, red; the lowest row first, without padding
-};
-
-struct MetafileClip {
-    MetafileRect bounds;
-    std::vector<MetafileRect> holes;
-
-    friend bool operator==(const MetafileClip&, const MetafileClip&) = default;
-};
-
 // Records a placeable Windows metafile. The graphics objects that a drawing needs are created at
 // their first use and kept for the next.
 class MetafileWriter {
@@ -75,12 +62,11 @@ public:
     MetafileWriter(int width, int height, int unitsPerInch);
 
     // Without a clip everything shows.
-    void SetClip(const std::optional<MetafileClip>& clip);
+    void SetClip(const std::optional<MetafileRect>& clip);
     // A line that returns to its start is closed with a join.
     void DrawLine(MetafilePoints points, const MetafilePen& pen);
     void FillPolygons(std::vector<MetafilePoints> polygons, Color color, FillRule rule);
     void DrawText(const MetafileText& text, const MetafileFont& font);
-    void DrawImage(const MetafileRect& where, const MetafileImage& image);
 
     // The complete file, of what has been drawn until now.
     std::string File() const;
@@ -91,7 +77,8 @@ private:
     struct Object {
         Kind kind = PenKind;
         Words parameters;
-        std::uint64_t lastUse = 0;
+
+        friend bool operator==(const Object&, const Object&) = default;
     };
     // What the player has set since its state was last restored.
     struct Selection {
@@ -104,18 +91,15 @@ private:
     void SelectPen(std::uint16_t style, int width, Color color);
     void SelectBrush(std::uint16_t style, Color color);
     void Select(Kind kind, std::uint16_t createFunction, const Words& parameters);
-    std::size_t Create(Kind kind, std::uint16_t createFunction, const Words& parameters);
-    std::size_t FreeIndex();
 
     int width_;
     int height_;
     int unitsPerInch_;
     Words records_;
-    std::size_t largestRecord_ = 0;               // in words
-    std::vector<std::optional<Object>> objects_;  // as the player's table; as long as it ever was
-    std::uint64_t uses_ = 0;
+    std::size_t largestRecord_ = 0;  // in words
+    std::vector<Object> objects_;    // as the player's table
     Selection selected_;
-    std::optional<MetafileClip> clip_;
+    std::optional<MetafileRect> clip_;
 };
 
 }  // namespace vardel
