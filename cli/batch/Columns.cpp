@@ -5,6 +5,7 @@
 
 #include "cli/batch/RowReader.h"
 #include "engine/Calculation.h"
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
@@ -35,13 +36,6 @@ constexpr std::array<KnownColumn, 15> Known = {{
     {"power_dbm", PathField::Power, Units::Metric, PowerUnit::Dbm},
     {"power_dbw", PathField::Power, Units::Metric, PowerUnit::Dbw},
 }};
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return lower;
-}
 
 const KnownColumn* Find(std::string_view name) {
     const auto found =

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
@@ -13,18 +14,11 @@ namespace {
 constexpr std::array<const char*, 3> Areas = {"Urban", "Suburban", "Open"};
 constexpr std::array<const char*, 2> Cities = {"Small/Medium", "Large"};
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameWord(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
 template <class Names>
 std::optional<std::string> SetName(std::string& target, std::string_view text, const Names& names) {
     std::string wanted;
     for (const char* const name : names) {
-        if (SameWord(Trimmed(text), name)) {
+        if (SameButForCase(Trimmed(text), name)) {
             target = name;
             return std::nullopt;
         }

@@ -1,13 +1,13 @@
 #include "cli/output/Results.h"
 
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel::cli {
 
 std::string ColumnName(const Model& model) {
-    std::string name;
-    for (const char* c = model.name; *c != '\0'; ++c)
-        if (*c != ' ') name += static_cast<char>(*c >= 'A' && *c <= 'Z' ? *c - 'A' + 'a' : *c);
+    std::string name = LowerCase(model.name);
+    std::erase(name, ' ');
     return name;
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string>
 
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 
@@ -34,8 +35,7 @@ char PlainCharacter(char32_t c) {
         case U'\u00A0':
             return ' ';
         default:
-            if (c >= U'a' && c <= U'z') return static_cast<char>(c - U'a' + U'A');
-            return c < 0x80 ? static_cast<char>(c) : '?';
+            return c < 0x80 ? Upper(static_cast<char>(c)) : '?';
     }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "services/Files.h"
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel {
@@ -106,17 +107,11 @@ std::string_view FieldReader::TakeQuoted() {
     return text;
 }
 
-bool EqualButForCase(std::string_view a, std::string_view b) {
-    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : +c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return upper(x) == upper(y); });
-}
-
 // Names what spreadsheets of other settings write, and else what should be a number.
 std::string NoNumberFault(std::string_view text, const std::string& what) {
     using namespace std::string_view_literals;
     const auto has = [text](std::string_view part) { return text.find(part) != text.npos; };
-    if (EqualButForCase(text.substr(0, 4), "sep=")) return "a \"sep=\" line is no data.";
+    if (SameButForCase(text.substr(0, 4), "sep=")) return "a \"sep=\" line is no data.";
     if (has("\0"sv) && !has("\0\0"sv)) return "the text is in UTF-16 instead of UTF-8.";
     if (has(";")) return "the fields are separated by semicolons instead of commas.";
     if (has("\t")) return "the fields are separated by tabs instead of commas.";
@@ -240,7 +235,7 @@ bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& wi
 }
 
 bool IsAreaOf(const MeasuredSegment& segment, std::string_view areaText) {
-    return EqualButForCase(segment.City, areaText);
+    return SameButForCase(segment.City, areaText);
 }
 
 MeasuredMatch FindMeasuredSegment(double frequency, double hb, double hm, std::string_view areaText,

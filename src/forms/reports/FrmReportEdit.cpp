@@ -9,14 +9,12 @@
 #include "forms/reports/LogCsv.h"
 #include "forms/shared/SaveWithDialog.h"
 #include "services/Files.h"
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel {
 
 namespace {
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-bool SameLetter(char a, char b) { return Lower(a) == Lower(b); }
 
 // Where the words begin, or npos.
 std::size_t FirstFrom(std::string_view text, std::string_view words, std::size_t from) {

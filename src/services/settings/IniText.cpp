@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/AsciiCase.h"
+
 namespace vardel {
 
 namespace {
@@ -17,8 +19,6 @@ std::string_view WithoutBlanks(std::string_view text) {
 bool IsQuoted(std::string_view text) {
     return text.size() >= 2 && text.front() == '"' && text.back() == '"';
 }
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 char TakeNameCharacter(std::string_view& name) {
     unsigned char code = 0;

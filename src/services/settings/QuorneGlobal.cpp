@@ -4,18 +4,12 @@
 #include <cmath>
 #include <limits>
 
+#include "text/AsciiCase.h"
 #include "text/NumberText.h"
 
 namespace vardel {
 
 namespace {
-
-bool IsSameWord(const std::string& text, std::string_view lowerCase) {
-    return std::equal(text.begin(), text.end(), lowerCase.begin(), lowerCase.end(),
-                      [](char c, char lower) {
-                          return c == lower || (c >= 'A' && c <= 'Z' && c - 'A' + 'a' == lower);
-                      });
-}
 
 std::optional<double> AsNumber(const GlobalValue& value) {
     if (const auto* text = std::get_if<std::string>(&value)) return WholeTextNumber(*text);
@@ -36,8 +30,8 @@ std::optional<GlobalValue> AsWhole(const GlobalValue& value) {
 
 std::optional<GlobalValue> AsTruth(const GlobalValue& value) {
     if (const auto* text = std::get_if<std::string>(&value)) {
-        if (IsSameWord(*text, "true")) return true;
-        if (IsSameWord(*text, "false")) return false;
+        if (SameButForCase(*text, "true")) return true;
+        if (SameButForCase(*text, "false")) return false;
     }
     const auto number = AsNumber(value);
     if (!number) return std::nullopt;
