@@ -1,5 +1,5 @@
 // Storing a run to 300 km in an archive, computed curves aside, beside the same four rows written
-// by the bare library, each as durable when its insert returns; and computing the curves.
+// by the bare library, each as durable when its insert returns.
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -22,12 +22,6 @@ CurveData Curve() {
     return ModelCurve(ModelOf(ModelNumber::Itu529), Quantity::Loss,
                       {450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50}, 0.0, {1.0, 300.0});
 }
-
-void ComputeArchiveCurves(benchmark::State& state) {
-    for (auto _ : state)
-        for (int i = 0; i < 3; ++i) benchmark::DoNotOptimize(Curve());
-}
-BENCHMARK(ComputeArchiveCurves)->Unit(benchmark::kMillisecond);
 
 void StoreArchiveRun(benchmark::State& state) {
     FakePlatform platform;

@@ -82,15 +82,6 @@ void Batch(benchmark::State& state) {
     }
 }
 
-// The results of so many rows, one by one.
-void CallsAlone(benchmark::State& state) {
-    std::vector<ModelInputs> inputs;
-    for (const PathInputs& path : Paths()) inputs.push_back(MetricInputs(path));
-    for (auto _ : state)
-        for (std::size_t i = 0; i < Rows; ++i)
-            benchmark::DoNotOptimize(Calculation(inputs[i % inputs.size()], 25.0));
-}
-
 // So many rows' share of it on each thread.
 void CallsAndFormattingAlone(benchmark::State& state) {
     std::vector<ModelInputs> inputs;
@@ -113,7 +104,6 @@ void CallsAndFormattingAlone(benchmark::State& state) {
     }
 }
 
-BENCHMARK(CallsAlone)->Unit(benchmark::kMillisecond);
 // 0 threads: as many as the machine has.
 BENCHMARK(Batch)->Arg(1)->Arg(0)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(CallsAndFormattingAlone)->Arg(1)->Arg(0)->UseRealTime()->Unit(benchmark::kMillisecond);

@@ -1,4 +1,4 @@
-// Plots to 300 km beside a loop of single calls for the same curves, and their drawing.
+// The curves of a plot to 300 km, and their drawing.
 
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
@@ -10,7 +10,6 @@
 #include "engine/curves/CurvePlot.h"
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
-#include "models/ModCalculations.h"
 #include "qt/chart/ChartPlot.h"
 #include "support/RunningProgram.h"
 
@@ -19,46 +18,10 @@ namespace {
 
 const ModelInputs Inputs{450, 0, 100, 1.5, "Urban", "Small/Medium", 50, 50};
 
-constexpr std::array<ModelFunction, 3> Losses = {Itu529Loss, DavidsonLoss, Cost231Loss};
-
-constexpr std::array<double, 6> Heights = {30, 50, 70, 100, 150, 200};
-
-// Point by point: the range test and the model.
-void CallForEachPoint(int model, ModelFunction function, ModelInputs in, double from) {
-    for (in.d = from; in.d <= 300.0; in.d = in.d + 0.1) {
-        benchmark::DoNotOptimize(ModelInRange(model, in.f, in.hb, in.hm, in.d, in.area));
-        benchmark::DoNotOptimize(function(in));
-    }
-}
-
 void ComputePlot(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(PlotOf(LossCurves(Inputs), 300.0));
 }
 BENCHMARK(ComputePlot)->Unit(benchmark::kMicrosecond);
-
-void ComputePlot_loop(benchmark::State& state) {
-    for (auto _ : state)
-        for (int model = 0; model < 3; ++model)
-            CallForEachPoint(model, Losses[static_cast<std::size_t>(model)], Inputs, 1.0);
-}
-BENCHMARK(ComputePlot_loop)->Unit(benchmark::kMicrosecond);
-
-void ComputeFamily(benchmark::State& state) {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(
-            PlotOf(FieldStrengthCurves(FieldStrengthGraph::Itu529, Inputs, 1000.0), 300.0));
-}
-BENCHMARK(ComputeFamily)->Unit(benchmark::kMicrosecond);
-
-void ComputeFamily_loop(benchmark::State& state) {
-    for (auto _ : state)
-        for (const double height : Heights) {
-            ModelInputs in = Inputs;
-            in.hb = height;
-            CallForEachPoint(static_cast<int>(ModelNumber::Itu529), Itu529FieldStrength, in, 0.1);
-        }
-}
-BENCHMARK(ComputeFamily_loop)->Unit(benchmark::kMicrosecond);
 
 // The redraw of a graph that was drawn before, at 900 by 600 points.
 void Redraw(benchmark::State& state, PlotForm& form) {

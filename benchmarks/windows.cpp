@@ -1,6 +1,6 @@
 // How long a user waits for a window: the archive of ten thousand runs, opened, searched and
-// scrolled to its end; the log of 10,000 and of 100,000 lines, and a key in the latter. Each until
-// it is painted.
+// scrolled to its end; the log of 10,000 and of 100,000 lines, and a key in the latter, each until
+// it is painted; a line added to a log whose window was open before; and a distance range report.
 
 #include <benchmark/benchmark.h>
 
@@ -19,10 +19,12 @@
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"
 #include "forms/reports/RLogClass.h"
+#include "forms/reports/frmLogDistRange.h"
 #include "qt/services/QtPlatform.h"
 #include "services/Database.h"
 #include "services/Files.h"
 #include "support/FakePlatform.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 namespace {
@@ -106,8 +108,7 @@ void SearchAndScrollArchive(benchmark::State& state) {
 BENCHMARK(SearchAndScrollArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void AddLines(WindowedProgram& running, long lines) {
-    FakePlatform samples;
-    for (long i = 0; i < lines; ++i) AddSampleLine(running.program.ReportLog(), samples);
+    for (long i = 0; i < lines; ++i) AddSampleLine(running.program.ReportLog(), running.platform);
 }
 
 void OpenLogWindow(benchmark::State& state) {
@@ -123,6 +124,15 @@ void OpenLogWindow(benchmark::State& state) {
     }
 }
 BENCHMARK(OpenLogWindow)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void AppendBehindAnOpenedWindow(benchmark::State& state) {
+    WindowedProgram running;
+    AddLines(running, state.range(0));
+    running.program.FrmReport->Show();
+    running.program.FrmReport->Hide();
+    for (auto _ : state) AddLines(running, 1);
+}
+BENCHMARK(AppendBehindAnOpenedWindow)->Arg(0)->Arg(100'000)->Iterations(20'000);
 
 // A letter in the midst of the log and its removal, then another line of it brought into view.
 void TypeAndScrollLog(benchmark::State& state) {
@@ -150,12 +160,31 @@ void TypeAndScrollLog(benchmark::State& state) {
 }
 BENCHMARK(TypeAndScrollLog)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// So many lines from 0.1 km on, with the yields between them and the saving of the log.
+void RangeReport(benchmark::State& state) {
+    WindowedProgram running;
+    for (auto _ : state) {
+        frmLogDistRange& form = *running.program.frmLogDistRange;
+        form.txtStart.SetText("0.1");
+        form.txtStep.SetText(ShortestText(299.9 / static_cast<double>(state.range(0))));
+        form.txtEnd.SetText("299.99");
+        form.Show();
+        QApplication::processEvents();
+        form.cmdLogDistRange.Press();
+    }
+}
+BENCHMARK(RangeReport)->Arg(300)->Arg(3'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 }  // namespace
 }  // namespace vardel
 
 int main(int argc, char** argv) {
+    const vardel::ScratchFolder scratch;
+    for (const char* folder : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
+        qputenv(folder, QByteArray::fromStdString(scratch.Path()));
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    vardel::SetUpApplication(application);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

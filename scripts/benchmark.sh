@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the benchmarks and runs them all, then prints the table of ratios, each of two times that were
-# taken in turns; or runs those of the file that is named (such as range), or those whose name fits the
+# taken in turns; or runs those of the file that is named (such as windows), or those whose name fits the
 # pattern that is given; with "module", the Python module beside a loop and C++.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
