@@ -7,7 +7,7 @@
 
 #include "forms/Program.h"
 #include "forms/tools/TerrainForm.h"
-#include "qt/chart/GroundMapWidget.h"
+#include "qt/map/GroundMapWidget.h"
 #include "qt/services/QtPlatform.h"
 #include "qt/windows/FormWindow.h"
 #include "terrain/RasterMosaic.h"

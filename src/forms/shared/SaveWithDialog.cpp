@@ -1,5 +1,6 @@
 #include "forms/shared/SaveWithDialog.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "controls/Form.h"
@@ -23,6 +24,14 @@ std::optional<SaveChoice> AskWhereToSave(Form& form, const FileDialog& dialog) {
                                       .buttons = Message::Buttons::YesNo}) == Answer::No)
         return std::nullopt;
     return choice;
+}
+
+std::size_t ChosenKind(const SaveChoice& choice, std::initializer_list<const char*> endings) {
+    const auto* const named = std::find_if(endings.begin(), endings.end(), [&](const char* ending) {
+        return choice.path.ends_with(ending);
+    });
+    return static_cast<std::size_t>(named != endings.end() ? named - endings.begin()
+                                                           : choice.filterIndex - 1);
 }
 
 bool SaveWithDialog(Form& form, const FileDialog& dialog,

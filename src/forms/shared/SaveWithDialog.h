@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 
@@ -13,6 +14,10 @@ class Form;
 // Asks for a file to save to, and before a file that exists is overwritten. Nothing where the user
 // wants none.
 std::optional<SaveChoice> AskWhereToSave(Form& form, const FileDialog& dialog);
+
+// The place of the ending that the file's name has; of none of them, that of the chosen filter. The
+// filters are in the order of the endings.
+std::size_t ChosenKind(const SaveChoice& choice, std::initializer_list<const char*> endings);
 
 // Asks likewise; then saves under the hourglass. An exception of save is told as an error in
 // saving. True when it has saved.

@@ -218,13 +218,11 @@ void ReachForm::cmdMap_Click() {
     SaveWithDialog(
         *this, "GeoJSON (*.geojson)|*.geojson|KML (*.kml)|*.kml", 1,
         [&coverage](const SaveChoice& choice) {
-            const bool kml = choice.path.ends_with(".kml") ||
-                             (choice.filterIndex == 2 && !choice.path.ends_with(".geojson"));
+            const bool kml = ChosenKind(choice, {".geojson", ".kml"}) == 1;
             ReplaceFile(choice.path,
                         (kml ? CoverageKml(coverage) : CoverageGeoJson(coverage)).value());
         },
-        "coverage " + FormatNumber(station_->latitude, "0.0####") + ' ' +
-            FormatNumber(station_->longitude, "0.0####") + ".geojson");
+        FileNameAround(*station_, "coverage", ".geojson"));
 }
 
 }  // namespace vardel

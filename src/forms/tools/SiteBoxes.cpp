@@ -1,6 +1,7 @@
 #include "forms/tools/SiteBoxes.h"
 
 #include "forms/shared/BoxMark.h"
+#include "text/NumberText.h"
 
 namespace vardel {
 
@@ -28,6 +29,11 @@ std::optional<Place> SiteBoxes::Read(std::string& problem) {
 
 StoredTexts SiteBoxes::Texts() {
     return {{"Latitude", &txtLatitude}, {"Longitude", &txtLongitude}};
+}
+
+std::string FileNameAround(const Place& place, const std::string& what, const char* ending) {
+    return what + ' ' + FormatNumber(place.latitude, "0.0####") + ' ' +
+           FormatNumber(place.longitude, "0.0####") + ending;
 }
 
 }  // namespace vardel

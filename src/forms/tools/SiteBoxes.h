@@ -24,4 +24,7 @@ public:
     TextBox txtLongitude;
 };
 
+// For what lies around a place: "contours 50.5 10.25.geojson".
+std::string FileNameAround(const Place& place, const std::string& what, const char* ending);
+
 }  // namespace vardel

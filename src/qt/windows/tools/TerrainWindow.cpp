@@ -8,7 +8,7 @@
 #include <QSplitter>
 
 #include "forms/tools/TerrainForm.h"
-#include "qt/chart/GroundMapWidget.h"
+#include "qt/map/GroundMapWidget.h"
 #include "qt/widgets/RowTable.h"
 #include "qt/windows/Windows.h"
 

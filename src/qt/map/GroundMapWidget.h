@@ -34,8 +34,7 @@ private:
     QPointF At(double azimuth, double km) const;
     QString MarkedText() const;
 
-    void PaintGround(QPainter& painter);
-    void PaintArea(QPainter& painter);
+    void PaintPictures(QPainter& painter);
     void PaintRings(QPainter& painter);
     void PaintScale(QPainter& painter);
     void PaintContours(QPainter& painter);

@@ -1,16 +1,13 @@
-#include "qt/chart/GroundMapWidget.h"
+#include "qt/map/GroundMapWidget.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyleOptionFocusRect>
 #include <QtMath>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "engine/reach/ReachTable.h"
+#include "qt/map/GroundPictures.h"
 #include "qt/services/Convert.h"
 #include "terrain/ContourText.h"
 #include "text/NumberText.h"
@@ -21,60 +18,7 @@ namespace {
 
 constexpr int LegendLines = 5;
 constexpr double AreaOpacity = 0.65;
-constexpr QColor Unseen(228, 228, 228);
 constexpr QColor HeightColor(90, 60, 20);
-
-// From the lowest ground to the highest, as maps tint it, pale so that lines stand out.
-QColor Tint(double share) {
-    constexpr std::array<std::array<double, 3>, 4> Steps = {
-        {{206, 224, 196}, {240, 236, 206}, {226, 204, 172}, {250, 250, 250}}};
-    const double at = std::clamp(share, 0.0, 1.0) * (Steps.size() - 1);
-    const auto step = std::min(static_cast<std::size_t>(at), Steps.size() - 2);
-    const double part = at - static_cast<double>(step);
-    const auto mixed = [&](std::size_t i) {
-        return static_cast<int>(Steps[step][i] + part * (Steps[step + 1][i] - Steps[step][i]));
-    };
-    return {mixed(0), mixed(1), mixed(2)};
-}
-
-QImage PictureOf(const Relief& relief) {
-    const int size = static_cast<int>(relief.size);
-    QImage picture(size, size, QImage::Format_RGB32);
-    picture.fill(Unseen);
-    const std::vector<float> shades = ShadeOf(relief);
-    float low = HUGE_VALF, high = -HUGE_VALF;
-    for (const float metres : relief.metres) {
-        if (std::isnan(metres)) continue;
-        low = std::min(low, metres);
-        high = std::max(high, metres);
-    }
-    const double span = std::max(1.0, static_cast<double>(high) - static_cast<double>(low));
-    for (int y = 0; y < size; ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < size; ++x) {
-            const std::size_t i =
-                static_cast<std::size_t>(y) * relief.size + static_cast<std::size_t>(x);
-            if (std::isnan(shades[i])) continue;
-            const QColor tint = Tint((static_cast<double>(relief.metres[i]) - low) / span);
-            const double light = 0.55 + 0.5 * static_cast<double>(shades[i]);
-            const auto lit = [light](int c) { return std::min(255, static_cast<int>(c * light)); };
-            line[x] = qRgb(lit(tint.red()), lit(tint.green()), lit(tint.blue()));
-        }
-    }
-    return picture;
-}
-
-QImage PictureOf(const AreaPicture& area) {
-    const int size = static_cast<int>(area.size);
-    QImage picture(size, size, QImage::Format_ARGB32);
-    for (int y = 0; y < size; ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        const PixelColor* pixels = area.pixels.data() + static_cast<std::size_t>(y) * area.size;
-        for (int x = 0; x < size; ++x)
-            line[x] = qRgba(pixels[x].red, pixels[x].green, pixels[x].blue, pixels[x].alpha);
-    }
-    return picture;
-}
 
 // 1, 2 or 5 times a power of ten, so that some four fit.
 double RingStep(double radius) {
@@ -105,7 +49,7 @@ void DrawHaloed(QPainter& painter, const QPointF& middle, const QString& text) {
     painter.fillPath(path, QColor(40, 40, 40));
 }
 
-// The units of the table's own reader, in which its scale is told.
+// The greatest effective height in m; 0 where no direction was seen.
 double HighestOf(const ContourTable& table) {
     double highest = 0.0;
     for (const RadialHeight& radial : table.heights.radials)
@@ -127,11 +71,11 @@ GroundMapWidget::GroundMapWidget(GroundMap& map, Binder& binder) : map_(map), bi
 void GroundMapWidget::ShowMap() {
     if (groundChanges_ != map_.GroundChanges()) {
         groundChanges_ = map_.GroundChanges();
-        ground_ = map_.Ground().IsEmpty() ? QImage() : PictureOf(map_.Ground());
+        ground_ = PictureOf(map_.Ground());
     }
     if (areaChanges_ != map_.AreaChanges()) {
         areaChanges_ = map_.AreaChanges();
-        area_ = map_.Area().IsEmpty() ? QImage() : PictureOf(map_.Area());
+        area_ = PictureOf(map_.Area());
     }
     setAccessibleDescription(MarkedText());
     update();
@@ -164,8 +108,7 @@ void GroundMapWidget::paintEvent(QPaintEvent*) {
     const QRectF square = MapSquare();
     painter.save();
     painter.setClipRect(square);
-    PaintGround(painter);
-    PaintArea(painter);
+    PaintPictures(painter);
     PaintRings(painter);
     if (map_.Table()) {
         PaintHeights(painter);
@@ -180,21 +123,17 @@ void GroundMapWidget::paintEvent(QPaintEvent*) {
     PaintLegend(painter);
 }
 
-void GroundMapWidget::PaintGround(QPainter& painter) {
-    painter.fillRect(MapSquare(), Unseen);
-    if (ground_.isNull()) return;
-    const double half = map_.Ground().radiusKm * PointsPerKm();
-    painter.drawImage(QRectF(Middle() - QPointF(half, half), QSizeF(2.0 * half, 2.0 * half)),
-                      ground_);
-}
-
-// Light enough for the ground to be seen through it.
-void GroundMapWidget::PaintArea(QPainter& painter) {
-    if (area_.isNull()) return;
-    const double half = map_.Area().radiusKm * PointsPerKm();
+// The ground, and the area so light that the ground is seen through it.
+void GroundMapWidget::PaintPictures(QPainter& painter) {
+    const auto draw = [&](const QImage& picture, double radiusKm) {
+        const double half = radiusKm * PointsPerKm();
+        painter.drawImage(QRectF(Middle() - QPointF(half, half), QSizeF(2.0 * half, 2.0 * half)),
+                          picture);
+    };
+    painter.fillRect(MapSquare(), UnseenGround);
+    draw(ground_, map_.Ground().radiusKm);
     painter.setOpacity(AreaOpacity);
-    painter.drawImage(QRectF(Middle() - QPointF(half, half), QSizeF(2.0 * half, 2.0 * half)),
-                      area_);
+    draw(area_, map_.Area().radiusKm);
     painter.setOpacity(1.0);
 }
 
@@ -336,53 +275,6 @@ void GroundMapWidget::PaintLegend(QPainter& painter) {
           ToQt("Effective height: " +
                (radial.seen > 0.0 ? height(radial.effectiveHeight) : std::string("unknown")) +
                "; highest " + height(HighestOf(table))));
-}
-
-void GroundMapWidget::Mark(std::size_t azimuth) {
-    if (!binder_.IsAlive() || map_.Marked() == azimuth) return;
-    map_.SetMarked(azimuth);
-    map_.Pick.Raise();
-}
-
-void GroundMapWidget::MarkToward(const QPointF& at) {
-    if (!map_.Table()) return;
-    const QPointF from = at - Middle();
-    if (from.isNull()) return;
-    const auto count = map_.Table()->heights.radials.size();
-    const double turns = std::atan2(from.x(), -from.y()) / (2.0 * M_PI);
-    const auto nearest =
-        std::llround((turns < 0.0 ? turns + 1.0 : turns) * static_cast<double>(count));
-    Mark(static_cast<std::size_t>(nearest) % count);
-}
-
-void GroundMapWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && MapSquare().contains(event->position()))
-        MarkToward(event->position());
-}
-
-void GroundMapWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & Qt::LeftButton) MarkToward(event->position());
-    const QPointF from = event->position() - Middle();
-    const double km = std::hypot(from.x(), from.y()) / PointsPerKm();
-    if (!MapSquare().contains(event->position()) || km == 0.0) return PointAt(std::nullopt);
-    const double azimuth = qRadiansToDegrees(std::atan2(from.x(), -from.y()));
-    PointAt(PlaceAround{km, azimuth < 0.0 ? azimuth + 360.0 : azimuth});
-}
-
-void GroundMapWidget::leaveEvent(QEvent*) { PointAt(std::nullopt); }
-
-void GroundMapWidget::PointAt(std::optional<PlaceAround> place) {
-    if (!binder_.IsAlive() || map_.Pointed() == place) return;
-    map_.SetPointed(place);
-    map_.Point.Raise();
-}
-
-void GroundMapWidget::keyPressEvent(QKeyEvent* event) {
-    const bool back = event->key() == Qt::Key_Left || event->key() == Qt::Key_Up;
-    const bool on = event->key() == Qt::Key_Right || event->key() == Qt::Key_Down;
-    if (!map_.Table() || !map_.Marked() || (!back && !on)) return QWidget::keyPressEvent(event);
-    const auto count = map_.Table()->heights.radials.size();
-    Mark((*map_.Marked() + (on ? 1 : count - 1)) % count);
 }
 
 }  // namespace vardel
