@@ -11,6 +11,7 @@
 #include "forms/graphs/FrmOkumFieldStrength.h"
 #include "forms/graphs/GraphForm.h"
 #include "qt/chart/ChartPlot.h"
+#include "qt/chart/FreeCorner.h"
 #include "support/RunningProgram.h"
 
 namespace vardel {
@@ -32,6 +33,7 @@ void Redraw(benchmark::State& state, PlotForm& form) {
     plot.replot();
     for (auto _ : state) {
         FillPlot(plot, form.GraphChart());
+        PlaceLegend(plot);
         plot.replot();
     }
 }

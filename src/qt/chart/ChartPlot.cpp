@@ -11,7 +11,7 @@
 #include <stdexcept>
 
 #include "qt/chart/ClippedCurve.h"
-#include "qt/chart/LegendPlace.h"
+#include "qt/chart/FreeCorner.h"
 #include "qt/chart/LogTicker.h"
 #include "qt/chart/StepTicker.h"
 #include "qt/chart/ThresholdItem.h"
@@ -186,17 +186,19 @@ void FillPlot(QCustomPlot& plot, const Chart& chart, const ChartRanges& shown) {
     plot.legend->setBrush(QColor(255, 255, 255, 225));
     plot.legend->setBorderPen(QPen(QColor(150, 150, 150)));
     plot.legend->setIconSize(36, 10);
-    PlaceLegend(plot, chart);
     ThresholdItem::Show(plot, chart);
 }
 
 namespace {
 
 // A curve that is switched off has an entry on the screen only, where a click puts it back.
-void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame) {
+void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame, QSize size) {
     FillPlot(plot, chart, frame.AsZoomed ? chart.View() : chart.Scales());
     for (int i = plot.graphCount() - 1; i >= 0; --i)
         if (!plot.graph(i)->visible()) plot.removeGraph(i);
+    plot.setViewport(QRect(QPoint(), size));
+    plot.replot();  // lays it out
+    PlaceLegend(plot);
 }
 
 }  // namespace
@@ -204,7 +206,7 @@ void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame) {
 bool DrawChartOn(QPaintDevice& device, const Chart& chart, const ChartFrame& frame, QSize size,
                  double scale) {
     QCustomPlot plot;
-    FillFor(plot, chart, frame);
+    FillFor(plot, chart, frame, size);
     ClipGraphs(plot);  // not every device clips
     QCPPainter painter;
     if (!painter.begin(&device)) return false;
@@ -217,7 +219,7 @@ bool DrawChartOn(QPaintDevice& device, const Chart& chart, const ChartFrame& fra
 
 QImage DrawChart(const Chart& chart, int scale, const ChartFrame& frame) {
     QCustomPlot plot;
-    FillFor(plot, chart, frame);
+    FillFor(plot, chart, frame, PictureSize);
     return plot.toPixmap(PictureSize.width(), PictureSize.height(), scale).toImage();
 }
 

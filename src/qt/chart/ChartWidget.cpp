@@ -7,7 +7,7 @@
 
 #include "forms/graphs/chart/ChartText.h"
 #include "qt/chart/ChartPlot.h"
-#include "qt/chart/LegendPlace.h"
+#include "qt/chart/FreeCorner.h"
 #include "qt/chart/ThresholdItem.h"
 #include "qt/look/Announcement.h"
 #include "qt/services/Convert.h"
@@ -83,7 +83,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     FollowAxis(*xAxis, *xAxis2, 0);
     FollowAxis(*yAxis, *yAxis2, 1);
     connect(this, &QCustomPlot::beforeReplot, this, [this] {
-        if (legend->visible()) PlaceLegend(*this, chart_);
+        if (legend->visible()) PlaceLegend(*this);
     });
     connect(this, &QCustomPlot::afterReplot, this, [this] {
         readoutPlaced_ = false;
@@ -181,37 +181,23 @@ void ChartWidget::ShowReadout(double distance) {
     layer(ReadoutLayer)->replot();
 }
 
-// In the corner where it hides the fewest points of the curves, and stays there until these move.
+// In the corner where it hides the least of the curves, and stays there until these move.
 void ChartWidget::PlaceReadout() {
-    const QRect plot = axisRect()->rect();
-    const QRect legendArea = legend->outerRect();
-    const QSize size = fontMetrics().boundingRect(QRect(), 0, readout_->text()).size();
-    int fewest = std::numeric_limits<int>::max();
-    for (const Qt::Alignment corner :
-         {Qt::AlignLeft | Qt::AlignBottom, Qt::AlignLeft | Qt::AlignTop,
-          Qt::AlignRight | Qt::AlignBottom, Qt::AlignRight | Qt::AlignTop}) {
-        const QRect area = QStyle::alignedRect(Qt::LeftToRight, corner, size + QSize(24, 16), plot);
-        const int hidden =
-            area.intersects(legendArea) ? std::numeric_limits<int>::max() - 1 : PointsWithin(area);
-        if (hidden >= fewest) continue;
-        fewest = hidden;
-        readout_->setPositionAlignment(corner);
-        readout_->position->setCoords(corner & Qt::AlignLeft ? 0.01 : 0.99,
-                                      corner & Qt::AlignTop ? 0.02 : 0.98);
-    }
+    const QSize size =
+        fontMetrics().boundingRect(QRect(), 0, readout_->text()).size() + QSize(24, 16);
+    std::vector<Qt::Alignment> corners = {
+        Qt::AlignLeft | Qt::AlignBottom, Qt::AlignLeft | Qt::AlignTop,
+        Qt::AlignRight | Qt::AlignBottom, Qt::AlignRight | Qt::AlignTop};
+    std::erase_if(corners, [&](Qt::Alignment corner) {
+        return QStyle::alignedRect(Qt::LeftToRight, corner, size, axisRect()->rect())
+            .intersects(legend->outerRect());
+    });
+    if (corners.empty()) corners = {Qt::AlignLeft | Qt::AlignBottom};
+    const Qt::Alignment corner = FreestCorner(*this, size, corners);
+    readout_->setPositionAlignment(corner);
+    readout_->position->setCoords(corner & Qt::AlignRight ? 0.99 : 0.01,
+                                  corner & Qt::AlignTop ? 0.02 : 0.98);
     readoutPlaced_ = true;
-}
-
-int ChartWidget::PointsWithin(const QRect& area) const {
-    int within = 0;
-    for (int i = 0; i < graphCount(); ++i)
-        for (const QCPGraphData& point : *graph(i)->data())
-            within += graph(i)->visible() &&
-                              area.contains(static_cast<int>(xAxis->coordToPixel(point.key)),
-                                            static_cast<int>(yAxis->coordToPixel(point.value)))
-                          ? 1
-                          : 0;
-    return within;
 }
 
 void ChartWidget::HideReadout() {

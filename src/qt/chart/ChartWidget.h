@@ -51,7 +51,6 @@ private:
     void ZoomAboutReadout(double factor);
     void Pan(QCPAxis& axis, double share);
     void PlaceReadout();
-    int PointsWithin(const QRect& area) const;
 
     Chart& chart_;
     QCPItemStraightLine* cursor_;
