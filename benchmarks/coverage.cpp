@@ -90,7 +90,7 @@ void AreaPictureOfWindow(benchmark::State& state) {
         table.heights.radials.push_back({double(i), 0.0, height, height, 1.0});
     }
     for (auto _ : state)
-        benchmark::DoNotOptimize(PictureOf(table, {{Wanted::Kind::FieldStrength, 60.0}},
+        benchmark::DoNotOptimize(PictureOf(table, {{ServiceQuantity::FieldStrength, 60.0}},
                                            ModelNumber::Itu529, 30.0, 800));
 }
 BENCHMARK(AreaPictureOfWindow)->UseRealTime()->Unit(benchmark::kMillisecond);

@@ -11,27 +11,11 @@ namespace vardel::cli {
 
 namespace {
 
-CoverageQuantity QuantityOf(const Options& options) {
-    if (!options.wantedGiven)
-        return options.coverage.quantity.value_or(CoverageQuantity::FieldStrength);
-    switch (options.wanted.kind) {
-        case Wanted::Kind::PathLoss:
-            return CoverageQuantity::PathLoss;
-        case Wanted::Kind::ReceivedPower:
-            return CoverageQuantity::ReceivedPower;
-        case Wanted::Kind::FieldStrength:
-            break;
-    }
-    return CoverageQuantity::FieldStrength;
-}
-
 AzimuthHeights HeightsFor(const Options& options, Elevations* elevations, const NoteSink& notes) {
     if (elevations == nullptr) return AzimuthHeights(MetricInputs(options.path).hb);
     const EffectiveHeightTable table = HeightsOf(options, *elevations, UsualContourAzimuths);
     for (const std::string& note : NotesOn(table)) notes(note);
-    std::vector<double> metres;
-    for (const RadialHeight& radial : table.radials) metres.push_back(radial.effectiveHeight);
-    return AzimuthHeights(std::move(metres));
+    return AzimuthHeights(table);
 }
 
 CoverageStation StationOf(const Options& options, Elevations* elevations, const NoteSink& notes) {
@@ -40,7 +24,7 @@ CoverageStation StationOf(const Options& options, Elevations* elevations, const 
         MetricInputs(options.path),
         options.path.powerWatts,
         HeightsFor(options, elevations, notes),
-        QuantityOf(options),
+        options.wanted.quantity,
         {options.path.frequency, options.wanted.antennaGainDbi, options.wanted.cableLossDb}};
     if (options.coverage.model) station.models = {*options.coverage.model};
     if (!options.coverage.extent.bounds) station.farthestKm = options.coverage.extent.radiusKm;

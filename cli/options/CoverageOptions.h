@@ -18,8 +18,7 @@ struct CoverageOptions {
     std::optional<double> resolution;  // m
     CoverageSystem grid = CoverageSystem::Site;
     std::optional<ModelNumber> model;  // none: all
-    std::optional<CoverageQuantity> quantity;
-    double interval = 10.0;  // dB
+    double interval = 10.0;            // dB
     CellType type = CellType::Float;
     std::string output, picture, lines;  // files; empty: not wanted
 };

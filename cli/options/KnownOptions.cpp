@@ -66,13 +66,13 @@ void TakeField(Reading& reading, const KnownOption& option, const std::string& t
         Fail(option, *wrong);
 }
 
-template <Wanted::Kind Kind>
+template <ServiceQuantity Wish>
 void TakeGoal(Reading& reading, const KnownOption& option, const std::string& text) {
     Wanted& wanted = reading.options.wanted;
-    if (reading.options.wantedGiven && wanted.kind != Kind)
+    if (reading.options.wantedGiven && wanted.quantity != Wish)
         throw UsageError(reading.command + OneGoal);
     reading.options.wantedGiven = true;
-    wanted.kind = Kind;
+    wanted.quantity = Wish;
     wanted.value = NumberOf(option, text);
 }
 
@@ -180,11 +180,11 @@ void TakeModel(Reading& reading, const KnownOption& option, const std::string& t
 }
 
 void TakeQuantity(Reading& reading, const KnownOption& option, const std::string& text) {
-    reading.options.coverage.quantity =
-        OneOf<CoverageQuantity>(option, text,
-                                {{"field-strength", CoverageQuantity::FieldStrength},
-                                 {"received-power", CoverageQuantity::ReceivedPower},
-                                 {"path-loss", CoverageQuantity::PathLoss}});
+    reading.options.wanted.quantity =
+        OneOf<ServiceQuantity>(option, text,
+                               {{"field-strength", ServiceQuantity::FieldStrength},
+                                {"received-power", ServiceQuantity::ReceivedPower},
+                                {"path-loss", ServiceQuantity::PathLoss}});
 }
 
 void TakeInterval(Reading& reading, const KnownOption& option, const std::string& text) {
@@ -219,9 +219,9 @@ constexpr std::array<KnownOption, 44> Table = {{
     {"start", OfCurve, TakeNumber<&Options::start>},
     {"end", OfCurve, TakeNumber<&Options::end>},
     {"step", OfCurve, TakeNumber<&Options::step>},
-    {"field-strength", OfGoals, TakeGoal<Wanted::Kind::FieldStrength>},
-    {"received-power", OfGoals, TakeGoal<Wanted::Kind::ReceivedPower>},
-    {"path-loss", OfGoals, TakeGoal<Wanted::Kind::PathLoss>},
+    {"field-strength", OfGoals, TakeGoal<ServiceQuantity::FieldStrength>},
+    {"received-power", OfGoals, TakeGoal<ServiceQuantity::ReceivedPower>},
+    {"path-loss", OfGoals, TakeGoal<ServiceQuantity::PathLoss>},
     {"antenna-gain", OfGoals, TakeReceiver<&Wanted::antennaGainDbi>},
     {"cable-loss", OfGoals, TakeReceiver<&Wanted::cableLossDb>},
     {"elevation", OfSites | OfFiles, TakeElevation},

@@ -95,10 +95,8 @@ private:
             CheckCoverage();
         else if (!options_.wantedGiven)
             throw UsageError(command_ + OneGoal);
-        const bool receivedPower =
-            options_.wantedGiven ? options_.wanted.kind == Wanted::Kind::ReceivedPower
-                                 : options_.coverage.quantity == CoverageQuantity::ReceivedPower;
-        if (!receivedPower && (line_.Has("antenna-gain") || line_.Has("cable-loss")))
+        if (options_.wanted.quantity != ServiceQuantity::ReceivedPower &&
+            (line_.Has("antenna-gain") || line_.Has("cable-loss")))
             throw UsageError("--antenna-gain and --cable-loss go with --received-power");
     }
 
@@ -106,7 +104,7 @@ private:
         const CoverageOptions& coverage = options_.coverage;
         if ((coverage.extent.radiusKm > 0.0) == coverage.extent.bounds.has_value())
             throw UsageError("coverage needs one of --radius and --bounds");
-        if (options_.wantedGiven && coverage.quantity)
+        if (options_.wantedGiven && line_.Has("quantity"))
             throw UsageError("--quantity goes without a wanted value, which says it");
         if (!options_.wantedGiven && (!coverage.picture.empty() || !coverage.lines.empty()))
             throw UsageError(std::string("--picture and --lines: coverage") + OneGoal);

@@ -16,7 +16,7 @@ namespace vardel::python {
 
 namespace {
 
-// In the order of CoverageQuantity.
+// In the order of ServiceQuantity.
 constexpr std::array<const char*, 3> QuantityNames = {"field_strength", "received_power", "loss"};
 constexpr NameList QuantityList{"quantity", QuantityNames};
 constexpr std::array<const char*, 2> SystemNames = {"site", "utm"};
@@ -65,7 +65,7 @@ py::array_t<double> Cells(const py::tuple& area, std::array<int, 4> rectangle) {
         MetricInputs(path),
         path.powerWatts,
         heights.size() == 1 ? AzimuthHeights(heights.front()) : AzimuthHeights(heights),
-        static_cast<CoverageQuantity>(PlaceOf(area[8], QuantityList)),
+        static_cast<ServiceQuantity>(PlaceOf(area[8], QuantityList)),
         {path.frequency, area[9].cast<double>(), area[10].cast<double>()},
         {},
         area[12].cast<double>()};

@@ -42,19 +42,9 @@ std::string Hex(const PixelColor& color) {
 
 }  // namespace
 
-const char* NameOf(CoverageQuantity quantity) {
-    if (quantity == CoverageQuantity::PathLoss) return "Path loss";
-    return quantity == CoverageQuantity::FieldStrength ? "Field strength" : "Received power";
-}
-
-const char* UnitOf(CoverageQuantity quantity) {
-    if (quantity == CoverageQuantity::PathLoss) return "dB";
-    return quantity == CoverageQuantity::FieldStrength ? "dB(µV/m)" : "dBm";
-}
-
 PixelColor CoverageColors::Of(double value) const {
     if (std::isnan(value)) return Clear;
-    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
+    const bool isLoss = quantity_ == ServiceQuantity::PathLoss;
     const double steps = std::floor((isLoss ? goal_ - value : value - goal_) / step_);
     if (steps < -Missing) return Clear;
     const double last = static_cast<double>(Colors.size()) - 1.0;
@@ -62,7 +52,7 @@ PixelColor CoverageColors::Of(double value) const {
 }
 
 std::vector<double> CoverageColors::Breaks() const {
-    const double better = quantity_ == CoverageQuantity::PathLoss ? -step_ : step_;
+    const double better = quantity_ == ServiceQuantity::PathLoss ? -step_ : step_;
     std::vector<double> breaks;
     breaks.reserve(Colors.size());
     for (int i = 0; i < static_cast<int>(Colors.size()); ++i)
@@ -72,7 +62,7 @@ std::vector<double> CoverageColors::Breaks() const {
 }
 
 std::vector<CoverageColors::Step> CoverageColors::Steps() const {
-    const bool isLoss = quantity_ == CoverageQuantity::PathLoss;
+    const bool isLoss = quantity_ == ServiceQuantity::PathLoss;
     std::vector<Step> steps;
     steps.reserve(Colors.size());
     for (int i = static_cast<int>(Colors.size()) - 1; i >= 0; --i) {

@@ -22,7 +22,7 @@ struct PixelColor {
 class CoverageColors {
 public:
     // step in dB, above zero.
-    CoverageColors(CoverageQuantity quantity, double goal, double step)
+    CoverageColors(ServiceQuantity quantity, double goal, double step)
         : quantity_(quantity), goal_(goal), step_(step) {}
 
     PixelColor Of(double value) const;
@@ -39,13 +39,9 @@ public:
     std::string Legend(const std::string& title) const;
 
 private:
-    CoverageQuantity quantity_;
+    ServiceQuantity quantity_;
     double goal_;
     double step_;
 };
-
-// "Field strength" and the like, and its unit.
-const char* NameOf(CoverageQuantity quantity);
-const char* UnitOf(CoverageQuantity quantity);
 
 }  // namespace vardel

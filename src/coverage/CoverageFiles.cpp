@@ -31,9 +31,9 @@ std::vector<std::pair<std::string, std::string>> MetadataOf(const CoverageOutput
         {"PERCENT_TIME", number(station.path.pctTime)},
         {"PERCENT_LOCATIONS", number(station.path.pctLoc)},
         {"FARTHEST_KM", number(station.farthestKm)}};
-    if (station.quantity != CoverageQuantity::PathLoss)
+    if (station.quantity != ServiceQuantity::PathLoss)
         all.emplace_back("POWER_W_ERP", number(station.powerWatts));
-    if (station.quantity == CoverageQuantity::ReceivedPower) {
+    if (station.quantity == ServiceQuantity::ReceivedPower) {
         all.emplace_back("ANTENNA_GAIN_DBI", number(station.receiver.antennaGainDbi));
         all.emplace_back("CABLE_LOSS_DB", number(station.receiver.cableLossDb));
     }

@@ -17,8 +17,8 @@ struct CoveredArea {
 };
 
 // Whether a value is as good as the goal: a loss is where it is not above.
-inline bool Meets(CoverageQuantity quantity, double value, double goal) {
-    return quantity == CoverageQuantity::PathLoss ? value <= goal : value >= goal;
+inline bool Meets(ServiceQuantity quantity, double value, double goal) {
+    return quantity == ServiceQuantity::PathLoss ? value <= goal : value >= goal;
 }
 
 // Takes whole rows of the grid, the heights, values and marks of each cell. Says whether to go on.

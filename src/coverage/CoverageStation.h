@@ -5,9 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "engine/reach/LinkBudget.h"
+#include "engine/reach/Wanted.h"
 #include "map/Coordinates.h"
 #include "models/Model.h"
+#include "terrain/EffectiveHeights.h"
 
 namespace vardel {
 
@@ -23,6 +24,8 @@ public:
         perDegree_ = static_cast<double>(metres_.size() - 1) / 360.0;
     }
 
+    explicit AzimuthHeights(const EffectiveHeightTable& table) : AzimuthHeights(MetresOf(table)) {}
+
     bool Vary() const noexcept { return perDegree_ > 0.0; }
     // Of an azimuth from 0 to 360 degrees; no number where one of both neighbours is not known.
     double At(double azimuth) const noexcept {
@@ -34,11 +37,15 @@ public:
     }
 
 private:
+    static std::vector<double> MetresOf(const EffectiveHeightTable& table) {
+        std::vector<double> metres;
+        for (const RadialHeight& radial : table.radials) metres.push_back(radial.effectiveHeight);
+        return metres;
+    }
+
     std::vector<double> metres_;  // the first comes again at the end
     double perDegree_ = 0.0;      // spaces; 0: the same height everywhere
 };
-
-enum class CoverageQuantity { FieldStrength, ReceivedPower, PathLoss };
 
 // All that a pixel of an area needs besides its distance and its azimuth.
 struct CoverageStation {
@@ -46,7 +53,7 @@ struct CoverageStation {
     ModelInputs path;   // d and hb do not count
     double powerWatts;  // e.r.p.
     AzimuthHeights heights;
-    CoverageQuantity quantity = CoverageQuantity::FieldStrength;
+    ServiceQuantity quantity = ServiceQuantity::FieldStrength;
     Receiver receiver = {};  // for a received power
     std::vector<ModelNumber> models = {ComparedModels.begin(), ComparedModels.end()};  // of these
     double farthestKm = 300.0;  // from the site; beyond it is no value

@@ -70,11 +70,11 @@ private:
 
     void ComputeModel(ModelNumber number, std::size_t count, double* values) const {
         const Model& model = ModelOf(number);
-        if (station_.quantity == CoverageQuantity::PathLoss)
+        if (station_.quantity == ServiceQuantity::PathLoss)
             model.areaLosses(station_.path, block_, values);
         else
             model.areaFieldStrengths(station_.path, station_.powerWatts, block_, values);
-        if (station_.quantity == CoverageQuantity::ReceivedPower)
+        if (station_.quantity == ServiceQuantity::ReceivedPower)
             for (std::size_t i = 0; i < count; ++i)
                 values[i] = ReceivedPower(station_.receiver, values[i]);
         if (!anyUnknown_) return;

@@ -13,7 +13,7 @@ const Place Site{50.0, 10.0};
 const ModelInputs Town{390, 0, 0, 1.5, "Suburban", "Small/Medium", 50, 50};
 
 CoverageStation LossesWith(AzimuthHeights heights) {
-    return {Site, Town, 25.0, std::move(heights), CoverageQuantity::PathLoss};
+    return {Site, Town, 25.0, std::move(heights), ServiceQuantity::PathLoss};
 }
 
 struct Room {
@@ -106,7 +106,7 @@ TEST(CoverageValues, EachHasTheBitsOfASingleCall) {
                                  {1800, 0, 0, 9, "Urban", "Large", 10, 95},
                                  {150, 0, 0, 3, "Open", "Small/Medium", 95, 10}};
     for (const ModelInputs& path : paths)
-        for (const auto quantity : {CoverageQuantity::PathLoss, CoverageQuantity::FieldStrength}) {
+        for (const auto quantity : {ServiceQuantity::PathLoss, ServiceQuantity::FieldStrength}) {
             CoverageStation station{Site, path, 25.0, rough, quantity};
             Room room(grid);
             ComputeCoverage(station, grid, All(grid), room.buffers);
@@ -118,7 +118,7 @@ TEST(CoverageValues, EachHasTheBitsOfASingleCall) {
                     in.hb = room.heights[at];
                     const Model& model = ModelOf(ComparedModels[i]);
                     const bool isKnown = in.d <= 300.0;
-                    const double single = quantity == CoverageQuantity::PathLoss
+                    const double single = quantity == ServiceQuantity::PathLoss
                                               ? model.loss(in, terms)
                                               : model.fieldStrength(in, 25.0, terms);
                     const double value = room.buffers.values[i][at];

@@ -1,7 +1,6 @@
 #include "engine/reach/ReachTable.h"
 
 #include "engine/PathText.h"
-#include "engine/reach/LinkBudget.h"
 #include "text/NumberText.h"
 #include "text/TableText.h"
 
@@ -40,21 +39,6 @@ Cells CellsOf(const ReachTable& table) {
 
 }  // namespace
 
-Goal GoalOf(const Wanted& wanted, const PathInputs& path) {
-    switch (wanted.kind) {
-        case Wanted::Kind::PathLoss:
-            return Goal::AllowedLoss(wanted.value);
-        case Wanted::Kind::ReceivedPower: {
-            const Receiver receiver{path.frequency, wanted.antennaGainDbi, wanted.cableLossDb};
-            return Goal::FieldStrength(FieldStrengthForReceivedPower(receiver, wanted.value),
-                                       path.powerWatts);
-        }
-        case Wanted::Kind::FieldStrength:
-            break;
-    }
-    return Goal::FieldStrength(wanted.value, path.powerWatts);
-}
-
 ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
                           const std::array<double, ReachPercentages>& percentages) {
     ReachTable table{path, wanted, GoalOf(wanted, path), percentages, {}};
@@ -62,7 +46,7 @@ ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
     for (const ModelNumber number : ComparedModels) {
         const Model& model = ModelOf(number);
         ReachTable::Row row{number, {}, {}, BaseHeightFor(model, inputs, table.goal)};
-        if (wanted.kind != Wanted::Kind::PathLoss)
+        if (wanted.quantity != ServiceQuantity::PathLoss)
             row.power = PowerForFieldStrength(model, inputs, table.goal.value);
         for (std::size_t i = 0; i < percentages.size(); ++i) {
             ModelInputs at = inputs;
@@ -101,7 +85,7 @@ std::string ReachRemark(const Reach& reach) {
 }
 
 std::string PowerCellText(const ReachTable& table, const ReachTable::Row& row) {
-    if (table.wanted.kind == Wanted::Kind::PathLoss || !row.power) return "-";
+    if (table.wanted.quantity == ServiceQuantity::PathLoss || !row.power) return "-";
     return FormatNumber(row.power->watts, row.power->watts < 10.0 ? "0.000" : "0.0");
 }
 
@@ -118,20 +102,6 @@ std::string HeightCellText(const ReachTable& table, const ReachTable::Row& row) 
             break;
     }
     return "-";
-}
-
-std::string WantedText(const Wanted& wanted) {
-    const std::string value = ShortestText(wanted.value);
-    switch (wanted.kind) {
-        case Wanted::Kind::PathLoss:
-            return value + " dB of path loss";
-        case Wanted::Kind::ReceivedPower:
-            return value + " dBm, antenna " + ShortestText(wanted.antennaGainDbi) + " dBi, cable " +
-                   ShortestText(wanted.cableLossDb) + " dB";
-        case Wanted::Kind::FieldStrength:
-            break;
-    }
-    return value + " dB(µV/m)";
 }
 
 std::string ReachLines(const ReachTable& table) {

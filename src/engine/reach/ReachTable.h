@@ -6,23 +6,12 @@
 
 #include "engine/PathInputs.h"
 #include "engine/reach/Reach.h"
+#include "engine/reach/Wanted.h"
 
 // How far the compared models let a station reach, for several percentages of locations, and what
 // it needs to reach a distance: as numbers and in words.
 
 namespace vardel {
-
-// What a service asks for, as it is known.
-struct Wanted {
-    enum class Kind { FieldStrength, ReceivedPower, PathLoss };
-    Kind kind = Kind::FieldStrength;
-    double value = 0.0;           // dB(µV/m), dBm or dB
-    double antennaGainDbi = 0.0;  // of the receiver, for a received power
-    double cableLossDb = 0.0;
-};
-
-// The same as a goal for the models, on a path of that frequency and power.
-Goal GoalOf(const Wanted& wanted, const PathInputs& path);
 
 constexpr std::size_t ReachPercentages = 3;
 
@@ -55,9 +44,6 @@ std::string HeightCellText(const ReachTable& table, const ReachTable::Row& row);
 // What there is to say of a reach besides, such as that the model does not cover it; empty:
 // nothing.
 std::string ReachRemark(const Reach& reach);
-
-// In words, for people.
-std::string WantedText(const Wanted& wanted);
 
 // The whole table: lines for the log, columns apart by tabs, and RFC 4180 with units in its heads.
 std::string ReachLines(const ReachTable& table);

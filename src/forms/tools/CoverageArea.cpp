@@ -28,29 +28,13 @@ CoverageGrid GridAround(const Place& site, double radiusKm, std::size_t size) {
 
 }  // namespace
 
-CoverageQuantity AreaGoal::Quantity() const {
-    switch (wanted.kind) {
-        case Wanted::Kind::PathLoss:
-            return CoverageQuantity::PathLoss;
-        case Wanted::Kind::ReceivedPower:
-            return CoverageQuantity::ReceivedPower;
-        case Wanted::Kind::FieldStrength:
-            break;
-    }
-    return CoverageQuantity::FieldStrength;
-}
-
 CoverageStation StationOf(const ContourTable& table, const AreaGoal& goal,
                           std::vector<ModelNumber> models) {
-    std::vector<double> metres;
-    metres.reserve(table.heights.radials.size());
-    for (const RadialHeight& radial : table.heights.radials)
-        metres.push_back(radial.effectiveHeight);
     return {table.heights.mast.site,
             table.path,
             table.goal.powerWatts,
-            AzimuthHeights(std::move(metres)),
-            goal.Quantity(),
+            AzimuthHeights(table.heights),
+            goal.wanted.quantity,
             {table.path.f, goal.wanted.antennaGainDbi, goal.wanted.cableLossDb},
             std::move(models),
             FarthestKm};
@@ -101,10 +85,10 @@ std::string TextAt(const ContourTable& table, const AreaGoal& goal, const PlaceA
     for (const ModelNumber number : ComparedModels) {
         const Model& model = ModelOf(number);
         ModelTermsRecord terms;
-        double value = station.quantity == CoverageQuantity::PathLoss
+        double value = station.quantity == ServiceQuantity::PathLoss
                            ? model.loss(in, terms)
                            : model.fieldStrength(in, station.powerWatts, terms);
-        if (station.quantity == CoverageQuantity::ReceivedPower)
+        if (station.quantity == ServiceQuantity::ReceivedPower)
             value = ReceivedPower(station.receiver, value);
         text += std::string(model.name) + ' ' + FormatNumber(value, "0.0") + ' ' +
                 UnitOf(station.quantity) + (InRange(model, in) ? "" : " (out of range)") +

@@ -19,8 +19,7 @@ struct AreaGoal {
     Wanted wanted;
     double stepDb = 10.0;  // from colour to colour
 
-    CoverageQuantity Quantity() const;
-    CoverageColors Colors() const { return {Quantity(), wanted.value, stepDb}; }
+    CoverageColors Colors() const { return {wanted.quantity, wanted.value, stepDb}; }
 };
 
 // A station of the table's heights and inputs, for the models that are named.

@@ -1,7 +1,5 @@
 #include "forms/tools/WantedBoxes.h"
 
-#include <array>
-
 #include "forms/shared/BoxMark.h"
 
 namespace vardel {
@@ -29,9 +27,9 @@ void WantedBoxes::OnChange(std::function<void()> change) {
 }
 
 void WantedBoxes::ShowHeads() {
-    constexpr std::array<const char*, 3> WantedUnits = {"dB(µV/m)", "dBm", "dB"};
-    lblWantedUnit.SetCaption(WantedUnits.at(static_cast<std::size_t>(cmbWanted.ListIndex())));
-    const bool received = cmbWanted.ListIndex() == static_cast<int>(Wanted::Kind::ReceivedPower);
+    const auto quantity = static_cast<ServiceQuantity>(cmbWanted.ListIndex());
+    lblWantedUnit.SetCaption(UnitOf(quantity));
+    const bool received = quantity == ServiceQuantity::ReceivedPower;
     for (Control* control :
          {static_cast<Control*>(&lblGain), static_cast<Control*>(&txtGain),
           static_cast<Control*>(&lblGainUnit), static_cast<Control*>(&lblCable),
@@ -40,9 +38,9 @@ void WantedBoxes::ShowHeads() {
 }
 
 std::optional<Wanted> WantedBoxes::Read(std::string& problem) {
-    Wanted wanted{static_cast<Wanted::Kind>(cmbWanted.ListIndex())};
+    Wanted wanted{static_cast<ServiceQuantity>(cmbWanted.ListIndex())};
     const auto value = ReadOrTell(txtWanted, LowestWanted, HighestWanted, WantedRule, problem);
-    if (wanted.kind == Wanted::Kind::ReceivedPower) {
+    if (wanted.quantity == ServiceQuantity::ReceivedPower) {
         const auto gain =
             ReadOrTell(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
         const auto cable =

@@ -126,13 +126,9 @@ void MetafileEngine::drawPath(const QPainterPath& path) {
     for (const QPolygonF& polygon : polygons) Stroke(polygon);
 }
 
-void MetafileEngine::drawPolygon(const QPointF* points, int pointCount, PolygonDrawMode mode) {
-    QPolygonF polygon = ToUnits().map(QPolygonF(QList<QPointF>(points, points + pointCount)));
-    if (mode != PolylineMode && !polygon.isEmpty()) {
-        Fill({polygon}, mode == WindingMode ? Qt::WindingFill : Qt::OddEvenFill);
-        polygon.append(polygon.first());
-    }
-    Stroke(polygon);
+// Of shapes Qt makes paths.
+void MetafileEngine::drawPolygon(const QPointF* points, int pointCount, PolygonDrawMode) {
+    Stroke(ToUnits().map(QPolygonF(QList<QPointF>(points, points + pointCount))));
 }
 
 void MetafileEngine::Fill(const QList<QPolygonF>& units, Qt::FillRule rule) {
@@ -166,27 +162,8 @@ void MetafileEngine::Stroke(const QPolygonF& units) {
     const MetafilePen metafilePen{OnPaper(pen.color()), qRound(width),
                                   bare ? LineCap::Flat : CapOf(pen.capStyle()),
                                   JoinOf(pen.joinStyle())};
-    for (const QPolygonF& line : VisibleLines(units, visible, dashes)) {
-        const MetafilePoints points = Rounded(line);
-        const bool isDot =
-            std::all_of(points.begin(), points.end(), [&](auto p) { return p == points.front(); });
-        if (isDot)
-            DrawDot(line.first());
-        else
-            writer_.DrawLine(points, metafilePen);
-    }
-}
-
-// Readers draw nothing for a line without length.
-void MetafileEngine::DrawDot(const QPointF& units) {
-    const qreal radius = PenWidth() / 2;
-    QPainterPath dot;
-    if (state->pen().capStyle() == Qt::RoundCap)
-        dot.addEllipse(units, radius, radius);
-    else
-        dot.addRect(QRectF(units - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)));
-    writer_.FillPolygons({Rounded(dot.toFillPolygon())}, OnPaper(state->pen().color()),
-                         FillRule::Winding);
+    for (const QPolygonF& line : VisibleLines(units, visible, dashes))
+        writer_.DrawLine(Rounded(line), metafilePen);
 }
 
 MetafileFont MetafileEngine::FontOf(const QTextItem& item) const {

@@ -35,7 +35,6 @@ private:
     QRectF Visible();
     void Fill(const QList<QPolygonF>& units, Qt::FillRule rule);
     void Stroke(const QPolygonF& units);
-    void DrawDot(const QPointF& units);
     MetafileFont FontOf(const QTextItem& item) const;
 
     QSize pixels_;
