@@ -66,10 +66,31 @@ class Coverage(unittest.TestCase):
             files.append(self.tiff.read_bytes())
         self.assertEqual(files[1:], files[:1] * 2)
 
+    def loss_10_km_north(self, degrees):
+        """Of the pixel that other programs find at that latitude by the file's coordinate system."""
+        return float(told("gdallocationinfo", "-valonly", "-wgs84", self.tiff, "10", degrees).split()[0])
+
+    def test_the_grids_of_the_poles_and_of_the_elevations(self):
+        # 10 km are 0.08953 degrees of latitude at 88 and 0.08990 at 50; the loss there is 138.01 dB.
+        words = ("--quantity", "path-loss", "--radius", "15", "--output", self.tiff)
+        self.made("--site", "88 10", "--grid", "utm", *words)
+        self.assertIn('"EPSG",5041', told("gdalinfo", self.tiff))
+        self.assertAlmostEqual(self.loss_10_km_north("88.08953"), 138.01, delta=0.15)
+        flat = self.folder / "flat.tif"
+        told("gdal_create", "-of", "GTiff", "-outsize", 160, 160, "-a_srs", "EPSG:32632", "-a_ullr",
+             531780, 5579130, 611780, 5499130, "-burn", 100, "-ot", "Float32", flat)
+        status, out, errors = run("--site", "50 10", "--elevation", flat, "--antenna", "60", "--frequency", "390",
+                                  "--area", "Suburban", "--grid", "elevation", *words)
+        self.assertEqual((status, errors), (0, ""))
+        about = told("gdalinfo", self.tiff)
+        for text in ('"EPSG",32632', "Pixel Size = (500.0", "Origin = (556280.0"):
+            self.assertIn(text, about)
+        self.assertAlmostEqual(self.loss_10_km_north("50.08990"), 138.01, delta=0.6)
+
     def test_the_picture_and_lines_lie_where_they_should(self):
         picture, lines = self.folder / "area.png", self.folder / "area.geojson"
         out = self.made("--radius", "20", "--field-strength", "32", "--locations", "50", "--model", "davidson",
-                        "--picture", picture, "--lines", lines, "--json")
+                        "--picture", picture, "--lines", lines, "--interval", "5", "--json")
         # 143.16 dB are met up to 14.284 km: (14.284 / 20)^2.
         self.assertAlmostEqual(json.loads(out)["covered_percent"], 51.01, delta=0.1)
         about = told("gdalinfo", picture)
@@ -81,6 +102,7 @@ class Coverage(unittest.TestCase):
             self.assertEqual(told("gdallocationinfo", "-valonly", picture, column, 200).split(), color)
         self.assertIn("from 32, as wanted", (self.folder / "area.legend.svg").read_text())
         features = json.loads(lines.read_text())["features"]
+        self.assertLessEqual({32, 37, 42}, {one["properties"]["value"] for one in features})
         wanted = [one for one in features if one["properties"] == {"value": 32, "model": "Davidson"}]
         north = max(point[1] for point in wanted[0]["geometry"]["coordinates"])
         self.assertAlmostEqual(north, 50 + 0.12842, delta=0.0005)
@@ -95,6 +117,9 @@ class Coverage(unittest.TestCase):
             (("--radius", "300", "--resolution", "1"), 2, "at most 100000 each way are calculated"),
             (("--radius", "9", "--picture", self.folder / "x.png"), 2, "--picture and --lines: coverage needs one of"),
             (("--radius", "9", "--antenna", "9"), 2, "want --elevation, too"),
+            (("--radius", "9", "--elevation", "x.tif"), 2, "--base-height does not go with --elevation"),
+            (("--radius", "9", "--quantity", "path-loss", "--path-loss", "9"), 2, "--quantity goes without"),
+            (("--radius", "9", "--path-loss", "9", "--picture", "x.png"), 2, "--picture needs --model"),
             (("--radius", "9", "--output", self.folder / "none" / "x.tif"), 1, "No such file or directory"),
             (("--radius", "9", "--output", self.folder), 1, "Is a directory"),
             (("--radius", "9", "--output", "/dev/null"), 1, "/dev/null: Invalid argument")]
