@@ -8,11 +8,7 @@
 
 namespace {
 
-using vardel::FixedWidthNumber;
-using vardel::FormatNumber;
-using vardel::LeadingNumber;
-using vardel::ShortestText;
-using vardel::WholeTextNumber;
+using namespace vardel;
 
 constexpr double Largest = std::numeric_limits<double>::max();
 
@@ -63,7 +59,7 @@ void CheckPercent(double x) {
 
 // The C library's reading is the reference, for it knows no other point in the "C" locale.
 void CheckReading(const std::string& text, double x) {
-    const double reference = std::strtod(std::string(vardel::Trimmed(text)).c_str(), nullptr);
+    const double reference = std::strtod(std::string(Trimmed(text)).c_str(), nullptr);
     Check(x == (std::isinf(reference) ? std::copysign(Largest, reference) : reference));
 }
 

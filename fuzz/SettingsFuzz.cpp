@@ -20,17 +20,10 @@
 
 namespace {
 
-using vardel::FakePlatform;
-using vardel::GlobalText;
-using vardel::GlobalValue;
-using vardel::MainForm;
-using vardel::MenuItem;
-using vardel::Program;
-using vardel::Registry;
-using vardel::TextBox;
+using namespace vardel;
 
 const std::string Own = "Vardel/Loss_FieldStrength/";
-const std::string Reach = "Vardel/Reach/";
+const std::string ReachWindow = "Vardel/Reach/";
 const std::string RecentPaths = "Vardel/Recent/Paths";
 const std::string Host = "Ostrel_Quorne/Global Parameters/";
 
@@ -42,8 +35,8 @@ using Texts = std::array<std::string, Boxes.size()>;
 // No log file is made: the state folder cannot be.
 class Desktop : public FakePlatform {
 public:
-    vardel::Platform Services() {
-        vardel::Platform services = FakePlatform::Services();
+    Platform Services() {
+        Platform services = FakePlatform::Services();
         services.stateDirectory = "/dev/null/state";
         return services;
     }
@@ -68,7 +61,7 @@ void Fill(FakePlatform& platform, std::string_view input) {
         if (key.starts_with('+'))
             platform.store[Host + key.substr(1)] = text;
         else if (key.starts_with('*'))
-            platform.store[Reach + key.substr(1)] = text;
+            platform.store[ReachWindow + key.substr(1)] = text;
         else if (key.starts_with('@'))
             platform.store[RecentPaths] = text;
         else if (key != "TempLogName")
@@ -106,7 +99,7 @@ void CheckGlobals(FakePlatform& platform) {
         // What could not be read is neither lost nor replaced.
         const auto stored = before.find(Host + name);
         if (stored != before.end() && !stored->second.empty() &&
-            !vardel::ConvertLikeDefault(byDefault, stored->second))
+            !ConvertLikeDefault(byDefault, stored->second))
             Check(written.at(Host + name) == stored->second);
     }
     platform.store = before;
@@ -127,7 +120,7 @@ Texts LeaveBoxes(MainForm& form) {
         TextBox& box = form.*Boxes[i];
         box.LostFocus.Raise();
         texts[i] = box.Text();
-        Check(vardel::WholeTextNumber(texts[i]).has_value());
+        Check(WholeTextNumber(texts[i]).has_value());
         box.LostFocus.Raise();
         Check(box.Text() == texts[i]);
     }
@@ -141,7 +134,7 @@ void CheckMainForm(Program& program, Desktop& platform) {
     const bool fromHost = Registry(platform).QuorneActive();
     Take(form);
     for (const auto box : Boxes)
-        Check(!fromHost || vardel::WholeTextNumber((form.*box).Text()).has_value());
+        Check(!fromHost || WholeTextNumber((form.*box).Text()).has_value());
     const Texts texts = LeaveBoxes(form);
     Check(form.mnuUnitsMetric.Checked() != form.mnuUnitsEnglish.Checked());
     Check(form.cmbcitysize.Enabled() == (form.cmbareatype.Text() == "Urban"));
@@ -160,7 +153,7 @@ void CheckRecentPaths(MainForm& form) {
         if (!entry->Visible()) continue;
         entry->Pick();
         const Texts taken = LeaveBoxes(form);
-        Check(vardel::LeadingNumber(taken[0]) > 0.0);
+        Check(LeadingNumber(taken[0]) > 0.0);
     }
 }
 
@@ -184,8 +177,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!program.MainForm.Loaded()) program.Start();
     platform.store.clear();
     Fill(platform, {reinterpret_cast<const char*>(data), size});
-    const bool hasReach = platform.store.lower_bound(Reach) != platform.store.end() &&
-                          platform.store.lower_bound(Reach)->first.starts_with(Reach);
+    const bool hasReach = platform.store.lower_bound(ReachWindow) != platform.store.end() &&
+                          platform.store.lower_bound(ReachWindow)->first.starts_with(ReachWindow);
     CheckGlobals(platform);
     CheckMainForm(program, platform);
     CheckRecentPaths(*program.MainForm);

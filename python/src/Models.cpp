@@ -14,14 +14,7 @@ namespace vardel::python {
 namespace {
 
 constexpr std::size_t Power = 8;
-constexpr PathPlaces Places{.frequency = 0,
-                            .distance = 1,
-                            .baseHeight = 2,
-                            .mobileHeight = 3,
-                            .area = 4,
-                            .city = 5,
-                            .percentTime = 6,
-                            .percentLocations = 7};
+constexpr PathPlaces Places = PlacesFrom(0);
 constexpr std::string_view LossArguments = "nnnnccnn";
 constexpr std::string_view FieldStrengthArguments = "nnnnccnnn";
 

@@ -20,6 +20,16 @@ struct PathPlaces {
         percentLocations;
 };
 
+// One behind the other from the first on, but for one that is absent.
+constexpr PathPlaces PlacesFrom(std::size_t first, std::size_t PathPlaces::*absent = nullptr) {
+    PathPlaces places{};
+    for (const auto place : {&PathPlaces::frequency, &PathPlaces::distance, &PathPlaces::baseHeight,
+                             &PathPlaces::mobileHeight, &PathPlaces::area, &PathPlaces::city,
+                             &PathPlaces::percentTime, &PathPlaces::percentLocations})
+        places.*place = place == absent ? PathPlaces::Absent : first++;
+    return places;
+}
+
 // The paths of a row. Their texts are made once.
 class PathReader {
 public:

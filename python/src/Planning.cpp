@@ -25,33 +25,12 @@ constexpr std::string_view GoalArguments = "cnnnccnnncn";
 constexpr std::size_t GoalValue = 8;
 constexpr std::size_t GoalQuantity = 9;
 constexpr std::size_t GoalPower = 10;
-constexpr PathPlaces ReachPlaces{.frequency = 1,
-                                 .distance = PathPlaces::Absent,
-                                 .baseHeight = 2,
-                                 .mobileHeight = 3,
-                                 .area = 4,
-                                 .city = 5,
-                                 .percentTime = 6,
-                                 .percentLocations = 7};
-constexpr PathPlaces HeightPlaces{.frequency = 1,
-                                  .distance = 2,
-                                  .baseHeight = PathPlaces::Absent,
-                                  .mobileHeight = 3,
-                                  .area = 4,
-                                  .city = 5,
-                                  .percentTime = 6,
-                                  .percentLocations = 7};
+constexpr PathPlaces ReachPlaces = PlacesFrom(1, &PathPlaces::distance);
+constexpr PathPlaces HeightPlaces = PlacesFrom(1, &PathPlaces::baseHeight);
 
 constexpr std::string_view PowerArguments = "cnnnnccnnn";
 constexpr std::size_t WantedFieldStrength = 9;
-constexpr PathPlaces PowerPlaces{.frequency = 1,
-                                 .distance = 2,
-                                 .baseHeight = 3,
-                                 .mobileHeight = 4,
-                                 .area = 5,
-                                 .city = 6,
-                                 .percentTime = 7,
-                                 .percentLocations = 8};
+constexpr PathPlaces PowerPlaces = PlacesFrom(1);
 
 const Model* ModelAt(const Columns& columns, std::size_t i) {
     const auto place = static_cast<std::size_t>(columns[0].Code(i));

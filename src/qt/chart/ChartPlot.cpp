@@ -167,8 +167,6 @@ void RemoveTitles(QCustomPlot& plot) {
 
 }  // namespace
 
-void FillPlot(QCustomPlot& plot, const Chart& chart) { FillPlot(plot, chart, chart.Scales()); }
-
 void FillPlot(QCustomPlot& plot, const Chart& chart, const ChartRanges& shown) {
     plot.clearGraphs();
     RemoveTitles(plot);

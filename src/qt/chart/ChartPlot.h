@@ -14,8 +14,7 @@ namespace vardel {
 // Of a picture on a page or in a log, in points of a plain screen.
 constexpr QSize PictureSize(900, 600);
 
-// Makes the plot show the chart as the user wants it, with these axes or those of the whole graph.
-void FillPlot(QCustomPlot& plot, const Chart& chart);
+// Makes the plot show the chart as the user wants it, with these axes.
 void FillPlot(QCustomPlot& plot, const Chart& chart, const ChartRanges& shown);
 
 // Without a window, in a size that suits a page or a log; scaled, in so many times finer points.

@@ -234,7 +234,10 @@ QString QtPlatform::LastFolder() {
     return ToQt(settings_.Read(FromQt(QApplication::applicationName()), "Dialogs", "LastFolder"));
 }
 
-std::string QtPlatform::Chosen(const QString& file) {
+std::optional<std::string> QtPlatform::AskedOf(DialogOver<QFileDialog>& dialog) {
+    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString file = dialog->selectedFiles().constFirst();
     settings_.Write(FromQt(QApplication::applicationName()), "Dialogs", "LastFolder",
                     FromQt(QFileInfo(file).absolutePath()));
     return FromQt(file);
@@ -257,10 +260,9 @@ std::optional<SaveChoice> QtPlatform::AskSaveFile(const FileDialog& request) {
     };
     setSuffix(dialog->selectedNameFilter());
     QObject::connect(&*dialog, &QFileDialog::filterSelected, &*dialog, setSuffix);
-    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
-        return std::nullopt;
-    const auto filter = static_cast<int>(filters.indexOf(dialog->selectedNameFilter()));
-    return SaveChoice{Chosen(dialog->selectedFiles().constFirst()), filter + 1};
+    const auto file = AskedOf(dialog);
+    if (!file) return std::nullopt;
+    return SaveChoice{*file, static_cast<int>(filters.indexOf(dialog->selectedNameFilter())) + 1};
 }
 
 std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
@@ -270,9 +272,7 @@ std::optional<std::string> QtPlatform::AskOpenFile(const FileDialog& request) {
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontUseNativeDialog);  // which may insist on a file that exists
-    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
-        return std::nullopt;
-    return Chosen(dialog->selectedFiles().constFirst());
+    return AskedOf(dialog);
 }
 
 std::optional<std::string> QtPlatform::AskFolder() {
@@ -280,9 +280,7 @@ std::optional<std::string> QtPlatform::AskFolder() {
     OfferFolder(*dialog, LastFolder());
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    if (dialog.Exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty())
-        return std::nullopt;
-    return Chosen(dialog->selectedFiles().constFirst());
+    return AskedOf(dialog);
 }
 
 std::string QtPlatform::AskText(const TextQuestion& question) {

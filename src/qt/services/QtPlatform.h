@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -8,6 +9,7 @@
 #include "qt/printing/QtPrinters.h"
 #include "qt/services/QtHelp.h"
 #include "qt/services/QtSettings.h"
+#include "qt/windows/DialogOver.h"
 #include "qt/windows/FormWindow.h"
 #include "services/Platform.h"
 
@@ -59,7 +61,8 @@ public:
 private:
     // Of the last choice in a file dialog; kept from start to start.
     QString LastFolder();
-    std::string Chosen(const QString& file);
+    // Nothing where the dialog was closed without a file.
+    std::optional<std::string> AskedOf(DialogOver<QFileDialog>& dialog);
 
     bool ending_ = false;
     QTimer rest_;          // of what is announced once nothing more comes

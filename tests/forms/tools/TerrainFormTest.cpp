@@ -134,6 +134,19 @@ TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     EXPECT_EQ(Form().lstAzimuths.Count(), 8);
 }
 
+TEST_F(TerrainFormTest, FilesAndFoldersGoBehindThoseThatAreThere) {
+    platform.openChoice = "c.tif";
+    Form().cmdFile.Press();
+    platform.openChoice = "d";
+    Form().cmdFolder.Press();
+    EXPECT_EQ(Form().txtFiles.Text(), "a.tif; b; c.tif; d");
+    Form().cmdRead.Press();
+    EXPECT_THAT(opened, ElementsAre(ElementsAre("a.tif", "b", "c.tif", "d")));
+    Form().txtFiles.SetText("");
+    Form().cmdFile.Press();
+    EXPECT_EQ(Form().txtFiles.Text(), "d");
+}
+
 TEST_F(TerrainFormTest, ReadingIsCancelledOrLeftAtAnyMoment) {
     platform.onYield = [this] { Form().cmdCancel.Press(); };
     Form().cmdRead.Press();
@@ -183,6 +196,14 @@ TEST_F(TerrainFormTest, AnAreaLiesUnderTheContoursAndTellsWhatIsUnderThePointer)
         HasSubstr(" E: 10.00 km at 270.0°, ground 100.0 m, effective height 100.0 m. ITU 529 "
                   "143.1 dB, "));
     EXPECT_THAT(Form().area.lblPointed.Caption(), HasSubstr("Cost 231 140.4 dB (out of range)"));
+    // P.529 gives 49.305 dB(µV/m) by 1 kW, a receiver -80.96 dBm without gain.
+    Form().wanted.cmbWanted.SetText("Received power");
+    Form().wanted.txtWanted.SetText("-80");
+    Form().wanted.txtGain.SetText("2");
+    Form().wanted.txtCable.SetText("1");
+    EXPECT_THAT(Form().area.lblPointed.Caption(), HasSubstr("ITU 529 -80.0 dBm, "));
+    EXPECT_EQ(atWest(9.9),
+              std::ranges::find_if(area.steps, &CoverageColors::Step::isWanted)->color);
     Form().map.SetPointed(std::nullopt);
     Form().map.Point.Raise();
     EXPECT_EQ(Form().area.lblPointed.Caption(), "");
