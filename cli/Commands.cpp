@@ -15,20 +15,6 @@ namespace {
 
 constexpr std::size_t WriteSize = std::size_t{1} << 16U;
 
-Cell HeightOutcome(const NeededHeight& height) {
-    switch (height.outcome) {
-        case NeededHeight::Outcome::Never:
-            return "never";
-        case NeededHeight::Outcome::Lowest:
-            return "lowest";
-        case NeededHeight::Outcome::Found:
-            return "found";
-        case NeededHeight::Outcome::Invalid:
-            break;
-    }
-    return {};
-}
-
 // What meets the goal at the path's own distance.
 void AddNeeds(Record& record, const Model& model, const PathInputs& path, const Goal& goal) {
     const ModelInputs inputs = MetricInputs(path);
@@ -41,7 +27,7 @@ void AddNeeds(Record& record, const Model& model, const PathInputs& path, const 
             power = needed->watts;
     const std::string at = "_at_" + DistanceColumn(ShortestText(path.distance), path.units);
     record.emplace_back("power_w" + at, power);
-    record.emplace_back("base_height" + at, HeightOutcome(height));
+    record.emplace_back("base_height" + at, OutcomeOf(height));
     record.emplace_back(HeightColumn("base_height", path.units) + at,
                         heightMet ? Cell(height.metres / MetresPerHeight(path.units)) : Cell());
 }
@@ -52,7 +38,7 @@ Record ReachRecord(const Model& model, const Options& options) {
     const Reach reach = ReachOf(model, MetricInputs(options.path), goal);
     Record record = {
         {"model", ColumnName(model)},
-        {"reach", ReachOutcome(reach)},
+        {"reach", OutcomeOf(reach)},
         {DistanceColumn("reach", units),
          reach.served.empty() ? Cell() : Cell(reach.km / KmPerDistance(units))},
         {"in_range", reach.inRange},

@@ -31,7 +31,7 @@ Record HeightRecord(const EffectiveHeightTable& table, const RadialHeight& radia
 void AddReach(Record& record, const Model& model, const Reach& reach, Units units) {
     const std::string name = ColumnName(model);
     record.insert(record.end(),
-                  {{name + "_reach", ReachOutcome(reach)},
+                  {{name + "_reach", OutcomeOf(reach)},
                    {DistanceColumn(name + "_reach", units),
                     reach.served.empty() ? Cell() : Cell(reach.km / KmPerDistance(units))},
                    {name + "_in_range", reach.inRange},

@@ -11,9 +11,6 @@ namespace vardel::cli {
 
 namespace {
 
-constexpr std::array<const char*, 3> Areas = {"Urban", "Suburban", "Open"};
-constexpr std::array<const char*, 2> Cities = {"Small/Medium", "Large"};
-
 template <class Names>
 std::optional<std::string> SetName(std::string& target, std::string_view text, const Names& names) {
     std::string wanted;
@@ -63,8 +60,8 @@ PathInputs DefaultPath(Units units) {
             .hb = 100.0 / MetresPerHeight(units),
             .hm = 1.5 / MetresPerHeight(units),
             .units = units,
-            .area = Areas[0],
-            .city = Cities[0]};
+            .area = AreaNames[0],
+            .city = CityNames[0]};
 }
 
 std::string Shown(std::string_view text) {
@@ -121,9 +118,9 @@ std::optional<std::string> SetPathField(PathInputs& path, PathField field, std::
         case PathField::Power:
             return SetPower(path.powerWatts, text, unit);
         case PathField::Area:
-            return SetName(path.area, text, Areas);
+            return SetName(path.area, text, AreaNames);
         case PathField::City:
-            return SetName(path.city, text, Cities);
+            return SetName(path.city, text, CityNames);
     }
     return std::nullopt;
 }

@@ -71,20 +71,4 @@ std::string HeightColumn(const std::string& quantity, Units units) {
     return quantity + std::string("_") + HeightUnit(units);
 }
 
-Cell ReachOutcome(const Reach& reach) {
-    switch (reach.outcome) {
-        case Reach::Outcome::Never:
-            return "never";
-        case Reach::Outcome::Ends:
-            return "ends";
-        case Reach::Outcome::Everywhere:
-            return "everywhere";
-        case Reach::Outcome::Late:
-            return "late";
-        case Reach::Outcome::Invalid:
-            break;
-    }
-    return {};
-}
-
 }  // namespace vardel::cli

@@ -29,7 +29,11 @@ std::string JsonOf(const std::vector<Record>& records);
 std::string DistanceColumn(const std::string& quantity, Units units);
 std::string HeightColumn(const std::string& quantity, Units units);
 
-// How a reach came out, in a word; none for Invalid.
-Cell ReachOutcome(const Reach& reach);
+// How a reach or a needed height came out, in a word; empty where there is no answer.
+template <class Answer>
+Cell OutcomeOf(const Answer& answer) {
+    if (answer.outcome == Answer::Outcome::Invalid) return {};
+    return Answer::OutcomeNames.at(static_cast<std::size_t>(answer.outcome));
+}
 
 }  // namespace vardel::cli

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/PathInputs.h"
 #include "models/Model.h"
 #include "models/Primitives.h"
 
@@ -35,13 +36,9 @@ std::size_t PlaceOf(py::handle text, const NameList& list);
 // In the order of ModelNumber; the functions of a model begin with its name.
 inline constexpr std::array<const char*, 4> ModelNames = {"itu529", "davidson", "cost231", "us"};
 
-// In the order of Area, without the unknown one.
-inline constexpr std::array<const char*, 3> AreaNames = {"Urban", "Suburban", "Open"};
 inline std::size_t FindArea(std::string_view text) noexcept {
     return static_cast<std::size_t>(AreaOfUntrimmed(text));
 }
-
-inline constexpr std::array<const char*, 2> CityNames = {"Small/Medium", "Large"};
 
 // In the order of PowerUnit.
 inline constexpr std::array<const char*, 4> UnitNames = {"W", "kW", "dBm", "dBW"};

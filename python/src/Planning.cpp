@@ -15,10 +15,6 @@ namespace vardel::python {
 
 namespace {
 
-// In the order of Reach::Outcome.
-constexpr std::array<const char*, 5> OutcomeNames = {"invalid", "never", "ends", "everywhere",
-                                                     "late"};
-
 // A goal that a path of some model shall meet: the columns of reach and base_height_for, which
 // differ in the third alone.
 constexpr std::string_view GoalArguments = "cnnnccnnncn";
@@ -95,7 +91,7 @@ py::tuple ReachOfOne(const py::object& model, const PathInputs& path, double val
             "reach takes finite numbers, with a frequency, heights and a power above zero");
     std::vector<std::pair<double, double>> served;
     for (const Stretch& stretch : reach.served) served.emplace_back(stretch.from, stretch.to);
-    return py::make_tuple(OutcomeNames.at(static_cast<std::size_t>(reach.outcome)), reach.km,
+    return py::make_tuple(Reach::OutcomeNames.at(static_cast<std::size_t>(reach.outcome)), reach.km,
                           reach.inRange, served);
 }
 
@@ -112,7 +108,7 @@ void AddGoals(py::module_& module) {
                                   bool isFieldStrength) {
         return ReachOfOne(model, PathOf(path), value, isFieldStrength);
     });
-    module.attr("OUTCOMES") = py::cast(OutcomeNames);
+    module.attr("OUTCOMES") = py::cast(Reach::OutcomeNames);
 }
 
 // function(number, unit) of a column of powers and one of units.

@@ -1,11 +1,16 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "engine/Units.h"
 #include "models/ModelInputs.h"
 
 namespace vardel {
+
+// As the models know them, in the order of Area and City.
+inline constexpr std::array<const char*, 3> AreaNames = {"Urban", "Suburban", "Open"};
+inline constexpr std::array<const char*, 2> CityNames = {"Small/Medium", "Large"};
 
 // The inputs of one path as the user entered them, in his own units.
 struct PathInputs {

@@ -15,8 +15,6 @@ namespace {
 constexpr std::string_view Mark = "vardel-inputs:";
 constexpr std::string_view English = "english";
 constexpr std::string_view Metric = "metric";
-constexpr std::array<std::string_view, 3> Areas = {"Urban", "Suburban", "Open"};
-constexpr std::array<std::string_view, 2> Cities = {"Small/Medium", "Large"};
 
 using Fields = std::map<std::string_view, std::string_view, std::less<>>;
 
@@ -51,7 +49,7 @@ double NumberOf(const Fields& fields, std::string_view name) {
 
 template <std::size_t N>
 std::string NameOf(const Fields& fields, std::string_view name,
-                   const std::array<std::string_view, N>& known) {
+                   const std::array<const char*, N>& known) {
     const auto field = fields.find(name);
     const bool isKnown = field != fields.end() &&
                          std::find(known.begin(), known.end(), field->second) != known.end();
@@ -95,8 +93,8 @@ std::optional<PathInputs> PathOfRecord(std::string_view text) {
                     .hb = NumberOf(fields, english ? "base_ft" : "base_m"),
                     .hm = NumberOf(fields, english ? "mobile_ft" : "mobile_m"),
                     .units = english ? Units::English : Units::Metric,
-                    .area = NameOf(fields, "area", Areas),
-                    .city = NameOf(fields, "city", Cities),
+                    .area = NameOf(fields, "area", AreaNames),
+                    .city = NameOf(fields, "city", CityNames),
                     .pctTime = NumberOf(fields, "time_percent"),
                     .pctLoc = NumberOf(fields, "location_percent"),
                     .powerWatts = NumberOf(fields, "power_w")};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -37,6 +38,8 @@ struct Reach {
         Everywhere,  // met at every distance
         Late,        // not met near the station, but farther out up to km, at times the farthest
     };
+    static constexpr std::array<const char*, 5> OutcomeNames = {"invalid", "never", "ends",
+                                                                "everywhere", "late"};
     Outcome outcome = Outcome::Invalid;
     double km = 0.0;       // where service ends for the first time, so still met there; 0 for Never
     bool inRange = false;  // the model covers that distance, for Never the shortest
@@ -65,6 +68,8 @@ struct NeededHeight {
         Lowest,   // met already at the lowest height
         Found,    // met from the height on
     };
+    static constexpr std::array<const char*, 4> OutcomeNames = {"invalid", "never", "lowest",
+                                                                "found"};
     Outcome outcome = Outcome::Invalid;
     double metres = 0.0;   // the lowest height that meets the goal, 0 for Never
     bool inRange = false;  // the model covers that height, for Never the highest
