@@ -51,6 +51,13 @@ public:
     void SetOnHidden(std::function<void()> onHidden) { onHidden_ = std::move(onHidden); }
 
 protected:
+    // The layout of all that the window holds.
+    template <class Layout>
+    Layout* Content(int margin, int spacing = -1) {
+        setCentralWidget(new QWidget);
+        return LayoutOf<Layout>(*centralWidget(), margin, spacing);
+    }
+
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;

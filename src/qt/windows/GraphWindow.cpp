@@ -128,10 +128,7 @@ void GraphWindow::LayOut(PlotForm& form, QGridLayout& inputs) {
     chart->addWidget(new ChartWidget(form.GraphChart(), binder), 1);
     chart->addWidget(MakeRanges(form.View()));
     chart->addWidget(MakeThreshold(form.Threshold()));
-    for (Label* label : {&form.lblHandBack, &form.lblStatus}) {
-        QLabel* line = MakeNote(*label);
-        chart->addWidget(line);
-    }
+    for (Label* label : {&form.lblHandBack, &form.lblStatus}) chart->addWidget(MakeNote(*label));
     row->addLayout(chart, 1);
     setCentralWidget(center);
     ResizeWithinScreen({1120, 640});

@@ -28,8 +28,7 @@ private:
 
 InfoWindow::InfoWindow(frmInfoScreen& form) : FormWindow(form) {
     SetTopic(HelpTopic::HelpMenu);
-    auto* center = new QWidget;
-    auto* grid = LayoutOf<QGridLayout>(*center, Margin);
+    auto* grid = Content<QGridLayout>(Margin);
     grid->setVerticalSpacing(Gap);
     QLabel* title = AddLabel(form.lblTitle, *grid, 0, 0);
     MakeTitle(*title);
@@ -47,7 +46,6 @@ InfoWindow::InfoWindow(frmInfoScreen& form) : FormWindow(form) {
     QPushButton* ok = MakeButton(form.cmdOK);
     foot->addWidget(ok);
     grid->addLayout(foot, 3, 0);
-    setCentralWidget(center);
     setFixedSize(sizeHint());
     LeaveBy(*ok);
 }

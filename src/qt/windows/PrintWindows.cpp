@@ -15,57 +15,44 @@ constexpr int ButtonWidth = 26;  // characters
 constexpr int NameWidth = 36;
 constexpr int Spacing = 12;
 
-// A small window is as large as what it holds.
-QVBoxLayout* AddColumn(QMainWindow& window) {
-    auto* center = new QWidget;
-    auto* column = new QVBoxLayout(center);
-    column->setContentsMargins(2 * Spacing, 2 * Spacing, 2 * Spacing, 2 * Spacing);
-    column->setSpacing(Spacing);
-    window.setCentralWidget(center);
-    window.layout()->setSizeConstraint(QLayout::SetFixedSize);
-    return column;
-}
-
 // The two small forms of printing on the screen. Escape leaves both.
 class PrintOutWindow : public FormWindow {
 public:
-    explicit PrintOutWindow(FrmPrintOut& form);
+    explicit PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
+        SetTopic(HelpTopic::Printing);
+        auto* column = Content<QVBoxLayout>(2 * Spacing, Spacing);
+        layout()->setSizeConstraint(QLayout::SetFixedSize);
+        for (Button* button : {&form.cmdPrint, &form.cmdPrintSetup, &form.cmdOK}) {
+            auto* widget = new QPushButton;
+            widget->setMinimumWidth(WidthOf(*widget, ButtonWidth));
+            binder.Bind(*button, *widget);
+            column->addWidget(widget);
+        }
+        auto* done = findChild<QPushButton*>("cmdOK");
+        findChild<QPushButton*>("cmdPrint")->setFocus();
+        OnKeys({Qt::Key_Escape}, [done] { done->click(); });
+    }
 };
 
 class PrinterSelectWindow : public FormWindow {
 public:
-    explicit PrinterSelectWindow(frmPrinterSelect& form);
-};
-
-PrintOutWindow::PrintOutWindow(FrmPrintOut& form) : FormWindow(form) {
-    SetTopic(HelpTopic::Printing);
-    QVBoxLayout* column = AddColumn(*this);
-    for (Button* button : {&form.cmdPrint, &form.cmdPrintSetup, &form.cmdOK}) {
-        auto* widget = new QPushButton;
-        widget->setMinimumWidth(WidthOf(*widget, ButtonWidth));
-        binder.Bind(*button, *widget);
-        column->addWidget(widget);
+    explicit PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(form) {
+        SetTopic(HelpTopic::Printing);
+        auto* column = Content<QVBoxLayout>(2 * Spacing, Spacing);
+        layout()->setSizeConstraint(QLayout::SetFixedSize);
+        auto* names = new QComboBox;
+        binder.Bind(form.cboPrinterNames, *names);
+        names->setMinimumWidth(WidthOf(*names, NameWidth));
+        names->setAccessibleName("Printer");
+        column->addWidget(names);
+        auto* select = new QPushButton;
+        binder.Bind(form.cmdSelect, *select);
+        column->addWidget(select);
+        names->setFocus();
+        QObject::connect(names->lineEdit(), &QLineEdit::returnPressed, select, &QPushButton::click);
+        OnKeys({Qt::Key_Escape}, [this] { close(); });
     }
-    auto* done = findChild<QPushButton*>("cmdOK");
-    findChild<QPushButton*>("cmdPrint")->setFocus();
-    OnKeys({Qt::Key_Escape}, [done] { done->click(); });
-}
-
-PrinterSelectWindow::PrinterSelectWindow(frmPrinterSelect& form) : FormWindow(form) {
-    SetTopic(HelpTopic::Printing);
-    QVBoxLayout* column = AddColumn(*this);
-    auto* names = new QComboBox;
-    binder.Bind(form.cboPrinterNames, *names);
-    names->setMinimumWidth(WidthOf(*names, NameWidth));
-    names->setAccessibleName("Printer");
-    column->addWidget(names);
-    auto* select = new QPushButton;
-    binder.Bind(form.cmdSelect, *select);
-    column->addWidget(select);
-    names->setFocus();
-    QObject::connect(names->lineEdit(), &QLineEdit::returnPressed, select, &QPushButton::click);
-    OnKeys({Qt::Key_Escape}, [this] { close(); });
-}
+};
 
 }  // namespace
 

@@ -53,8 +53,7 @@ private:
 RangeWindow::RangeWindow(frmLogDistRange& form)
     : FormWindow(form), begin_(MakeButton(form.cmdLogDistRange)), exit_(new FocusedWhenShown) {
     SetTopic(HelpTopic::Calculation);
-    auto* center = new QWidget;
-    auto* grid = LayoutOf<QGridLayout>(*center, Margin);
+    auto* grid = Content<QGridLayout>(Margin);
     grid->setVerticalSpacing(Gap);
     grid->addWidget(MakeInputs(form), 0, 0);
     grid->addWidget(MakeDistance(form), 0, 0);
@@ -69,7 +68,6 @@ RangeWindow::RangeWindow(frmLogDistRange& form)
                       begin_->fontMetrics().horizontalAdvance("Begin");
     begin_->setMinimumWidth(begin_->sizeHint().width() + wider + 2 * Gap);
     grid->addWidget(begin_, 3, 0);
-    setCentralWidget(center);
     setFixedSize(sizeHint());
     SetKeys();
     new FocusRing(*this);

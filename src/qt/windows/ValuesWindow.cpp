@@ -13,21 +13,17 @@ namespace {
 // The values of a chart on the screen, as a table.
 class ValuesWindow : public FormWindow {
 public:
-    explicit ValuesWindow(ValuesForm& form);
+    explicit ValuesWindow(ValuesForm& form) : FormWindow(form) {
+        auto* column = Content<QVBoxLayout>(WindowMargin);
+        column->addWidget(MakeNote(form.lblTitle));
+        auto* table = new RowTable(form.lstValues, binder, "Values");
+        column->addWidget(table, 1);
+        column->addWidget(MakeButtonRow({&form.cmdClose}));
+        table->setFocus();
+        OnKeys({Qt::Key_Escape}, [this] { close(); });
+        ResizeWithinScreen({860, 620});
+    }
 };
-
-ValuesWindow::ValuesWindow(ValuesForm& form) : FormWindow(form) {
-    auto* center = new QWidget;
-    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin);
-    column->addWidget(MakeNote(form.lblTitle));
-    auto* table = new RowTable(form.lstValues, binder, "Values");
-    column->addWidget(table, 1);
-    column->addWidget(MakeButtonRow({&form.cmdClose}));
-    setCentralWidget(center);
-    table->setFocus();
-    OnKeys({Qt::Key_Escape}, [this] { close(); });
-    ResizeWithinScreen({860, 620});
-}
 
 }  // namespace
 

@@ -25,8 +25,7 @@ private:
 };
 
 ArchiveWindow::ArchiveWindow(ArchiveForm& form) : FormWindow(form) {
-    auto* center = new QWidget;
-    auto* column = LayoutOf<QVBoxLayout>(*center, WindowMargin, WindowMargin / 2);
+    auto* column = Content<QVBoxLayout>(WindowMargin, WindowMargin / 2);
     column->addWidget(MakeHead(form));
     auto* parts = new QSplitter(Qt::Vertical);
     parts->setChildrenCollapsible(false);
@@ -36,7 +35,6 @@ ArchiveWindow::ArchiveWindow(ArchiveForm& form) : FormWindow(form) {
     column->addWidget(parts, 1);
     column->addWidget(MakeNote(form.lblStatus));
     column->addWidget(MakeButtons(form));
-    setCentralWidget(center);
     OnKeys({Qt::Key_Escape}, [this] { close(); });
     OnKeys({QKeySequence::Undo}, [this, &form] {
         if (binder.IsAlive()) form.cmdUndo.Press();
