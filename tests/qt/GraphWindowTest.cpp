@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
@@ -259,6 +261,22 @@ TEST_F(GraphWindowTest, ABoxOrOneAxisIsZoomedAndTheLegendKeepsOffTheCurves) {
         EXPECT_FALSE(ChartAsSvg(Graph().CTWX1).contains(">250<"));
         Graph().CTWX1.FileFrame.AsZoomed = false;
         EXPECT_TRUE(ChartAsSvg(Graph().CTWX1).contains(">250<"));
+    });
+}
+
+TEST_F(GraphWindowTest, TheMenuOfTheChartCopiesItsPicture) {
+    WhileOpen([&] {
+        QApplication::clipboard()->clear();
+        const QPoint at(200, 200);
+        QContextMenuEvent click(QContextMenuEvent::Mouse, at, Plot().mapToGlobal(at));
+        QApplication::sendEvent(&Plot(), &click);
+        const auto actions = Plot().findChild<QMenu*>()->actions();
+        ASSERT_EQ(actions.front()->text(), "Copy Picture");
+        actions.front()->trigger();
+        EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(900, 600));
+        Plot().xAxis->setRange(20, 40);
+        actions.back()->trigger();
+        EXPECT_EQ(Plot().xAxis->range(), QCPRange(0, 100)) << "the whole graph";
     });
 }
 
