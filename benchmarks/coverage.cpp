@@ -16,8 +16,9 @@ const ModelInputs Town{390, 0, 0, 1.5, "Suburban", "Small/Medium", 50, 95};
 
 // Of all directions another height.
 AzimuthHeights Rough() {
-    std::vector<double> metres;
-    for (int i = 0; i < 360; ++i) metres.push_back(90.0 + 50.0 * std::sin(i * 0.3));
+    std::vector<double> metres(360);
+    for (std::size_t i = 0; i < metres.size(); ++i)
+        metres[i] = 90.0 + 50.0 * std::sin(static_cast<double>(i) * 0.3);
     return AzimuthHeights(std::move(metres));
 }
 
@@ -26,7 +27,7 @@ CoverageStation StationOf(bool varied) {
 }
 
 // The grid's radius is such that a third of the pixels lies within the 20 km of the plain formulas.
-CoverageGrid GridOf(std::shared_ptr<const GridSystem> system) {
+CoverageGrid GridOf(const std::shared_ptr<const GridSystem>& system) {
     const double metres = 60'000.0 / Side;
     return MakeCoverageGrid(Site, system, PatternOf(*system, Site, metres), {30.0});
 }

@@ -15,7 +15,7 @@ const char* UnitOf(ServiceQuantity quantity) {
 }
 
 std::string WantedText(const Wanted& wanted) {
-    const std::string text = ShortestText(wanted.value) + ' ' + UnitOf(wanted.quantity);
+    std::string text = ShortestText(wanted.value) + ' ' + UnitOf(wanted.quantity);
     if (wanted.quantity == ServiceQuantity::PathLoss) return text + " of path loss";
     if (wanted.quantity == ServiceQuantity::FieldStrength) return text;
     return text + ", antenna " + ShortestText(wanted.antennaGainDbi) + " dBi, cable " +
