@@ -14,7 +14,7 @@ void WritePath(const Options& options, const Sink& output);
 // the number that its shortest text is, as if it had been typed.
 void WriteCurve(const Options& options, const Sink& output);
 // A row for each model: how far it reaches and, where a distance was given, what power and mast
-// that one needs; their names tell the distance.
+// that one needs; their names give the distance.
 void WriteReach(const Options& options, const Sink& output);
 // A line of the report log.
 void WriteLogLine(const Options& options, const CalendarTime& time, const Sink& output);

@@ -19,7 +19,7 @@ struct World {
     std::function<std::unique_ptr<Elevations>(const std::vector<std::string>& paths)> ground = {};
     // What writes rasters; throws ElevationError.
     std::function<const ElevationModule&()> module = {};
-    bool progress = false;  // whether a long batch tells how far it is
+    bool progress = false;  // whether a long batch reports how far it is
 };
 
 enum class ExitStatus : int { Done = 0, Failed = 1, WrongUsage = 2, RowsWithErrors = 3 };

@@ -67,7 +67,7 @@ Sink StandardError() {
         try {
             write(text);
         } catch (const std::system_error&) {
-            // There is no other place to tell of it.
+            // There is no other place to report it.
         }
     };
 }

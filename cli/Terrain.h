@@ -6,7 +6,7 @@
 #include "cli/batch/Batch.h"
 #include "cli/options/Options.h"
 
-// The commands that ask for the ground. Each writes all of its output at once, and tells in the
+// The commands that ask for the ground. Each writes all of its output at once, and says in the
 // notes what the user is to know besides. Throws ElevationError, before anything is written.
 
 namespace vardel::cli {

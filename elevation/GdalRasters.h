@@ -16,7 +16,7 @@ std::unique_ptr<RasterMosaic> OpenRasters(const std::vector<std::string>& paths)
 
 // Once, before GDAL is asked for anything.
 void SetGdalUp();
-// What GDAL told last, on one line; the other text where it told nothing.
+// What GDAL said last, on one line; the other text where it said nothing.
 std::string LastMessage(const char* otherwise = "cannot be read");
 
 // The coordinate system and the cells of the first raster of these paths. Throws ElevationError.

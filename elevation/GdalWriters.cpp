@@ -20,7 +20,7 @@ using Dataset = std::unique_ptr<GDALDataset>;
 
 [[noreturn]] void Fail() { throw ElevationError(LastMessage("cannot be written")); }
 
-// GDAL writes some of a file only when it closes it, and tells a fault of that nowhere else.
+// GDAL writes some of a file only when it closes it, and reports a fault of that nowhere else.
 void Close(Dataset& dataset) {
     if (!dataset) return;
     dataset->FlushCache(true);

@@ -166,7 +166,7 @@ private:
     std::mutex reading_;
     std::size_t taken_ = 0;
     bool ended_ = false;
-    std::exception_ptr readFault_;  // told after what came before it is written
+    std::exception_ptr readFault_;  // reported after what came before it is written
 
     std::mutex writing_;
     std::condition_variable turn_;

@@ -12,7 +12,7 @@ namespace vardel::cli {
 // Finds the effective heights of paths, for many threads at once.
 class PathGround {
 public:
-    // antenna: in m above the ground, for paths that do not tell it.
+    // antenna: in m above the ground, for paths that do not give it.
     PathGround(std::unique_ptr<Elevations> elevations, const HeightDefinition& definition,
                std::optional<double> antenna);
 

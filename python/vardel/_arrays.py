@@ -1,6 +1,6 @@
 """Arguments of every library that follows numpy's protocols, made ready for universal functions.
 
-None of these libraries is imported: what an argument can do tells what it is.
+None of these libraries is imported: what an argument can do shows what it is.
 """
 
 from __future__ import annotations

@@ -13,8 +13,8 @@ namespace vardel {
 // By themselves, in the colours of their models.
 CurvePlot PreviewOf(const std::vector<CurveRow>& curves);
 
-// Over the curves of a graph, dashed, named after their run. place counts runs from 0 and tells
-// those of one apart from those of another.
+// Over the curves of a graph, dashed, named after their run. place counts runs from 0 and
+// distinguishes those of one apart from those of another.
 CurvePlot LaidCurves(std::int64_t run, const std::vector<CurveRow>& curves, std::size_t place);
 
 }  // namespace vardel

@@ -23,7 +23,7 @@ struct ArchivedInputs {
     bool hasPower = false;
 };
 
-// A run's line of parameters tells heights without their unit and the power rounded, so that the
+// A run's line of parameters gives heights without their unit and the power rounded, so that the
 // curves decide: nothing where the line cannot be read, or no unit gives the curves that are
 // stored.
 std::optional<ArchivedInputs> InputsOfRun(const std::string& parameters,

@@ -21,7 +21,7 @@ struct ArchivedRun {
 };
 
 // Writes the run, a curve for each of the compared models, and closes the archive, which must have
-// been opened. What fails is told and seen by HasFailed of the archive.
+// been opened. What fails is reported and seen by HasFailed of the archive.
 void WriteRun(dbOperations& archive, const ArchivedRun& run);
 
 }  // namespace vardel

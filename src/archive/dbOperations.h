@@ -15,8 +15,8 @@ class Windows;
 
 // Writes runs into an archive: each a row of the table "ModelRun", and a row of "DataSets" for each
 // of its curves. A run is written by OpenArchive, AddModelRun, AddDataSet for each curve,
-// CloseArchive. Each of the four tells a failure of a step in a message and leaves out its steps
-// behind that; the caller goes on.
+// CloseArchive. Each of the four reports the failure of a step in a message and leaves out its
+// steps behind that; the caller goes on.
 class dbOperations {
 public:
     explicit dbOperations(Windows& windows) : windows_(windows) {}

@@ -8,7 +8,7 @@
 #include "controls/Element.h"
 #include "controls/Form.h"
 
-// The controls that forms are made of. Setting a property tells the view; the text of a box and
+// The controls that forms are made of. Setting a property notifies the view; the text of a box and
 // the selection of a list raise their change event when they really change, whoever set them.
 
 namespace vardel {
@@ -39,7 +39,7 @@ public:
     void SetForeColor(Color color) { Assign(foreColor_, color); }
     const std::string& ToolTipText() const { return toolTipText_; }
     void SetToolTipText(std::string text) { Assign(toolTipText_, std::move(text)); }
-    // In words what a colour or a picture tells, for those who do not see it.
+    // In words what a colour or a picture shows, for those who do not see it.
     const std::string& StateText() const { return stateText_; }
     void SetStateText(std::string text) { Assign(stateText_, std::move(text)); }
 

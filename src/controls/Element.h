@@ -9,7 +9,7 @@
 namespace vardel {
 
 // What has properties that a user can see: a form or a control. Whoever shows it gives it one view,
-// which is told after every real change of a property and then reads what it needs.
+// which is notified after every real change of a property and then reads what it needs.
 class Element {
 public:
     Element() = default;

@@ -63,7 +63,7 @@ struct CellRectangle {
 };
 
 // Puts in the distances in km and the azimuths in degrees, 0 to 360, of the centres of so many
-// cells of a row; no numbers where the system has no place. Without azimuths for none. Safe on any
+// cells of a row; NaN where the system has no place. Without azimuths for none. Safe on any
 // thread.
 void WaysToCells(const CoverageGrid& grid, int row, int column, std::size_t count, double* km,
                  double* azimuths);

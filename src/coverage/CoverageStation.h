@@ -17,7 +17,7 @@ class AzimuthHeights {
 public:
     // The same height in m on all azimuths.
     explicit AzimuthHeights(double metres) : metres_{metres, metres} {}
-    // Heights in m on equally spaced azimuths from north over east, one at least; no number where
+    // Heights in m on equally spaced azimuths from north over east, one at least; NaN where
     // one is not known.
     explicit AzimuthHeights(std::vector<double> metres) : metres_(std::move(metres)) {
         metres_.push_back(metres_.front());
@@ -27,7 +27,7 @@ public:
     explicit AzimuthHeights(const EffectiveHeightTable& table) : AzimuthHeights(MetresOf(table)) {}
 
     bool Vary() const noexcept { return perDegree_ > 0.0; }
-    // Of an azimuth from 0 to 360 degrees; no number where one of both neighbours is not known.
+    // Of an azimuth from 0 to 360 degrees; NaN where one of both neighbours is not known.
     double At(double azimuth) const noexcept {
         const double at = azimuth * perDegree_;
         auto before = static_cast<std::size_t>(at);

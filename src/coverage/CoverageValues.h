@@ -23,7 +23,7 @@ struct CoverageBuffers {
 };
 
 // Puts in dB(µV/m), dBm or dB, each with the bits of a single call for that distance and that
-// height; no number, and out of range, at the site itself, beyond the station's farthest distance,
+// height; NaN, and out of range, at the site itself, beyond the station's farthest distance,
 // and where the height is not known. Throws std::bad_alloc. Safe on any thread.
 void ComputeCoverage(const CoverageStation& station, const CoverageGrid& grid,
                      const CellRectangle& cells, const CoverageBuffers& buffers);

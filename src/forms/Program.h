@@ -19,8 +19,8 @@ public:
     void Start();
     // Once the main form is up: the introduction over it, for who wants to see it.
     void Introduce();
-    // The session ends or the program is told to go: saves what an exit would that retains the log,
-    // with no question asked.
+    // The session ends or the program is asked to go: saves what an exit would that retains the
+    // log, with no question asked.
     void EndSession();
     // The same where nothing can be shown any more.
     void EndWithoutDisplay();

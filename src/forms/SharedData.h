@@ -53,7 +53,7 @@ struct SharedData {
     GraphScales FieldStrengthScales;
     std::vector<LaidRun> LaidRuns;
     Form* HelpOwnerWindow = nullptr;                             // whom the help viewer belongs to
-    const Chart* ChartToRead = nullptr;                          // what ValuesForm tells
+    const Chart* ChartToRead = nullptr;                          // what ValuesForm shows
     Chart* ChartToPrint = nullptr;                               // what FrmPrintOut works on
     Color OutOfRangeColor = OutOfRangePink;                      // of what its model does not cover
     vardel::PowerUnit PowerUnit = vardel::PowerUnit::Kilowatts;  // of the power box

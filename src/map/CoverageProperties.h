@@ -7,7 +7,7 @@
 #include "map/Coordinates.h"
 #include "map/MapFeatures.h"
 
-// What the polygons of rings and of contours tell of their inputs alike.
+// What the polygons of rings and of contours both say about their inputs.
 
 namespace vardel {
 

@@ -22,7 +22,7 @@ struct ModelColor {
 // thread and have the same bits wherever they meet; see MakeModel for how they are made.
 struct Model {
     ModelNumber number;
-    const char* name;  // short, as legends tell it
+    const char* name;  // short, as in legends
     // Path loss in dB, and field strength in dB(µV/m) for a power in watts e.r.p., with terms of
     // the caller's own. In an urban area a city size that is not known keeps the antenna term of
     // the last call, in curves it gives a term of 0.

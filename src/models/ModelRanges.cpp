@@ -34,7 +34,7 @@ std::array<BrokenLimit, 5> LimitsOf(int model, double f, double hb, double hm, d
              {"Distance", "km", d, -Unbounded, range.dMax}}};
 }
 
-// What is no number is broken.
+// NaN breaks every bound.
 bool Holds(const BrokenLimit& limit) noexcept {
     return limit.low <= limit.value && limit.value <= limit.high;
 }

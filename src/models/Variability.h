@@ -7,9 +7,9 @@
 
 #include "Primitives.h"
 
-// The statistics that move a median loss to other percentages of time and of locations: a loss
-// gains TimeVariability and gives up LocationVariability, a field strength the other way about.
-// Both are 0 at 50 %. What is no number gives none.
+// The statistics that move a median loss to other percentages of time and of locations.
+// TimeVariability is added to a loss and LocationVariability subtracted from it; for a field
+// strength the signs are the other way about. Both are 0 at 50 %. NaN in gives NaN out.
 //
 // The standard deviations follow the curves of Y. Okumura et al., "Field Strength and its
 // Variability in VHF and UHF Land-Mobile Radio Service", Review of the Electrical Communication

@@ -64,8 +64,8 @@ public:
     virtual void Show(Form& form) = 0;
     // Blocks all other forms; returns once the form is no longer visible.
     virtual void ShowModal(Form& form, Form* owner) = 0;
-    // The form has ended: nothing of it is shown or told any more. It is destroyed with its window,
-    // which may have an event on the stack.
+    // The form has ended: nothing of it is shown or announced any more. It is destroyed with its
+    // window, which may have an event on the stack.
     virtual void Forget(std::unique_ptr<Form> form) = 0;
 
     virtual Answer ShowMessage(const Message& message) = 0;
@@ -85,7 +85,7 @@ public:
     virtual void EndProgram() = 0;
     // Whether that was asked for: no event routine begins any more.
     virtual bool IsEnding() const = 0;
-    // Says a text to a screen reader, which of itself tells only what changes where the focus is.
+    // Says a text to a screen reader, which by itself reads only what changes where the focus is.
     virtual void Announce(const std::string& text) = 0;
     // Likewise once nothing more has come to be said for a second, as while somebody types.
     virtual void AnnounceAtRest(const std::string& text) = 0;

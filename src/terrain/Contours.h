@@ -34,7 +34,7 @@ ContourTable ContoursOf(EffectiveHeightTable heights, const ModelInputs& path, c
 std::optional<std::string> ContourGeoJson(const ContourTable& table);
 std::optional<std::string> ContourKml(const ContourTable& table);
 
-// What a user is to be told of the heights, and of the contours besides, a sentence each.
+// What a user should know about the heights and the contours, a sentence each.
 std::vector<std::string> NotesOn(const EffectiveHeightTable& heights);
 std::vector<std::string> NotesOn(const ContourTable& table);
 

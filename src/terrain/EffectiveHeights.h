@@ -18,7 +18,7 @@ struct Mast {
     std::optional<double> ground;  // m above sea level, typed; nothing: the data's
 };
 
-// What the data say of one direction. Of a radial of which nothing was seen, the heights are none.
+// What the data say of one direction. Of a radial of which nothing was seen, the heights are NaN.
 struct RadialHeight {
     double azimuth;          // degrees from north over east
     double averageTerrain;   // m above sea level, of the points that were seen

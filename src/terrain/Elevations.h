@@ -25,7 +25,7 @@ public:
     virtual ~Elevations() = default;
 
     // Puts in the elevations of count valid places, in m above sea level, bilinear between the
-    // nearest four cells; no number where one of these is not known, or where there are no data.
+    // nearest four cells; NaN where one of these is not known, or where there are no data.
     // Throws ElevationError where they cannot be read.
     virtual void At(const Place* places, std::size_t count, double* metres) = 0;
     // The distance between neighbouring cells there, in m, the larger one of both directions; no

@@ -44,7 +44,7 @@ struct RasterGrid {
 // found back.
 bool IsUsable(const RasterGrid& grid) noexcept;
 
-// Reads cells of one raster in m, no number for those without data. The window lies within the
+// Reads cells of one raster in m, NaN for those without data. The window lies within the
 // raster. Throws ElevationError.
 using CellReader = std::function<void(int column, int row, int columns, int rows, float* metres)>;
 

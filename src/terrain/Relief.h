@@ -12,10 +12,10 @@ namespace vardel {
 struct Relief {
     std::size_t size = 0;       // cells each way
     double radiusKm = 0.0;      // from the middle to the middle of each edge
-    std::vector<float> metres;  // row after row from the north; no number where nothing is known
+    std::vector<float> metres;  // row after row from the north; NaN where nothing is known
 
     bool IsEmpty() const { return metres.empty(); }
-    // Of the cell so far east and north of the middle; no number beyond the square.
+    // Of the cell so far east and north of the middle; NaN beyond the square.
     double MetresAt(double eastKm, double northKm) const;
 };
 

@@ -52,7 +52,7 @@ struct MeasuredFault {
 std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTable& table);
 
 // False when there is no such file, or none that can be read; table is then left as it is. The user
-// is told of that, and of a fault in the file.
+// gets a message about that, and about a fault in the file.
 bool ReadMeasuredData(const std::string& path, MeasuredTable& table, Windows& windows);
 
 // Which column of which table is that of a path.

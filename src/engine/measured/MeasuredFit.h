@@ -8,7 +8,7 @@
 #include "engine/curves/CurvePlot.h"
 #include "engine/measured/MeasuredData.h"
 
-// How well the models tell what was measured. An error is what a model predicts less what was
+// How well the models predict what was measured. An error is what a model predicts minus what was
 // measured, in dB; mean, standard deviation and root mean square as in Recommendation ITU-R P.311:
 // the deviation is that of all points, so that rms² = mean² + deviation².
 

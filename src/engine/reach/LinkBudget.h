@@ -24,7 +24,7 @@ double ReceivedPower(const Receiver& receiver, double dBuVm) noexcept;
 
 // The path loss in dB between isotropic antennas that a power in watts e.r.p. may suffer for a
 // field strength in dB(µV/m) at f in MHz; not finite likewise. A half-wave dipole, of which an
-// e.r.p. tells, has a gain of 2.15 dBi.
+// e.r.p. refers to, has a gain of 2.15 dBi.
 double AllowedLoss(double f, double powerWatts, double dBuVm) noexcept;
 
 }  // namespace vardel

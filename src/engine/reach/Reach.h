@@ -32,7 +32,7 @@ constexpr double FarthestReach = FarthestPoint;  // km
 // How far a goal is met, and where.
 struct Reach {
     enum class Outcome {
-        Invalid,     // no answer: an input is no number or not above zero
+        Invalid,     // no answer: an input is NaN or not above zero
         Never,       // met at no distance
         Ends,        // met from the shortest distance to km
         Everywhere,  // met at every distance
@@ -87,7 +87,7 @@ struct NeededPower {
     bool inRange;  // the model covers the inputs
 };
 
-// The power for a field strength in dB(µV/m) at in.d. Nothing for an input that is no number or not
+// The power for a field strength in dB(µV/m) at in.d. Nothing for an input that is NaN or not
 // above zero, and for a power too small or large to be a number.
 std::optional<NeededPower> PowerForFieldStrength(const Model& model, const ModelInputs& in,
                                                  double dBuVm);

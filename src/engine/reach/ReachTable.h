@@ -32,7 +32,7 @@ struct ReachTable {
     std::vector<Row> rows;                             // by the order of ComparedModels
 };
 
-// percentages: of locations, 50 meaning 50 %. An input that is no number or not above zero gives
+// percentages: of locations, 50 meaning 50 %. An input that is NaN or not above zero gives
 // rows with no answer.
 ReachTable MakeReachTable(const PathInputs& path, const Wanted& wanted,
                           const std::array<double, ReachPercentages>& percentages);

@@ -19,7 +19,7 @@ struct SharedData;
 
 // The runs of an archive: searched, sorted, looked at, laid over the graphs, taken back into the
 // main form. What is deleted leaves the archive when the form closes, and until then comes back by
-// an undo. Faults are told in the form, by no message.
+// an undo. Faults are shown in the form, in no message.
 class ArchiveForm : public Form {
 public:
     ArchiveForm(Platform& platform, SharedData& shared, Doors& doors);
@@ -65,7 +65,7 @@ private:
     void ShowSelected();
     void ShowCurves(const RunRow& run);
     void EnableButtons();
-    // False, and the fault told, where the step throws.
+    // False, and the fault is shown, where the step throws.
     bool Try(const std::function<void()>& step);
     bool DeleteForGood();
     bool IsDeleted(std::int64_t run) const;

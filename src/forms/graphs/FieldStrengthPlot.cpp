@@ -30,7 +30,7 @@ void FrmOkumFieldStrength::SetScalesAndTitles() {
 }
 
 // The boxes as they stand, with metric unit letters also where they show feet. In a family the base
-// height is told with each curve instead.
+// height stands with each curve instead.
 void FrmOkumFieldStrength::SetTitles() {
     const bool urban = IsUrban(cmbareatype);
     std::string line = "Frq:" + TrimmedText(txtFreq) + "MHz,";

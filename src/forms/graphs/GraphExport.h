@@ -4,7 +4,7 @@
 
 namespace vardel {
 
-// Saves in a file that the user names, in the chart's frame. A failure is told.
+// Saves in a file that the user names, in the chart's frame. A failure is shown.
 void SavePicture(Form& form, Chart& chart, ChartFileKind kind);
 // A column for each curve, for spreadsheets.
 void SaveTable(Form& form, Chart& chart);

@@ -29,7 +29,7 @@ struct RuledBox {
     BoxRule rule;
 };
 
-// Narrower than the main form's rules in places; the base height's message tells another limit.
+// Narrower than the main form's rules in places; the base height's message names another limit.
 constexpr std::array<RuledBox, 5> RuledBoxes = {{
     {&PlotForm::txtFreq,
      {150, 2000, 150, "Valid Frequency Range 150 MHz to 2000 MHz", InputPattern}},

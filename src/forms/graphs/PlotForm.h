@@ -61,7 +61,7 @@ public:
     Label Label9{*this, "Label9", "Mobile Antenna"};
 
     Label lblHandBack{*this, "lblHandBack"};  // in what it differs from the main form
-    Label lblStatus{*this, "lblStatus"};      // what was done last, where no message tells it
+    Label lblStatus{*this, "lblStatus"};      // what was done last, where no message says it
 
     MenuItem mnuFile{*this, "mnuFile", "&File"};
     MenuItem mnuFileSave{mnuFile, "mnuFileSave", "&Save Meta File"};
@@ -87,7 +87,7 @@ public:
     void HandBackInputs(MainForm& main);
     // Before the window closes, what will change there.
     void ShowHandBack();
-    // Empty: there is nothing to tell.
+    // Empty: there is nothing to say.
     void ShowStatus(std::string text);
 
 protected:

@@ -8,7 +8,7 @@ namespace vardel {
 struct GraphThreshold;
 
 // The line at a level that a graph shows once its user asks for it, with the reach of each curve.
-// It is dragged in the chart or typed; what it tells is of the curves as they were drawn.
+// It is dragged in the chart or typed; what it says is of the curves as they were drawn.
 class ThresholdLine {
 public:
     ThresholdLine(Form& form, Chart& chart, GraphThreshold& setting);

@@ -7,7 +7,7 @@
 
 namespace vardel {
 
-// Where the help tells a model's formula and its sources.
+// Where the help gives a model's formula and its sources.
 inline HelpTopic TopicOf(ModelNumber model) {
     constexpr std::array<HelpTopic, 4> Topics = {HelpTopic::Itu529, HelpTopic::Davidson,
                                                  HelpTopic::Cost231, HelpTopic::UsVariant};

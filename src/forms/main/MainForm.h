@@ -44,11 +44,11 @@ public:
     // said.
     enum class Take { Power, AllButPower, PowerAndDistance };
     void TakeInputs(const PathInputs& path, Take take);
-    // What was done, where no message tells it; until the next calculation.
+    // What was done, where no message says it; until the next calculation.
     void Tell(std::string text);
     void ShowStatus();
     // The first of the files that holds the inputs of a graph; once the user has agreed, they are
-    // taken. That none does is told once.
+    // taken. That none does is said once.
     struct GivenFile {
         std::string name;
         std::string text;

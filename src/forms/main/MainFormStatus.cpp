@@ -1,4 +1,4 @@
-// What the line at the window's foot tells.
+// What the line at the window's foot says.
 
 #include "forms/SharedData.h"
 #include "forms/main/MainForm.h"

@@ -91,7 +91,7 @@ std::string_view FrmReport::LineAtCaret() {
     return text.substr(begin, std::min(text.find("\r\n", begin), text.size()) - begin);
 }
 
-// Never silently: the log rounds what it tells.
+// Never silently: the log rounds its numbers.
 void FrmReport::mnuEditTake_Click() {
     constexpr double SameLine = 0.0051;  // dB: a result is rounded to 0.01
     constexpr double NoLine = 1.0;       // dB: then a distance may as well be in the other unit

@@ -16,7 +16,7 @@ public:
 
     // The log of the last run, when it is there and no other program has it.
     bool Continue(const std::string& path);
-    // A log that a program left behind without having been told to: the youngest that holds
+    // A log that a program left behind unasked: the youngest that holds
     // anything.
     bool TakeUpOrphan();
     // An empty file with a new name. False where the folder cannot be written; there is no file

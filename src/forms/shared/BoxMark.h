@@ -13,7 +13,7 @@ constexpr double LowestWanted = -300.0;
 constexpr double HighestWanted = 400.0;
 constexpr const char* WantedRule = "The wanted value is a number from -300 to 400.";
 
-// Marks a box that is not good, and tells those who do not see it why. Gives back whether it is.
+// Marks a box that is not good, and says why to those who do not see it. Gives back whether it is.
 bool MarkBox(TextBox& box, bool good, const char* what);
 
 // The box's number; nothing, with the box marked, where it is none between the limits.

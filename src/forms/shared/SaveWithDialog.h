@@ -19,7 +19,7 @@ std::optional<SaveChoice> AskWhereToSave(Form& form, const FileDialog& dialog);
 // filters are in the order of the endings.
 std::size_t ChosenKind(const SaveChoice& choice, std::initializer_list<const char*> endings);
 
-// Asks likewise; then saves under the hourglass. An exception of save is told as an error in
+// Asks likewise; then saves under the hourglass. An exception of save is shown as an error in
 // saving. True when it has saved.
 bool SaveWithDialog(Form& form, const FileDialog& dialog,
                     const std::function<void(const SaveChoice&)>& save);

@@ -48,7 +48,7 @@ struct PlaceAround {
 };
 
 // In one line: the place, its distance and azimuth, the effective height in its direction and what
-// each model gives there. metres: of the ground there above sea level, no number where it is not
+// each model gives there. metres: of the ground there above sea level, NaN where it is not
 // known.
 std::string TextAt(const ContourTable& table, const AreaGoal& goal, const PlaceAround& place,
                    double metres, Units units);

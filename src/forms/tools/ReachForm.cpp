@@ -156,7 +156,7 @@ void ReachForm::ShowTable() {
     for (Button* button : {&cmdAdd, &cmdCopy, &cmdGraph}) button->SetEnabled(table_.has_value());
 }
 
-// Of the columns, whose heads tell the percentages.
+// Of the columns, whose heads name the percentages.
 void ReachForm::TellTable() {
     std::string told = lblProblem.Caption();
     if (table_)

@@ -18,7 +18,7 @@ struct SharedData;
 
 // How far the models let the main form's station reach for what a service asks, and what power or
 // height it would need at the main form's distance. All is computed anew with every change, here
-// and there. What is wrong is told beside the boxes, by no message.
+// and there. What is wrong is shown beside the boxes, in no message.
 class ReachForm : public Form {
 public:
     ReachForm(Platform& platform, SharedData& shared, Doors& doors);

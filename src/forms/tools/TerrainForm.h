@@ -19,7 +19,7 @@ struct Platform;
 
 // The effective heights of the station's antenna by azimuth, from elevation data, and how far it
 // reaches with them. The ground is read when the user asks; what depends on the main form's inputs
-// and on what is wanted follows at once. What is wrong is told beside the boxes, by no message.
+// and on what is wanted follows at once. What is wrong is shown beside the boxes, in no message.
 class TerrainForm : public Form {
 public:
     TerrainForm(Platform& platform, Doors& doors);

@@ -35,7 +35,7 @@ void SetColors(QWidget& widget, const Control& control) {
     if (widget.palette() != colors) widget.setPalette(colors);
 }
 
-// What tells a screen reader the state of a control, and what described the widget before once it
+// What gives a screen reader the state of a control, and what described the widget before once it
 // has none.
 std::function<void()> StateTeller(const Control& control, QWidget& widget) {
     return [&control, &widget, told = std::string(), before = QString()]() mutable {
@@ -98,7 +98,7 @@ void Binder::Bind(ComboBox& list, QComboBox& combo) {
         BindCommon(list, combo);
         SetColors(combo, list);
         combo.setCurrentIndex(list.ListIndex());
-        // A screen reader is not told the chosen entry of a list that a label names.
+        // A screen reader does not get the chosen entry of a list that a label names.
         if (combo.accessibleDescription() != combo.currentText())
             combo.setAccessibleDescription(combo.currentText());
     });

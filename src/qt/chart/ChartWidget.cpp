@@ -117,7 +117,7 @@ void ChartWidget::MakeReadout() {
     HideReadout();
 }
 
-// The chart is told what the screen shows; the frame's other side follows.
+// The chart learns what the screen shows; the frame's other side follows.
 void ChartWidget::FollowAxis(QCPAxis& axis, QCPAxis& opposite, std::size_t i) {
     connect(&axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
             [this, &axis, &opposite, i](const QCPRange& range) {

@@ -19,7 +19,7 @@ struct ClipFrame {
 };
 
 // The parts of a line through the points that lie within the frame, for devices that clip nothing
-// themselves. Between two parts stands a point whose y is no number.
+// themselves. Between two parts stands a point whose y is NaN.
 std::vector<CurvePoint> Clipped(const std::vector<CurvePoint>& line, const ClipFrame& frame);
 
 }  // namespace vardel

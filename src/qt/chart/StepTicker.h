@@ -11,7 +11,7 @@ public:
     // A step of 0: a plain ticker's at any zoom.
     explicit StepTicker(double step = 0.0) : step_(step) {}
 
-    // How many decimals tell every multiple of the step from the next; at most 9.
+    // How many decimals distinguish each multiple of the step from the next; at most 9.
     static int DecimalsOf(double step);
 
 protected:

@@ -23,7 +23,7 @@ void Announcement::Make(const QString& text) {
     if (window == nullptr) return;
     auto* shown = window->findChild<QWidget*>(Name, Qt::FindDirectChildrenOnly);
     if (shown == nullptr) shown = new Announcement(*window);
-    shown->hide();  // it is its coming up that is told
+    shown->hide();  // screen readers read it as it comes up
     shown->setAccessibleName(text);
     shown->show();
 }

@@ -31,7 +31,7 @@ private:
     QTransform ToUnits() const;
     qreal PenWidth() const;  // in units
     Color OnPaper(const QColor& color) const;
-    // Sets the metafile's clip and tells what of the device shows, in units.
+    // Sets the metafile's clip and returns what of the device shows, in units.
     QRectF Visible();
     void Fill(const QList<QPolygonF>& units, Qt::FillRule rule);
     void Stroke(const QPolygonF& units);

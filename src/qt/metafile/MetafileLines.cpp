@@ -81,7 +81,7 @@ private:
     qreal period_;
 };
 
-// Cuts the polygon at one line; inside tells on which side a point is by its sign.
+// Cuts the polygon at one line; the sign of inside is the side on which a point lies.
 template <typename Distance>
 QPolygonF PolygonBeside(const QPolygonF& polygon, const Distance& inside) {
     QPolygonF kept;

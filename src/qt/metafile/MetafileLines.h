@@ -13,7 +13,7 @@ struct DashPattern {
 };
 
 // The parts of the line within the bounds that the pattern draws, each bending where the line does.
-// Points that are no numbers interrupt the line.
+// Points that are NaN interrupt the line.
 QList<QPolygonF> VisibleLines(const QPolygonF& line, const QRectF& bounds,
                               const DashPattern& dashes = {});
 

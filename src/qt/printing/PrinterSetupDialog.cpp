@@ -13,7 +13,7 @@ namespace vardel {
 
 namespace {
 
-// Of a printer that tells none, and of files.
+// Of a printer that names none, and of files.
 QList<QPageSize> UsualPapers() {
     QList<QPageSize> papers;
     for (const auto id : {QPageSize::A4, QPageSize::A3, QPageSize::A5, QPageSize::Letter,

@@ -98,7 +98,7 @@ void SetUpApplication(QApplication& application) {
     if (const QString icon = QApplication::applicationDirPath() + "/vardel.svg";
         QFile::exists(icon))
         QApplication::setWindowIcon(QIcon(icon));
-    // Nothing here is the desktop's own look: the forms' colours are told one by one.
+    // Nothing here is the desktop's own look: the forms' colours are set one by one.
     LearnDesktop();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     // The style keeps the pictures of its buttons by the palettes of their windows, which no later
@@ -185,7 +185,7 @@ void QtPlatform::ShowModal(Form& form, Form* owner) {
     FormWindow& window = WindowOf(form);
     const ActiveWindow before(owner != nullptr ? &WindowOf(*owner) : nullptr);
     QWidget* parent = before.Get();
-    window.winId();  // makes the window of the desktop, which can then be told whose it is
+    window.winId();  // makes the window of the desktop, which then takes an owner
     if (parent != nullptr && parent != &window &&
         !window.windowHandle()->isAncestorOf(parent->windowHandle()))
         window.windowHandle()->setTransientParent(parent->windowHandle());

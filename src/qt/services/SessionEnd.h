@@ -5,7 +5,7 @@
 
 namespace vardel {
 
-// Tells when the desktop session ends or the program is told to go by a signal (SIGTERM, SIGHUP,
+// Calls back when the desktop session ends or a signal asks the program to go (SIGTERM, SIGHUP,
 // SIGINT), when a second function is to end the event loop; and when the program dies by exit while
 // this lives, as the window system ends it that has lost its display. One at a time.
 class SessionEnd : public QObject {

@@ -42,7 +42,7 @@ public:
     explicit FormWindow(Form& form, LabelFont labelFont = LabelFont::Plain);
     ~FormWindow() override;
 
-    // Hides the window and cuts every tie by which it and the form tell each other something.
+    // Hides the window and cuts every tie between it and the form.
     void Release();
     // Likewise, but the window stays as it is.
     void LetGo();

@@ -98,7 +98,7 @@ MainWindow::MainWindow(MainForm& form)
     setAcceptDrops(true);
 }
 
-// As wide as the window happens to be, whatever it tells.
+// As wide as the window happens to be, whatever it says.
 void MainWindow::AddStatusLine(MainForm& form) {
     QStatusBar& bar = *statusBar();
     bar.setSizeGripEnabled(false);

@@ -12,7 +12,7 @@ public:
     // An empty text where nothing is stored.
     virtual std::string Read(const std::string& application, const std::string& section,
                              const std::string& key) = 0;
-    // Does not throw; FailedFile tells of a failure.
+    // Does not throw; FailedFile names the file that failed.
     virtual void Write(const std::string& application, const std::string& section,
                        const std::string& key, const std::string& text) = 0;
     // The path of the application's file where something that was last written to it is not there;

@@ -114,7 +114,7 @@ public:
     }
     // The axes of the whole graph. Logarithmic distances begin above zero.
     ChartRanges Scales() const;
-    // The axes as the screen shows them, which tells it; the scales where none does.
+    // The axes as the screen shows them, which sets them; the scales where none does.
     ChartRanges View() const { return view_ ? *view_ : Scales(); }
     void SetView(const ChartRanges& view) { view_ = view; }
 
@@ -124,7 +124,7 @@ public:
     // that stood there does so still.
     void SaveMetafile(int format, const std::string& path);
 
-    // On the current printer; that there is none, or that it fails, is told.
+    // On the current printer; that there is none, or that it fails, is shown.
     void PrintChart();
     // The user chooses what a later PrintChart prints on.
     void PrinterSetup();

@@ -8,7 +8,7 @@ namespace vardel {
 
 // How a spreadsheet writes a number: commas part the cells of a file with decimal points,
 // semicolons those of one with decimal commas. There every number with a comma is quoted, since
-// LibreOffice Calc takes both signs as parting cells unless it is told otherwise.
+// LibreOffice Calc takes both signs as parting cells unless it is set otherwise.
 enum class DecimalSign { Point, Comma };
 
 // The chart as a table for spreadsheets: lines that begin with # with the titles, the inputs in

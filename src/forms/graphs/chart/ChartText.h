@@ -26,11 +26,11 @@ struct ChartValue {
 std::vector<ChartValue> ChartValues(const Chart& chart, double distance);
 
 // The distance, then each curve's value there: between points in a straight line, marked where its
-// model is out of range. Of single points, between which there is nothing to be told, the nearest.
+// model is out of range. Of single points, between which there are no values, the nearest.
 // distance in km.
 std::vector<std::string> ChartReadout(const Chart& chart, double distance);
 
-// The titles, which tell the inputs, as comments; then a line for each point: the curve, the
+// The titles, which name the inputs, as comments; then a line for each point: the curve, the
 // distance, the value, and whether the model covers it.
 std::string ChartCsv(const Chart& chart);
 
