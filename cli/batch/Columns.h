@@ -56,7 +56,7 @@ private:
     PathInputs defaults_;
 };
 
-// The names of all columns that are inputs, parted by commas.
+// The names of all columns that are inputs, separated by commas.
 std::string KnownColumns();
 
 }  // namespace vardel::cli

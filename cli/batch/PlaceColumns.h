@@ -58,7 +58,7 @@ private:
     double antennaFactor_ = 1.0;  // to metres
 };
 
-// The names of these columns, parted by commas.
+// The names of these columns, separated by commas.
 std::string KnownPlaceColumns();
 
 }  // namespace vardel::cli

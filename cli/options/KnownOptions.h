@@ -27,7 +27,7 @@ struct OptionReading {
 };
 
 struct KnownOption {
-    // Puts in what a text means. Throws UsageError.
+    // Fills in what a text means. Throws UsageError.
     using Take = void(OptionReading& reading, const KnownOption& option, const std::string& text);
 
     const char* text;

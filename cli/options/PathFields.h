@@ -29,8 +29,8 @@ constexpr std::size_t PathFieldCount = 9;
 // in the units.
 PathInputs DefaultPath(Units units);
 
-// Puts in what a text means. Distances and heights come with the factor, a power in the unit. Gives
-// what is wrong with the text, in words behind its name; nothing: it was put in.
+// Fills in what a text means. Distances and heights come with the factor, a power in the unit.
+// Gives what is wrong with the text, in words behind its name; nothing: it was put in.
 std::optional<std::string> SetPathField(PathInputs& path, PathField field, std::string_view text,
                                         double factor = 1.0, PowerUnit unit = PowerUnit::Watts);
 

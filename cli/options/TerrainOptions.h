@@ -34,7 +34,7 @@ std::optional<HeightDefinition> DefinitionOf(const std::string& text,
                                              std::optional<std::string>& wrong);
 std::optional<std::size_t> AzimuthsOf(const std::string& text, std::optional<std::string>& wrong);
 
-// The keys of the definitions, parted by commas.
+// The keys of the definitions, separated by commas.
 std::string DefinitionKeys();
 
 }  // namespace vardel::cli

@@ -62,13 +62,13 @@ struct CellRectangle {
     int columns, rows;
 };
 
-// Puts in the distances in km and the azimuths in degrees, 0 to 360, of the centres of so many
+// Fills in the distances in km and the azimuths in degrees, 0 to 360, of the centres of so many
 // cells of a row; NaN where the system has no place. Without azimuths for none. Safe on any
 // thread.
 void WaysToCells(const CoverageGrid& grid, int row, int column, std::size_t count, double* km,
                  double* azimuths);
 
-// Puts in the places of the centres; not valid where there is none. Safe on any thread.
+// Fills in the places of the centres; not valid where there is none. Safe on any thread.
 void PlacesOfCells(const CoverageGrid& grid, int row, int column, std::size_t count, Place* places);
 
 // The area of a cell in km² near a cell, from the corners of a square of cells around it.

@@ -22,13 +22,13 @@ struct CoverageBuffers {
     std::array<std::uint8_t*, ComparedModels.size()> inRange{};  // 1 where the model covers it
 };
 
-// Puts in dB(µV/m), dBm or dB, each with the bits of a single call for that distance and that
+// Fills in dB(µV/m), dBm or dB, each with the bits of a single call for that distance and that
 // height; NaN, and out of range, at the site itself, beyond the station's farthest distance,
 // and where the height is not known. Throws std::bad_alloc. Safe on any thread.
 void ComputeCoverage(const CoverageStation& station, const CoverageGrid& grid,
                      const CellRectangle& cells, const CoverageBuffers& buffers);
 
-// The same with the rows parted among so many threads. Between rows it looks whether to stop; then
+// The same with the rows shared among so many threads. Between rows it looks whether to stop; then
 // it returns false, and the buffers hold nothing of use.
 bool ComputeCoverageOn(unsigned threads, const CoverageStation& station, const CoverageGrid& grid,
                        const CellRectangle& cells, const CoverageBuffers& buffers,

@@ -12,7 +12,7 @@ namespace vardel {
 inline constexpr std::array<const char*, 3> AreaNames = {"Urban", "Suburban", "Open"};
 inline constexpr std::array<const char*, 2> CityNames = {"Small/Medium", "Large"};
 
-// The inputs of one path as the user entered them, in his own units.
+// The inputs of one path in the units that the user entered them in.
 struct PathInputs {
     double distance = 0.0;   // km or miles
     double frequency = 0.0;  // MHz

@@ -11,9 +11,9 @@
 
 namespace vardel {
 
-// All but the distance: a mark, then name=value pairs parted by blanks. Heights stand in metres and
-// in feet, the power in watts, numbers with a decimal point and all their digits. No character of
-// it has a meaning in XML, PDF or CSV.
+// All but the distance: a mark, then name=value pairs separated by blanks. Heights stand in metres
+// and in feet, the power in watts, numbers with a decimal point and all their digits. No character
+// of it has a meaning in XML, PDF or CSV.
 std::string PathRecord(const PathInputs& path);
 
 // Of the first record in the text, in the units that its user had. Nothing where there is none, or

@@ -109,11 +109,11 @@ std::optional<double> ParseLongitude(std::string_view text) {
 }
 
 std::optional<Place> ParsePlace(std::string_view text) {
-    const bool isParted = text.find_first_of(",;") != text.npos;
-    const char* const partings = isParted ? ",;" : " \t";
+    const bool isSeparated = text.find_first_of(",;") != text.npos;
+    const char* const separators = isSeparated ? ",;" : " \t";
     std::optional<Place> place;
-    for (std::size_t at = text.find_first_of(partings); at != text.npos;
-         at = text.find_first_of(partings, at + 1)) {
+    for (std::size_t at = text.find_first_of(separators); at != text.npos;
+         at = text.find_first_of(separators, at + 1)) {
         const auto latitude = ParseLatitude(text.substr(0, at));
         const auto longitude = ParseLongitude(text.substr(at + 1));
         if (!latitude || !longitude) continue;

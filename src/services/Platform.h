@@ -33,7 +33,7 @@ struct Message {
     Answer closed = Answer::No;  // what closing a question of yes and no by its frame answers
 };
 
-// A file dialog. The filters are pairs of a description and a pattern, parted by "|", or one
+// A file dialog. The filters are pairs of a description and a pattern, separated by "|", or one
 // pattern, and count from 1.
 struct FileDialog {
     std::string folder;
@@ -132,7 +132,7 @@ public:
     virtual void SetOrientation(PageOrientation orientation) = 0;
     virtual void SetFont(const TextFont& font) = 0;
 
-    // Adds a line to the document, or several that are parted by line ends.
+    // Adds a line to the document, or several that are separated by line ends.
     virtual void PrintText(std::string_view text) = 0;
     // Sends what was added to the printer; the next document begins empty. Throws where that fails,
     // as does the next.

@@ -24,12 +24,12 @@ public:
     Elevations& operator=(const Elevations&) = delete;
     virtual ~Elevations() = default;
 
-    // Puts in the elevations of count valid places, in m above sea level, bilinear between the
+    // Fills in the elevations of count valid places, in m above sea level, bilinear between the
     // nearest four cells; NaN where one of these is not known, or where there are no data.
     // Throws ElevationError where they cannot be read.
     virtual void At(const Place* places, std::size_t count, double* metres) = 0;
-    // The distance between neighbouring cells there, in m, the larger one of both directions; no
-    // number where there are no data.
+    // The distance between neighbouring cells there, in m, the larger one of both directions; NaN
+    // where there are no data.
     virtual double Step(const Place& place) = 0;
     // What of the data is left out, in words for the user.
     virtual const std::vector<std::string>& Notes() const = 0;

@@ -3,8 +3,8 @@
 #include <array>
 #include <string_view>
 
-// What is meant by the effective height of a base antenna: its height above sea level less the
-// ground's average along a part of the path.
+// What is meant by the effective height of a base antenna: its height above sea level minus
+// the ground's average along a part of the path.
 
 namespace vardel {
 

@@ -25,8 +25,7 @@ Relief ReliefAround(Elevations& elevations, const Place& site, double radiusKm, 
                     const std::function<bool(std::size_t done)>& goOn);
 
 // How bright the ground is in each cell, 0 to 1, with the sun in the north-west at 45 degrees as
-// maps have it, heights drawn out so that the steepest is well seen. No number where nothing is
-// known.
+// maps have it, heights drawn out so that the steepest is well seen. NaN where nothing is known.
 std::vector<float> ShadeOf(const Relief& relief);
 
 }  // namespace vardel

@@ -70,7 +70,7 @@ CurvePlot PlotOf(const GraphCurves& graph, double maxDist);
 // none.
 void AddMeasured(CurvePlot& plot, const MeasuredSegment& segment, int column);
 
-// A line for each series, parted by carriage returns.
+// A line for each series, separated by carriage returns.
 std::string LegendText(const CurvePlot& plot);
 
 }  // namespace vardel

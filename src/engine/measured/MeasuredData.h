@@ -10,7 +10,7 @@
 
 // Field strengths that were measured, from the file measured.csv beside the program.
 //
-// The file is a sequence of fields, parted by commas and line ends alike. A 0 opens a table:
+// The file is a sequence of fields, separated by commas and line ends alike. A 0 opens a table:
 // frequency, percent of time as a fraction, area, mobile antenna height, number N of base antenna
 // heights, N heights. Any other number is the distance of a data row, with N field strengths.
 
@@ -46,9 +46,8 @@ struct MeasuredFault {
 // Puts the tables of the text into table: with a fault, those that ended before it, and where there
 // are none, an empty one of a frequency of -1. Empty fields at the end of a line, with which
 // spreadsheets fill their rows up, are no fields where a head or row is complete; elsewhere an
-// empty field is a fault. Takes linear
-// time. A table of a few characters takes as much memory as a full one, so there may be 32768 of
-// them, which is 150 MB, and no more.
+// empty field is a fault. Takes linear time. A table of a few characters takes as much memory as a
+// full one, so there may be 32768 of them, which is 150 MB, and no more.
 std::optional<MeasuredFault> ParseMeasuredData(std::string_view text, MeasuredTable& table);
 
 // False when there is no such file, or none that can be read; table is then left as it is. The user

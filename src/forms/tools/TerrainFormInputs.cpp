@@ -16,7 +16,7 @@ constexpr double TallestMast = 2000.0;    // m
 constexpr double HighestGround = 9000.0;  // m
 constexpr double LowestGround = -500.0;   // m
 
-// Parted by semicolons.
+// Separated by semicolons.
 std::vector<std::string> PathsOf(std::string_view text) {
     std::vector<std::string> paths;
     while (!text.empty()) {

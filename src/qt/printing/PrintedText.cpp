@@ -32,7 +32,7 @@ public:
                              : metrics_.horizontalAdvance(line);
     }
 
-    // How many units of the line fit; at least one sign, and no sign is parted.
+    // How many units of the line fit; at least one character, and no character is split.
     qsizetype Fitting(const QString& line, double width) const {
         if (IsAscii(line))
             return std::clamp<qsizetype>(static_cast<qsizetype>(width / pitch_), 1, line.size());

@@ -50,7 +50,7 @@ struct ChartTitle {
 };
 
 struct ChartLegend {
-    std::string Text;  // a line for each series, parted by carriage returns
+    std::string Text;  // a line for each series, separated by carriage returns
     int FontSize = 8;
     bool Visible = false;
     int AttributeA = 0;
