@@ -25,7 +25,7 @@
 #include "qt/services/Convert.h"
 #include "qt/services/PictureConvert.h"
 #include "qt/windows/DialogOver.h"
-#include "qt/windows/WindowFactory.h"
+#include "qt/windows/Windows.h"
 
 namespace vardel {
 

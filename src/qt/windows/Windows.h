@@ -39,4 +39,7 @@ std::unique_ptr<FormWindow> WindowOf(MeasuredForm& form);
 std::unique_ptr<FormWindow> WindowOf(ReachForm& form);
 std::unique_ptr<FormWindow> WindowOf(TerrainForm& form);
 
+// That of any of these forms. Throws std::logic_error for another.
+std::unique_ptr<FormWindow> MakeWindow(Form& form);
+
 }  // namespace vardel

@@ -1,4 +1,4 @@
-#include "qt/windows/WindowFactory.h"
+#include "qt/windows/Windows.h"
 
 #include <stdexcept>
 
@@ -17,7 +17,6 @@
 #include "forms/tools/MeasuredForm.h"
 #include "forms/tools/ReachForm.h"
 #include "forms/tools/TerrainForm.h"
-#include "qt/windows/Windows.h"
 
 namespace vardel {
 
