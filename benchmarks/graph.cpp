@@ -29,11 +29,11 @@ void Redraw(benchmark::State& state, PlotForm& form) {
     form.cmdUpdateGraph.Press();
     QCustomPlot plot;
     plot.resize(900, 600);
+    KeepLegendFree(plot);
     FillPlot(plot, form.GraphChart(), form.GraphChart().Scales());
     plot.replot();
     for (auto _ : state) {
         FillPlot(plot, form.GraphChart(), form.GraphChart().Scales());
-        PlaceLegend(plot);
         plot.replot();
     }
 }

@@ -264,6 +264,33 @@ TEST_F(GraphWindowTest, ABoxOrOneAxisIsZoomedAndTheLegendKeepsOffTheCurves) {
     });
 }
 
+TEST_F(GraphWindowTest, TheLegendIsPlacedForTheWindowAsItIs) {
+    FrmOkumFieldStrength& form = *program.FrmOkumFieldStrength;
+    form.SelectPlot(FieldStrengthGraph::Itu529);
+    form.mnuModelDist300.Pick();
+    form.cmdUpdateGraph.Press();
+    FormWindow& window = platform.WindowOf(form);
+    auto& plot = *static_cast<ChartWidget*>(window.findChild<QCustomPlot*>("CTWXfs"));
+    const auto hiddenOfFreeSpace = [&] {
+        const QRect legend = plot.legend->outerRect();
+        int hidden = 0;
+        for (const QCPGraphData& p : *plot.graph(plot.graphCount() - 1)->data())
+            hidden += legend.contains(static_cast<int>(plot.xAxis->coordToPixel(p.key)),
+                                      static_cast<int>(plot.yAxis->coordToPixel(p.value)));
+        return hidden;
+    };
+    for (const QSize size : {QSize(1300, 1000), QSize(700, 560), QSize(1500, 700)}) {
+        window.resize(size);
+        window.show();
+        QApplication::processEvents();
+        const Qt::Alignment placed = plot.axisRect()->insetLayout()->insetAlignment(0);
+        // In the small one each corner hides some of the curves.
+        EXPECT_TRUE(size.width() < 1000 || hiddenOfFreeSpace() == 0) << size.width();
+        plot.replot();
+        EXPECT_EQ(plot.axisRect()->insetLayout()->insetAlignment(0), placed) << size.width();
+    }
+}
+
 TEST_F(GraphWindowTest, TheMenuOfTheChartCopiesItsPicture) {
     WhileOpen([&] {
         QApplication::clipboard()->clear();

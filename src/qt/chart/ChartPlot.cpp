@@ -74,6 +74,8 @@ QCPGraph* AddGraph(QCustomPlot& plot, const ChartSeries& series) {
     graph->setAdaptiveSampling(true);
     graph->setName(ToQt(series.Continued ? "(cont.)" : series.Curve));
     graph->setScatterStyle(MarkOf(series));
+    graph->setProperty(ReferenceProperty,
+                       series.LineStyle == static_cast<int>(LinePattern::FreeSpace));
     return graph;
 }
 
@@ -190,13 +192,11 @@ void FillPlot(QCustomPlot& plot, const Chart& chart, const ChartRanges& shown) {
 namespace {
 
 // A curve that is switched off has an entry on the screen only, where a click puts it back.
-void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame, QSize size) {
+void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame) {
     FillPlot(plot, chart, frame.AsZoomed ? chart.View() : chart.Scales());
     for (int i = plot.graphCount() - 1; i >= 0; --i)
         if (!plot.graph(i)->visible()) plot.removeGraph(i);
-    plot.setViewport(QRect(QPoint(), size));
-    plot.replot();  // lays it out
-    PlaceLegend(plot);
+    KeepLegendFree(plot);
 }
 
 }  // namespace
@@ -204,7 +204,7 @@ void FillFor(QCustomPlot& plot, const Chart& chart, const ChartFrame& frame, QSi
 bool DrawChartOn(QPaintDevice& device, const Chart& chart, const ChartFrame& frame, QSize size,
                  double scale) {
     QCustomPlot plot;
-    FillFor(plot, chart, frame, size);
+    FillFor(plot, chart, frame);
     ClipGraphs(plot);  // not every device clips
     QCPPainter painter;
     if (!painter.begin(&device)) return false;
@@ -217,7 +217,7 @@ bool DrawChartOn(QPaintDevice& device, const Chart& chart, const ChartFrame& fra
 
 QImage DrawChart(const Chart& chart, int scale, const ChartFrame& frame) {
     QCustomPlot plot;
-    FillFor(plot, chart, frame, PictureSize);
+    FillFor(plot, chart, frame);
     return plot.toPixmap(PictureSize.width(), PictureSize.height(), scale).toImage();
 }
 

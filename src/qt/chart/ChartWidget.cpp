@@ -82,9 +82,7 @@ ChartWidget::ChartWidget(Chart& chart, Binder& binder) : chart_(chart) {
     MakeReadout();
     FollowAxis(*xAxis, *xAxis2, 0);
     FollowAxis(*yAxis, *yAxis2, 1);
-    connect(this, &QCustomPlot::beforeReplot, this, [this] {
-        if (legend->visible()) PlaceLegend(*this);
-    });
+    KeepLegendFree(*this);
     connect(this, &QCustomPlot::afterReplot, this, [this] {
         readoutPlaced_ = false;
         if (pointer_) ShowReadout(xAxis->pixelToCoord(*pointer_));

@@ -10,14 +10,22 @@ namespace vardel {
 
 namespace {
 
-using Line = std::vector<CurvePoint>;
+// A point of a curve is worth so many of a reference's.
+constexpr std::size_t ReferenceShare = 4;
+
+struct Line {
+    std::vector<CurvePoint> points;
+    std::size_t weight;
+};
 
 std::vector<Line> LinesOf(const QCustomPlot& plot) {
     std::vector<Line> lines;
     for (int i = 0; i < plot.graphCount(); ++i) {
         if (!plot.graph(i)->visible()) continue;
         Line& line = lines.emplace_back();
-        for (const QCPGraphData& p : *plot.graph(i)->data()) line.push_back({p.key, p.value});
+        line.weight = plot.graph(i)->property(ReferenceProperty).toBool() ? 1 : ReferenceShare;
+        for (const QCPGraphData& p : *plot.graph(i)->data())
+            line.points.push_back({p.key, p.value});
     }
     return lines;
 }
@@ -39,7 +47,7 @@ Qt::Alignment FreestCorner(const QCustomPlot& plot, QSize size,
         const ClipFrame frame = FrameOf(
             plot, QStyle::alignedRect(Qt::LeftToRight, corner, size, plot.axisRect()->rect()));
         std::size_t hidden = 0;
-        for (const Line& line : lines) hidden += Clipped(line, frame).size();
+        for (const Line& line : lines) hidden += line.weight * Clipped(line.points, frame).size();
         if (hidden >= fewest) continue;
         fewest = hidden;
         freest = corner;
@@ -47,14 +55,18 @@ Qt::Alignment FreestCorner(const QCustomPlot& plot, QSize size,
     return freest;
 }
 
-void PlaceLegend(QCustomPlot& plot) {
-    constexpr QSize Room(20, 20);
-    QCPLayoutInset& inset = *plot.axisRect()->insetLayout();
-    inset.setInsetAlignment(
-        0, FreestCorner(plot, plot.legend->minimumOuterSizeHint() + Room,
-                        {inset.insetAlignment(0), Qt::AlignTop | Qt::AlignRight,
-                         Qt::AlignBottom | Qt::AlignRight, Qt::AlignBottom | Qt::AlignLeft,
-                         Qt::AlignTop | Qt::AlignLeft}));
+void KeepLegendFree(QCustomPlot& plot) {
+    QObject::connect(&plot, &QCustomPlot::afterLayout, &plot, [&plot] {
+        if (!plot.legend->visible()) return;
+        constexpr QSize Room(20, 20);
+        QCPLayoutInset& inset = *plot.axisRect()->insetLayout();
+        inset.setInsetAlignment(
+            0, FreestCorner(plot, plot.legend->minimumOuterSizeHint() + Room,
+                            {inset.insetAlignment(0), Qt::AlignTop | Qt::AlignRight,
+                             Qt::AlignBottom | Qt::AlignRight, Qt::AlignBottom | Qt::AlignLeft,
+                             Qt::AlignTop | Qt::AlignLeft}));
+        inset.update(QCPLayoutElement::upLayout);
+    });
 }
 
 }  // namespace vardel
