@@ -77,27 +77,30 @@ private:
     void Form_Load() override;
     void Form_Unload() override;
     void WireEvents();
-    void cmdRead_Click();
+    StoredTexts Texts();
+    Units UnitsNow() const;
     void cmdTake_Click();
     void cmdSave_Click();
     void cmdSaveArea_Click();
 
-    StoredTexts Texts();
-    std::optional<Inputs> ReadInputs(std::string& problem);
+    // TerrainFormInputs.cpp
+    void ConvertBoxes(Units units);
     std::optional<HeightDefinition> ReadDefinition(std::string& problem);
+    std::optional<Inputs> ReadInputs(std::string& problem);
+    void TellGround();
+
+    // TerrainFormReading.cpp
+    void cmdRead_Click();
     // Runs what takes its time, with progress and Cancel; an exception becomes the problem, and so
     // does that it was cancelled.
     void RunAtLength(const std::function<void()>& work, const char* cancelled);
     void ReadGround(const Inputs& inputs);
     // Lets the user in, who may stop it or close the window; whether it is to go on.
     bool GoesOn(double done);
-    void TellGround();
     void ShowContours();
+    RowList::Row RowAt(std::size_t azimuth) const;
     void ShowAzimuth(std::optional<std::size_t> azimuth);
     void EnableButtons();
-    RowList::Row RowAt(std::size_t azimuth) const;
-    void ConvertBoxes(Units units);
-    Units UnitsNow() const;
 
     Doors& doors_;
     std::unique_ptr<Elevations> elevations_;  // of openFiles_
