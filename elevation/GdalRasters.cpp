@@ -60,7 +60,7 @@ public:
         earth.SetWellKnownGeogCS("WGS84");
         earth.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         transform_.reset(OGRCreateCoordinateTransformation(&earth, &system));
-        if (!transform_) throw ElevationError("has a coordinate system that is not known");
+        if (!transform_) throw ElevationError("has an unknown coordinate system");
     }
 
     void ToMap(const Place* places, std::size_t count, double* x, double* y) override {
@@ -128,7 +128,7 @@ private:
             }
         }
         if (!transformation) transformation.reset(OGRCreateCoordinateTransformation(&from, &to));
-        if (!transformation) throw ElevationError("has a coordinate system that is not known");
+        if (!transformation) throw ElevationError("has an unknown coordinate system");
         transformation->Transform(static_cast<int>(count), x, y);
         const std::lock_guard lock(spare.mutex);
         spare.transformations.push_back(std::move(transformation));
@@ -264,8 +264,8 @@ private:
         if (!fs::exists(file, none) && !file.starts_with("/vsi"))
             throw ElevationError("does not exist");
         const Dataset dataset = Open(file);
-        if (!dataset) throw ElevationError("is no raster, or is damaged: " + LastMessage());
-        if (dataset->GetRasterCount() < 1) throw ElevationError("is a raster without a band");
+        if (!dataset) throw ElevationError("is not a raster, or is damaged: " + LastMessage());
+        if (dataset->GetRasterCount() < 1) throw ElevationError("is a raster with no bands");
         GDALRasterBand& band = *dataset->GetRasterBand(1);
         if (GDALDataTypeIsComplex(band.GetRasterDataType()) != FALSE)
             throw ElevationError("has complex numbers in place of heights");
@@ -288,7 +288,8 @@ private:
         band.GetBlockSize(&columns, &rows);
         const double bytes = static_cast<double>(columns) * rows *
                              GDALGetDataTypeSizeBytes(band.GetRasterDataType());
-        if (!(bytes <= LargestBlock)) throw ElevationError("can only be read in too large pieces");
+        if (!(bytes <= LargestBlock))
+            throw ElevationError("can only be read in blocks that are too large");
     }
 
     std::unique_ptr<RasterMosaic> mosaic_ = std::make_unique<RasterMosaic>();

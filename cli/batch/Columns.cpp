@@ -90,7 +90,7 @@ Columns::Columns(const std::vector<CsvField>& head, const PathInputs& defaults,
     };
     places_.Check(nameOf(PathField::Distance), nameOf(PathField::BaseHeight));
     if (inputs_.empty() && !places_.HasPlaces())
-        throw InputError("line 1: no column is an input; these are: " + KnownColumns());
+        throw InputError("line 1: no column is an input. The inputs are: " + KnownColumns());
     NoteLikenesses();
     SettleUnits(units);
     const auto added = AddedNames();

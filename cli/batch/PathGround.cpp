@@ -12,7 +12,7 @@ RadialHeight PathGround::Along(const Place& base, double antenna, const Geodesic
     const double ground = GroundAt(*elevations_, mast);
     const RadialHeight radial = EffectiveHeightToward(*elevations_, mast, ground, definition_,
                                                       BoundsFor(definition_, way.km), way.azimuth);
-    if (radial.seen == 0.0) throw ElevationError("the elevation data have nothing of the path");
+    if (radial.seen == 0.0) throw ElevationError("the elevation data do not cover the path");
     return radial;
 }
 

@@ -16,7 +16,7 @@ std::string RowReader::TakeHead() {
     while (buffer_.find('\n') == buffer_.npos && buffer_.size() <= LongestRow && Fill()) {
     }
     if (buffer_.starts_with("\xFF\xFE") || buffer_.starts_with("\xFE\xFF"))
-        throw InputError("is UTF-16; UTF-8 is wanted");
+        throw InputError("is UTF-16; UTF-8 is expected");
     byteOrderMark_ = buffer_.starts_with(ByteOrderMark);
     if (byteOrderMark_) buffer_.erase(0, ByteOrderMark.size());
     delimiter_ = DelimiterOf(std::string_view(buffer_).substr(0, buffer_.find('\n')));

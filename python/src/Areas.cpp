@@ -25,7 +25,7 @@ constexpr NameList SystemList{"grid", SystemNames};
 
 // Of the coordinates in a place's neighbourhood.
 std::shared_ptr<const GridSystem> SystemOf(const py::handle& name, const Place& place) {
-    if (!IsValid(place)) throw py::value_error("the site is no place on the earth");
+    if (!IsValid(place)) throw py::value_error("the site is not a place on the earth");
     return PlaceOf(name, SystemList) == 0 ? GridSystemAround(place) : UtmSystemOf(place);
 }
 

@@ -67,7 +67,7 @@ private:
 std::vector<RunRow> RunsOf(Archive& archive, std::int64_t offset, std::optional<std::int64_t> limit,
                            const py::object& order, bool descending) {
     if (offset < 0 || limit.value_or(0) < 0)
-        throw py::value_error("offset and limit are 0 or more");
+        throw py::value_error("offset and limit must be 0 or more");
     const RunOrder by{static_cast<RunOrder::By>(PlaceOf(order, OrderList)), descending};
     return archive.Reading([&](const ArchiveReader& reader) {
         return reader.Runs(by, offset, limit.value_or(std::numeric_limits<std::int64_t>::max()));

@@ -33,7 +33,7 @@ public:
             project_(longitudes, latitudes)
                 .cast<std::pair<py::array_t<double>, py::array_t<double>>>();
         if (eastings.size() != size || northings.size() != size)
-            throw py::value_error("project gives back as many x and y as it is given places");
+            throw py::value_error("project must return as many x and y as it is given places");
         for (py::ssize_t i = 0; i < size; ++i) {
             x[i] = eastings.data()[i];
             y[i] = northings.data()[i];
@@ -89,22 +89,23 @@ py::tuple EffectiveHeightArrays(const Raster& raster, const std::array<double, 6
                                 std::optional<std::pair<double, double>> bounds,
                                 std::size_t azimuths) {
     const Mast mast{{latitude, longitude}, antenna, ground};
-    if (!IsValid(mast.site)) throw py::value_error("the site is no place on the earth");
+    if (!IsValid(mast.site)) throw py::value_error("the site is not a place on the earth");
     if (!(antenna > 0.0) || !std::isfinite(antenna) || (ground && !std::isfinite(*ground)))
-        throw py::value_error("antenna is a height in m above zero, ground one in m or None");
+        throw py::value_error(
+            "antenna must be a height in m above zero, ground a height in m or None");
     if (azimuths < FewestAzimuths || azimuths > MostAzimuths)
-        throw py::value_error("azimuths is a number from 8 to 3600");
-    if (raster.ndim() != 2) throw py::value_error("elevation is an array of rows and columns");
+        throw py::value_error("azimuths must be a number from 8 to 3600");
+    if (raster.ndim() != 2) throw py::value_error("elevation must be an array of rows and columns");
     if (bounds) {
         const auto [from, to] = *bounds;
         if (!(0.0 <= from && from < to && to <= FarthestBound))
-            throw py::value_error("bounds in km go from 0 to 300, the nearer first");
+            throw py::value_error("bounds must be from 0 to 300 km, the nearer first");
         return Heights(raster, toMap, project, mast, OwnHeightDefinition(from, to), azimuths);
     }
     const HeightDefinition* const known = FindHeightDefinition(definition);
     if (known == nullptr)
         throw py::value_error(
-            "definition is '3-16', '3-15', '3.2-16.1', 'p1546' or two bounds in km");
+            "definition must be '3-16', '3-15', '3.2-16.1', 'p1546' or two bounds in km");
     return Heights(raster, toMap, project, mast, *known, azimuths);
 }
 

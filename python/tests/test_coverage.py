@@ -51,7 +51,7 @@ def test_another_station_on_the_same_pixels():
 
 @pytest.mark.parametrize("wrong, message", [
     ({"radius": 0}, "up to 300"), ({"radius": 10, "resolution": 0}, "above zero"),
-    ({"radius": 10, "latitude": 91}, "no place"), ({"bounds": (50, 6, 49, 7)}, "south, west"),
+    ({"radius": 10, "latitude": 91}, "not a place"), ({"bounds": (50, 6, 49, 7)}, "south, west"),
     ({"radius": 200, "resolution": 1}, "at most 100000"), ({"radius": 10, "area": "Sea"}, "not 'Sea'"),
     ({"radius": 10, "models": ["itu529"] * 4}, "one to three"), ({"radius": 10, "models": ["us"]}, "models is"), ({"radius": 10, "power": np.nan}, "finite"),
     ({"radius": 10, "base_height": -1}, "above zero"), ({"radius": 10, "quantity": "power"}, "quantity is")])

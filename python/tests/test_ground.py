@@ -54,7 +54,7 @@ def test_contour():
 @pytest.mark.parametrize("wrong, message", [
     ({"antenna": 0}, "above zero"), ({"azimuths": 7}, "8 to 3600"),
     ({"definition": "2-9"}, "p1546"), ({"definition": (5, 4)}, "nearer first"),
-    ({"latitude": 91}, "no place"), ({"longitude": 40, "ground": None}, "outside the elevation"),
+    ({"latitude": 91}, "not a place"), ({"longitude": 40, "ground": None}, "outside the elevation"),
     ({"project": lambda x, y: (x[:1], y[:1])}, "as many x and y")])
 def test_what_is_wrong_is_told(wrong, message):
     with pytest.raises(ValueError, match=message):

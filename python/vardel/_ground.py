@@ -110,7 +110,7 @@ def effective_heights(
 ) -> EffectiveHeights:
     """The effective heights of a base antenna in each direction, from elevations in m.
 
-    elevation is an array of rows and columns with its affine transform, as rasterio gives them, or
+    elevation must be an array of rows and columns with its affine transform, as rasterio gives them, or
     an xarray.DataArray with coordinates, as rioxarray does. Its coordinates are longitude and
     latitude, unless project turns arrays of these into its x and y, such as the transform of a
     pyproj.Transformer with always_xy.

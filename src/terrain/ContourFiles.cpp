@@ -127,7 +127,8 @@ std::vector<std::string> NotesOn(const EffectiveHeightTable& heights) {
     AddNote(notes, count([](const RadialHeight& radial) {
                 return radial.seen > 0.0 && radial.seen < 1.0;
             }),
-            radials.size(), "have elevation data for a part only; the average is of that part");
+            radials.size(),
+            "have elevation data for only part of the way; the average is over that part");
     AddNote(notes, count([](const RadialHeight& radial) { return radial.Floored(); }),
             radials.size(),
             "have an effective height below " + ShortestText(heights.definition.floor) +

@@ -124,7 +124,8 @@ TEST(Program, BatchRefusesAHead) {
     const std::pair<std::string, const char*> cases[] = {
         {"", "is empty"},
         {"\xFF\xFEx", "UTF-16"},
-        {"a,b\n1,2\n", "line 1: no column is an input; these are: frequency_mhz, distance_km,"},
+        {"a,b\n1,2\n",
+         "line 1: no column is an input. The inputs are: frequency_mhz, distance_km,"},
         {"distance_km,x,Distance_mi\n", "column 3: distance_km and distance_mi are the same input"},
         {"area,area\n", "column 2: area and area are the same input"},
         {"area,Davidson_Loss_dB\n",

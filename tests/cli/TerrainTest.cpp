@@ -58,7 +58,7 @@ TEST(Terrain, ContoursAreRowsOrPolygons) {
     const Outcome edge = CalcOnFlat({"contour", "--site", "50 10.9", "--antenna", "25",
                                      "--path-loss", "140", "--azimuths", "8"});
     EXPECT_THAT(edge.errors,
-                AllOf(HasSubstr("of 8 azimuths have elevation data for a part only"),
+                AllOf(HasSubstr("of 8 azimuths have elevation data for only part of the way"),
                       HasSubstr("8 of 8 azimuths have an effective height below 30 m")));
 }
 
@@ -131,7 +131,7 @@ TEST(Terrain, BatchTellsWhatIsWrongWithPlaces) {
         {"50,10,50.1,10,x", "column antenna_above_ground_m: 'x' is not a number"},
         {"50,10,50.1,10,-1", "column antenna_above_ground_m: '-1' is not above zero"},
         {"50,20,50.1,20,60", "the site 50 20 is outside the elevation data"},
-        {"50,10.99,50,11.1,60", "the elevation data have nothing of the path"},
+        {"50,10.99,50,11.1,60", "the elevation data do not cover the path"},
         {"50,10,54,10,60", "Valid Range is 0 < Distance"}};
     for (const auto& [row, error] : rows) {
         const Outcome outcome = CalcOnFlat(

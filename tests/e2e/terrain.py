@@ -128,7 +128,7 @@ class Terrain(unittest.TestCase):
         west = list(csv.DictReader(io.StringIO(out, newline="")))[6]
         # The edge is 7.15 km away.
         self.assertAlmostEqual(float(west["seen"]), (7.15 - 3) / 13, delta=0.02)
-        self.assertIn("azimuths have elevation data for a part only", errors)
+        self.assertIn("azimuths have elevation data for only part of the way", errors)
 
     def test_faults_are_one_sentence(self):
         text = self.folder / "text.tif"
@@ -149,8 +149,8 @@ class Terrain(unittest.TestCase):
                         "<GeoTransform>9,1e-7,0,51,0,-1e-7</GeoTransform>"
                         '<VRTRasterBand dataType="Int16" band="1"/></VRTDataset>')
         for words, site, error in [
-                ([text], SITE, "text.tif is no raster, or is damaged"),
-                ([short], SITE, "N50E011.hgt is no raster, or is damaged"),
+                ([text], SITE, "text.tif is not a raster, or is damaged"),
+                ([short], SITE, "N50E011.hgt is not a raster, or is damaged"),
                 ([self.folder / "none.tif"], SITE, "none.tif does not exist"),
                 ([empty], SITE, "empty holds no raster with elevations"),
                 ([plain], SITE, "plain.asc has no coordinate system"),

@@ -77,7 +77,7 @@ TEST(MeasuredData, AFaultIsNamedAndLeavesWholeTables) {
         {"0\t450\t0.5\tUrban\n", 1, "the fields are separated by tabs instead of commas.", 0},
         {std::string("\xFF\xFE\x30\0,\0", 6), 1, "the text is in UTF-16 instead of UTF-8.", 0},
         {"0,1,1,\"Urban\n\",", 1, "a quotation mark is not closed.", 0},
-        {"0,1,1,\"Ur\"ban,1", 1, "a comma is missing behind a quoted text.", 0},
+        {"0,1,1,\"Ur\"ban,1", 1, "a comma is missing after a quoted text.", 0},
         {Repeated(Complete, 2) + Head + Repeated("1,2,3\n", 76), 83,
          "a table has more than 75 data rows.", 2},
         {Repeated("0,1,1,U,1,1,1,5,5\n", 32769), 32769, "there are more than 32768 tables.", 32768},

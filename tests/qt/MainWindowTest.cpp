@@ -395,7 +395,8 @@ TEST_F(MainWindowTest, WhatIsMarkedInPinkIsToldAndTakenBack) {
     EXPECT_EQ(cell->accessibleDescription(), "");
     auto* wanted = window.findChild<QLineEdit*>("txtWanted");
     QTest::keyClicks(wanted, "x");
-    EXPECT_EQ(wanted->accessibleDescription(), "The wanted value is a number from -300 to 400.");
+    EXPECT_EQ(wanted->accessibleDescription(),
+              "The wanted value must be a number from -300 to 400.");
     QTest::keyClick(wanted, Qt::Key_Backspace);
     QTest::keyClicks(wanted, "40");
     EXPECT_EQ(wanted->accessibleDescription(), "");

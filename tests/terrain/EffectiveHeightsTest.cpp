@@ -99,7 +99,7 @@ TEST(EffectiveHeights, TellWhatWasSeenAndWhatWasFloored) {
     EXPECT_TRUE(low.radials[4].Floored());
     EXPECT_THAT(NotesOn(low), testing::Contains(testing::HasSubstr("azimuths have an effective "
                                                                    "height below 30 m")));
-    EXPECT_THAT(NotesOn(low), testing::Contains(testing::HasSubstr("for a part only")));
+    EXPECT_THAT(NotesOn(low), testing::Contains(testing::HasSubstr("for only part of the way")));
 }
 
 TEST(EffectiveHeights, OfNoDataAreNone) {

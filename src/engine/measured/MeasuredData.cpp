@@ -103,7 +103,7 @@ std::string_view FieldReader::TakeQuoted() {
     rest_.remove_prefix(end + 1);
     SkipBlanks();
     if (!rest_.empty() && std::string_view(",\r\n").find(rest_.front()) == std::string_view::npos)
-        throw MeasuredFault{line_, "a comma is missing behind a quoted text."};
+        throw MeasuredFault{line_, "a comma is missing after a quoted text."};
     return text;
 }
 

@@ -60,7 +60,7 @@ std::string FitTable(const std::vector<MeasuredFit>& fits) {
         });
     }
     if (!fits.empty() && fits.front().unusable > 0)
-        text += "Not counted, with a distance that is not above zero: " +
+        text += "Not counted, because the distance is not above zero: " +
                 std::to_string(fits.front().unusable) + '\n';
     return text;
 }

@@ -102,7 +102,7 @@ std::string MatchText(const PathInputs& path, const MeasuredTable& table,
     }
     const std::vector<Candidate> nearest = NearestOf(table, wanted);
     if (nearest.empty()) return "There are no measured data: measured.csv is empty or missing.";
-    std::string text = "No table of measured.csv is of these inputs. The nearest:";
+    std::string text = "No table of measured.csv matches these inputs. The nearest:";
     bool rounding = false;
     for (const Candidate& candidate : nearest) {
         text += "\n  " + NameOf(candidate.table) + " has " +

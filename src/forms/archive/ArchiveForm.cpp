@@ -34,7 +34,7 @@ ArchiveForm::ArchiveForm(Platform& platform, SharedData& shared, Doors& doors)
       doors_(doors) {
     SetHelpContextID(HelpTopic::Archive);
     txtSearch.SetHoldsNumber(false);
-    txtSearch.SetToolTipText("Words of number, date, comment or parameters");
+    txtSearch.SetToolTipText("Words of the number, date, comment or parameters");
     cmdStoreHere.SetToolTipText("Add to Archive stores into this archive from now on");
     cmdTake.SetToolTipText("The run's inputs go back into the main window");
     cmdLay.SetToolTipText("Up to three runs, dashed, until this window closes");
@@ -112,7 +112,8 @@ void ArchiveForm::cmdTake_Click() {
     const auto inputs = InputsOfRun(run->parameters, curves_);
     if (!inputs) {
         lblStatus.SetCaption(
-            "The inputs cannot be taken: heights in neither m nor ft give the curves of the run.");
+            "The inputs cannot be taken: heights in neither m nor ft reproduce the curves of the "
+            "run.");
         return;
     }
     doors_.MainForm->TakeInputs(
@@ -131,7 +132,7 @@ void ArchiveForm::cmdLay_Click() {
     if (same != laid.end())
         laid.erase(same);
     else if (laid.size() == MostLaid)
-        lblStatus.SetCaption("There are three runs on the graphs: take one of them off first.");
+        lblStatus.SetCaption("Three runs are on the graphs already. Remove one of them first.");
     else if (!curves_.empty())
         laid.push_back(
             {run->number, QuantityOf(curves_), LaidCurves(run->number, curves_, laid.size())});

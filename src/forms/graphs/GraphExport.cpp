@@ -102,13 +102,13 @@ void GraphExport::AskSize() {
     Windows& windows = chart_.Owner().GetPlatform().windows;
     ChartFrame& frame = chart_.FileFrame;
     const std::string answer = windows.AskText(
-        {"Width x height of PNG, SVG and PDF in pixels; 0: as usual", "Picture Size",
+        {"Width x height of PNG, SVG and PDF in pixels; 0 for the usual size", "Picture Size",
          frame.Width == 0 ? "1600 x 900"
                           : std::to_string(frame.Width) + " x " + std::to_string(frame.Height)});
     if (Trimmed(answer).empty() || chart_.Owner().Unloaded()) return;
     const auto size = Trimmed(answer) == "0" ? std::optional(std::pair(0, 0)) : SizeOf(answer);
     if (!size) {
-        windows.ShowMessage({.text = "The size is two numbers from " +
+        windows.ShowMessage({.text = "The size must be two numbers from " +
                                      std::to_string(SmallestSide) + " to " +
                                      std::to_string(LargestSide) + ", such as 1600 x 900"});
         return;

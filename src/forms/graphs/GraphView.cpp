@@ -18,10 +18,10 @@ struct AxisLimits {
 };
 
 constexpr std::array<AxisLimits, 2> Limits = {{
-    {0.0, FarthestPoint, "A distance is a number from 0 to 300."},
-    {LowestWanted, HighestWanted, "A value is a number from -300 to 400."},
+    {0.0, FarthestPoint, "A distance must be a number from 0 to 300."},
+    {LowestWanted, HighestWanted, "A value must be a number from -300 to 400."},
 }};
-constexpr const char* OrderRule = "The end of an axis is beyond its beginning.";
+constexpr const char* OrderRule = "An axis must end beyond its start.";
 
 }  // namespace
 

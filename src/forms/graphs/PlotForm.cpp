@@ -174,7 +174,7 @@ void PlotForm::ShowHandBack() {
     compare(Label7, txtPctLoc, main.txtPctLoc);
     lblHandBack.SetVisible(!changes.empty());
     lblHandBack.SetCaption(
-        changes.empty() ? "" : "The main window gets, when this one closes: " + changes);
+        changes.empty() ? "" : "When this window closes, the main window takes: " + changes);
 }
 
 void PlotForm::MarkGood() {

@@ -30,7 +30,7 @@ void MainForm::cmdLossCalc_Click() {
     computed_ = *path;
     recent_.Add(*path);
     valuesStale_ = false;
-    Tell(replaces ? "The line took the place of what was selected in the log. There, Ctrl+Z brings "
+    Tell(replaces ? "The line replaced what was selected in the log. Ctrl+Z there brings "
                     "it back."
                   : "");
     GetPlatform().windows.Yield();

@@ -53,8 +53,8 @@ void MainForm::MarkValuesStale() {
                          &lblPalvernDavFS}) {
         value->SetBackColor(StaleColor);
         if (value->Caption().empty()) continue;
-        value->SetStateText("Not of the present inputs");
-        value->SetToolTipText("Of earlier inputs: calculate again");
+        value->SetStateText("Not for the present inputs");
+        value->SetToolTipText("For earlier inputs: calculate again");
     }
     valuesStale_ = true;
     BringToolsUpToDate();

@@ -241,7 +241,7 @@ void MainForm::TellOfFailedSettings() {
             {.text = "The settings cannot be saved in " + file + ": " + consequence,
              .icon = Message::Icon::Critical});
     };
-    tell(HostApplication, "the host application does not get what was changed here.");
+    tell(HostApplication, "the host application will not get the changes made here.");
     tell(GetPlatform().applicationTitle, "the next start may begin with other inputs.");
 }
 

@@ -37,7 +37,7 @@ void MainForm::ShowStatus() {
     if (!computed_ || !path) return;
     const std::string changes = QuietChanges(*computed_, *path);
     if (valuesStale_)
-        lblStatus.SetCaption("The values are of earlier inputs: calculate again.");
+        lblStatus.SetCaption("The values are for earlier inputs: calculate again.");
     else if (!changes.empty())
         lblStatus.SetCaption("Changed since the values were computed: " + changes +
                              ". Calculate again.");

@@ -98,7 +98,7 @@ void FrmReport::mnuEditTake_Click() {
     const auto line = ReadLogLine(LineAtCaret());
     if (!line)
         return lblStatus.SetCaption(
-            "The caret is not in a line of a calculation; no inputs were taken.");
+            "The caret is not on the line of a calculation; no inputs were taken.");
     const auto [path, off] = InputsOfLine(*line);
     const bool english = path.units == Units::English;
     const bool otherUnits = english != doors_.MainForm->mnuUnitsEnglish.Checked();

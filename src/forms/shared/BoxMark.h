@@ -11,7 +11,7 @@ namespace vardel {
 // A threshold, or what a service wants: dB, dBm or dB(µV/m).
 constexpr double LowestWanted = -300.0;
 constexpr double HighestWanted = 400.0;
-constexpr const char* WantedRule = "The wanted value is a number from -300 to 400.";
+constexpr const char* WantedRule = "The wanted value must be a number from -300 to 400.";
 
 // Marks a box that is not good, and says why to those who do not see it. Gives back whether it is.
 bool MarkBox(TextBox& box, bool good, const char* what);

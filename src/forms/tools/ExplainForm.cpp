@@ -45,7 +45,7 @@ void ExplainForm::BringUpToDate() {
     const auto path = doors_.MainForm->ReadPathQuietly();
     cmdCopy.SetEnabled(path.has_value());
     if (!path) {
-        lblPath.SetCaption("A box of the main window has no number above zero.");
+        lblPath.SetCaption("Every box of the main window must hold a number above zero.");
         lblTerms.SetCaption("");
         return;
     }

@@ -83,7 +83,7 @@ std::vector<double> MeasuredForm::ReadPercents() {
         if (good) percents.push_back(*number);
         rest = Trimmed(rest.substr(end));
     }
-    const char* const rule = "The percentages of locations are up to five numbers from 1 to 99.";
+    const char* const rule = "Enter up to five percentages of locations from 1 to 99.";
     lblProblem.SetCaption(good ? "" : rule);
     return MarkBox(txtPercents, good, rule) ? percents : std::vector<double>();
 }
@@ -97,7 +97,7 @@ void MeasuredForm::BringUpToDate() {
     } else {
         lblPath.SetCaption("");
         lblMatch.SetCaption("");
-        lblProblem.SetCaption("A box of the main window has no number above zero.");
+        lblProblem.SetCaption("Every box of the main window must hold a number above zero.");
     }
     ShowFits(path ? &*path : nullptr, percents);
 }

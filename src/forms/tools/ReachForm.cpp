@@ -115,7 +115,7 @@ std::optional<std::array<double, ReachPercentages>> ReachForm::ReadPercentages(
     for (std::size_t i = 0; i < percentages.size(); ++i) {
         const auto number =
             ReadOrTell(txtPercent.at(i), 1, 99,
-                       "A percentage of locations is a number from 1 to 99.", problem);
+                       "A percentage of locations must be a number from 1 to 99.", problem);
         good = good && number;
         percentages.at(i) = number.value_or(0.0);
     }
@@ -128,7 +128,7 @@ void ReachForm::BringUpToDate() {
     const auto goal = wanted.Read(problem);
     const auto percentages = ReadPercentages(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
-    if (!path) problem = "A box of the main window has no number above zero.";
+    if (!path) problem = "Every box of the main window must hold a number above zero.";
     table_.reset();
     if (path && goal && percentages) table_ = MakeReachTable(*path, *goal, *percentages);
     lblPath.SetCaption(path ? PathText(*path) : "");
@@ -212,7 +212,7 @@ void ReachForm::cmdMap_Click() {
     const Coverage coverage = CoverageOf(*table_, *station_);
     if (coverage.rings.empty()) {
         GetPlatform().windows.ShowMessage(
-            {.text = "By no model is what is wanted met anywhere: there is no ring to save."});
+            {.text = "No model meets the wanted value anywhere, so there is no ring to save."});
         return;
     }
     SaveWithDialog(

@@ -18,11 +18,10 @@ std::optional<Place> SiteBoxes::Read(std::string& problem) {
     const auto latitude = ParseLatitude(txtLatitude.Text());
     const auto longitude = ParseLongitude(txtLongitude.Text());
     const auto mark = [&](TextBox& box, bool good, const char* what) {
-        if (!MarkBox(box, good || box.Text().empty(), what) && problem.empty())
-            problem = std::string("The site has ") + what + '.';
+        if (!MarkBox(box, good || box.Text().empty(), what) && problem.empty()) problem = what;
     };
-    mark(txtLatitude, latitude.has_value(), "no latitude from -90 to 90");
-    mark(txtLongitude, longitude.has_value(), "no longitude from -180 to 180");
+    mark(txtLatitude, latitude.has_value(), "The site latitude must be from -90 to 90.");
+    mark(txtLongitude, longitude.has_value(), "The site longitude must be from -180 to 180.");
     if (!latitude || !longitude) return std::nullopt;
     return Place{*latitude, *longitude};
 }

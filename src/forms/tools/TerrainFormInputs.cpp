@@ -58,7 +58,7 @@ std::optional<HeightDefinition> TerrainForm::ReadDefinition(std::string& problem
         for (TextBox* box : {&txtFrom, &txtTo}) MarkBox(*box, true, "");
         return HeightDefinitions.at(chosen);
     }
-    const char* const rule = "The bounds are two distances from 0 to 300 km, the nearer first.";
+    const char* const rule = "The bounds must be two distances from 0 to 300 km, the nearer first.";
     const auto from = ReadOrTell(txtFrom, 0.0, FarthestBound, rule, problem);
     const auto to = ReadOrTell(txtTo, 0.0, FarthestBound, rule, problem);
     if (!from || !to) return std::nullopt;
@@ -74,16 +74,16 @@ std::optional<TerrainForm::Inputs> TerrainForm::ReadInputs(std::string& problem)
     const auto place = site.Read(problem);
     const double metres = MetresPerHeight(UnitsNow());
     const auto antenna = ReadOrTell(txtAntenna, 0.1 / metres, TallestMast / metres,
-                                    "The antenna is 0.1 to 2000 m above the ground.", problem);
+                                    "The antenna must be 0.1 to 2000 m above the ground.", problem);
     std::optional<double> ground;
     MarkBox(txtGround, true, "");
     if (!Trimmed(txtGround.Text()).empty()) {
         ground = ReadOrTell(txtGround, LowestGround / metres, HighestGround / metres,
-                            "The ground is -500 to 9000 m above sea level.", problem);
+                            "The ground must be -500 to 9000 m above sea level.", problem);
         if (!ground) return std::nullopt;
     }
     const auto definition = ReadDefinition(problem);
-    const char* const azimuthRule = "The azimuths are a whole number from 8 to 3600.";
+    const char* const azimuthRule = "The number of azimuths must be a whole number from 8 to 3600.";
     const auto azimuths = ReadOrTell(txtAzimuths, static_cast<double>(FewestAzimuths),
                                      static_cast<double>(MostAzimuths), azimuthRule, problem);
     const bool whole = !azimuths || std::floor(*azimuths) == *azimuths;
@@ -115,7 +115,7 @@ void TerrainForm::TellGround() {
         const bool same = AreAlike(is.mast, inputs->mast) &&
                           AreAlike(is.definition, inputs->definition) &&
                           is.radials.size() == inputs->azimuths && openFiles_ == inputs->files;
-        if (!same) problem = "The table is of earlier inputs: press Read Ground.";
+        if (!same) problem = "The table is for earlier inputs: press Read Ground.";
     }
     lblProblem.SetCaption(problem);
     EnableButtons();

@@ -88,7 +88,7 @@ void TerrainForm::ShowContours() {
     std::string problem;
     const auto goal = wanted.Read(problem);
     const auto path = doors_.MainForm->ReadPathQuietly();
-    if (!path) problem = "A box of the main window has no number above zero.";
+    if (!path) problem = "Every box of the main window must hold a number above zero.";
     lblPath.SetCaption(path ? StationText(*path) + " and " + PercentText(path->pctLoc) +
                                   " of locations; wanted " + (goal ? WantedText(*goal) : "-")
                             : "");

@@ -41,10 +41,10 @@ std::optional<Wanted> WantedBoxes::Read(std::string& problem) {
     Wanted wanted{static_cast<ServiceQuantity>(cmbWanted.ListIndex())};
     const auto value = ReadOrTell(txtWanted, LowestWanted, HighestWanted, WantedRule, problem);
     if (wanted.quantity == ServiceQuantity::ReceivedPower) {
-        const auto gain =
-            ReadOrTell(txtGain, -100, 100, "The gain is a number from -100 to 100 dBi.", problem);
-        const auto cable =
-            ReadOrTell(txtCable, 0, 100, "The cable loss is a number from 0 to 100 dB.", problem);
+        const auto gain = ReadOrTell(txtGain, -100, 100,
+                                     "The gain must be a number from -100 to 100 dBi.", problem);
+        const auto cable = ReadOrTell(txtCable, 0, 100,
+                                      "The cable loss must be a number from 0 to 100 dB.", problem);
         if (!gain || !cable) return std::nullopt;
         wanted.antennaGainDbi = *gain;
         wanted.cableLossDb = *cable;

@@ -145,7 +145,7 @@ TEST_F(ArchiveWindows, RunsLieOverGraphsOfTheirQuantity) {
     StoreLoss();
     Form().lstRuns.Select(0);
     Form().cmdLay.Press();
-    EXPECT_THAT(Form().lblStatus.Caption(), HasSubstr("take one of them off"));
+    EXPECT_THAT(Form().lblStatus.Caption(), HasSubstr("Remove one of them first"));
     EXPECT_EQ(Column(5).front(), "");
     Form().lstRuns.Select(3);
     Form().cmdLay.Press();

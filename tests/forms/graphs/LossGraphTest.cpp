@@ -140,7 +140,7 @@ TEST_F(LossGraph, WhatTheMainFormWillGetIsToldBefore) {
     Graph().txtFreq.LostFocus.Raise();
     Graph().cmbareatype.SetText("Open");
     EXPECT_EQ(Graph().lblHandBack.Caption(),
-              "The main window gets, when this one closes: Frequency 150.0 instead of 80, "
+              "When this window closes, the main window takes: Frequency 150.0 instead of 80, "
               "Area Open instead of Urban");
     Graph().Unload();
     EXPECT_EQ(Main().txtFreq.Text(), "150.0");
@@ -159,7 +159,7 @@ TEST_F(LossGraph, AllInputsOfAFormMadeBeforeGoBackAndTheChartIsOfThem) {
         EXPECT_NEAR(TheChart().AllSeries()[1].Y[90], 143.13, 0.005) << "not of 100 feet";
         Graph().txthb.SetText("50");
         EXPECT_EQ(Graph().lblHandBack.Caption(),
-                  "The main window gets, when this one closes: Frequency 450.0 instead of 900, "
+                  "When this window closes, the main window takes: Frequency 450.0 instead of 900, "
                   "Base Antenna 50 instead of 100.0, Area Urban instead of Open");
         Graph().mnuFileClose.Pick();
     };

@@ -185,8 +185,8 @@ TEST_F(CalculationRun, TheStatusLineTellsWhatTheValuesAreNotOf) {
     EXPECT_EQ(status(),
               "Changed since the values were computed: power, % of locations. Calculate again.");
     Main().txthm.SetText("2");
-    EXPECT_EQ(status(), "The values are of earlier inputs: calculate again.");
-    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "Of earlier inputs: calculate again");
+    EXPECT_EQ(status(), "The values are for earlier inputs: calculate again.");
+    EXPECT_EQ(Main().lblDavidson.ToolTipText(), "For earlier inputs: calculate again");
     Main().cmdLossCalc.Press();
     EXPECT_EQ(status(), "");
     EXPECT_EQ(Main().lblDavidson.ToolTipText(), "");

@@ -106,7 +106,7 @@ TEST_F(InputRules, ChangesThatReachTheModelsDarkenTheResults) {
         change();
         EXPECT_EQ(Main().lblDavidson.BackColor(), Stale) << what;
         EXPECT_EQ(Main().lblFCost231.BackColor(), Stale) << what;
-        EXPECT_EQ(Main().lblDavidson.StateText(), "Not of the present inputs");
+        EXPECT_EQ(Main().lblDavidson.StateText(), "Not for the present inputs");
         EXPECT_EQ(Main().lblDavidson.Caption(), caption);
     }
     Main().mnuFileNew.Pick();
@@ -114,7 +114,7 @@ TEST_F(InputRules, ChangesThatReachTheModelsDarkenTheResults) {
     Main().mnuFileNew.Pick();
     EXPECT_EQ(Main().lblDavidson.BackColor(), Stale) << "though no input has changed";
     EXPECT_EQ(Main().lblFCost231.BackColor(), Black);
-    EXPECT_EQ(Main().lblFCost231.StateText(), "Not of the present inputs");
+    EXPECT_EQ(Main().lblFCost231.StateText(), "Not for the present inputs");
     Main().cmdLossCalc.Press();
     Leave(Main().txtPctTime, "10");
     EnterPower("5");

@@ -44,7 +44,7 @@ TEST_F(ReportLog, ALineOrAListingGoesWholeWhereTheCaretIsInPlaceOfTheSelection) 
     Log().Select({8, 7});
     Main().cmdLossCalc.Press();
     EXPECT_EQ(Log().Text(), "before, " + line + ", after");
-    EXPECT_THAT(Main().lblStatus.Caption(), testing::HasSubstr("Ctrl+Z brings it back"));
+    EXPECT_THAT(Main().lblStatus.Caption(), testing::HasSubstr("Ctrl+Z there brings it back"));
     Main().cmdLossCalc.Press();
     EXPECT_EQ(Log().Text(), "before, " + line + ", after" + line) << "at the end from then on";
     EXPECT_EQ(Main().lblStatus.Caption(), "");
@@ -161,7 +161,7 @@ TEST_F(ReportLog, TakesALinesInputsBackAndTellsWhatMayNotBeThem) {
               "50% Enlish 1000 11/25/2026 03:33 pm",
               "16.093", "450.0", "99.9988", "Urban", "The log rounds: distance"},
              {"10 450 100 1.5 Urban would be a path", "1.0", "900.0", "50.0", "Suburban",
-              "not in a line of a calculation"}}) {
+              "not on the line of a calculation"}}) {
         Main().txtDist.SetText("1.0");
         Main().txtFreq.SetText("900.0");
         Main().txthb.SetText("50.0");

@@ -104,12 +104,13 @@ TEST_F(TerrainFormTest, AnAzimuthGoesIntoTheMainFormAndTheTableIntoTheLog) {
 TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     Form().cmdRead.Press();
     const std::tuple<TextBox*, const char*, const char*> cases[] = {
-        {&Form().site.txtLatitude, "91", "The site has no latitude from -90 to 90."},
-        {&Form().txtAntenna, "0", "The antenna is 0.1 to 2000 m above the ground."},
-        {&Form().txtAzimuths, "7", "The azimuths are a whole number from 8 to 3600."},
-        {&Form().txtAzimuths, "8.5", "The azimuths are a whole number from 8 to 3600."},
-        {&Form().txtGround, "150 m", "The ground is -500 to 9000 m above sea level."},
-        {&Form().txtAntenna, "51", "The table is of earlier inputs: press Read Ground."},
+        {&Form().site.txtLatitude, "91", "The site latitude must be from -90 to 90."},
+        {&Form().txtAntenna, "0", "The antenna must be 0.1 to 2000 m above the ground."},
+        {&Form().txtAzimuths, "7", "The number of azimuths must be a whole number from 8 to 3600."},
+        {&Form().txtAzimuths, "8.5",
+         "The number of azimuths must be a whole number from 8 to 3600."},
+        {&Form().txtGround, "150 m", "The ground must be -500 to 9000 m above sea level."},
+        {&Form().txtAntenna, "51", "The table is for earlier inputs: press Read Ground."},
     };
     for (const auto& [box, text, problem] : cases) {
         box->SetText(text);
@@ -120,7 +121,7 @@ TEST_F(TerrainFormTest, TellsWhatIsWrongAndKeepsTheTable) {
     Form().cmbDefinition.SetText("own bounds");
     Form().txtTo.SetText("3");
     EXPECT_EQ(Form().lblProblem.Caption(),
-              "The bounds are two distances from 0 to 300 km, the nearer first.");
+              "The bounds must be two distances from 0 to 300 km, the nearer first.");
     Form().cmbDefinition.SetListIndex(0);
     Form().txtFiles.SetText("missing");
     Form().cmdRead.Press();
