@@ -5,7 +5,6 @@
 #include <ogr_spatialref.h>
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <list>

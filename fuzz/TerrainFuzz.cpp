@@ -2,10 +2,8 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "Check.h"
 #include "cli/options/TerrainOptions.h"

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <string_view>
 
 #include "cli/batch/Columns.h"

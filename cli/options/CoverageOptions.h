@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "coverage/CoverageGrid.h"
 #include "coverage/CoverageStation.h"

@@ -1,7 +1,6 @@
 #include "cli/options/PathFields.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "text/AsciiCase.h"

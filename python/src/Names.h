@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "engine/PathInputs.h"

@@ -1,7 +1,5 @@
 #include <pybind11/stl.h>
 
-#include <array>
-#include <string>
 #include <utility>
 #include <vector>
 

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "coverage/CoverageRun.h"

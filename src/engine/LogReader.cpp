@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "engine/LogLine.h"
 #include "text/NumberText.h"

@@ -2,7 +2,6 @@
 
 #include <SQLiteCpp/Database.h>
 
-#include <cstdint>
 #include <string>
 
 namespace vardel {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
-#include <QPushButton>
 #include <QTableView>
 #include <QTest>
 #include <filesystem>

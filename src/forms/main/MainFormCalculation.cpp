@@ -1,4 +1,3 @@
-#include <array>
 
 #include "engine/Calculation.h"
 #include "engine/LogLine.h"

@@ -1,6 +1,5 @@
 #include "forms/main/RecentPaths.h"
 
-#include <algorithm>
 #include <sstream>
 
 #include "engine/PathRecord.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "controls/Controls.h"
 
 namespace vardel {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "controls/Controls.h"
 #include "engine/Units.h"

@@ -1,7 +1,5 @@
 #include "forms/tools/TerrainForm.h"
 
-#include <utility>
-
 #include "forms/Doors.h"
 #include "forms/main/MainForm.h"
 #include "forms/reports/FrmReport.h"

@@ -6,7 +6,6 @@
 #include <QPagedPaintDevice>
 #include <QScreen>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <stdexcept>
 

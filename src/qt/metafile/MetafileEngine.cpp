@@ -1,6 +1,5 @@
 #include "qt/metafile/MetafileEngine.h"
 
-#include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>

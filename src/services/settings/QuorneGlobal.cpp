@@ -1,6 +1,5 @@
 #include "services/settings/QuorneGlobal.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 

@@ -1,5 +1,4 @@
 #include <QBoxLayout>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
