@@ -48,6 +48,7 @@ Qt::Alignment FreestCorner(const QCustomPlot& plot, QSize size,
             plot, QStyle::alignedRect(Qt::LeftToRight, corner, size, plot.axisRect()->rect()));
         std::size_t hidden = 0;
         for (const Line& line : lines) hidden += line.weight * Clipped(line.points, frame).size();
+        if (hidden == 0) return corner;
         if (hidden >= fewest) continue;
         fewest = hidden;
         freest = corner;
